@@ -1,0 +1,142 @@
+#include "dvc_pnl_common_utility.h"
+
+#include "dvc_pnl_utl_toolkit.h"
+
+#include <cmath>
+#include <limits>
+
+namespace velarion {
+
+namespace {
+
+const double DP_TO_PX = 9.0 / 7.0;
+const float HALF = 0.5F;
+const int HIGHEST_TABLE_DP = static_cast<int>(dvc_pnl_common_utility::DP2PX_TABLE_SIZE) - 1;
+const double PX_PER_MM[] = {5.2002, 5.6053};
+const char DP_SUFFIX[] = "dp";
+const char FAILURE_TEXT[] = "0";
+
+/** Entry i is floor((i * 18 + doubled_addend * 7) / 14), that is i * 9/7 plus half the addend, rounded down. */
+constexpr dvc_pnl_common_utility::DP2PX_TABLE make_table(std::int32_t doubled_addend) {
+    dvc_pnl_common_utility::DP2PX_TABLE table{};
+    for (std::size_t i = 0; i < table.size(); ++i) {
+        table[i] = (static_cast<std::int32_t>(i) * 18 + doubled_addend * 7) / 14;
+    }
+    return table;
+}
+
+/** Truncates toward zero; values that an int cannot hold give the nearest limit on every processor. */
+int saturated(double value) {
+    if (value >= static_cast<double>(std::numeric_limits<int>::max())) {
+        return std::numeric_limits<int>::max();
+    }
+    if (!(value > static_cast<double>(std::numeric_limits<int>::min()))) {
+        return std::numeric_limits<int>::min();
+    }
+    return static_cast<int>(value);
+}
+
+bool operand_to_pixel(const std::string& operand, dvc_pnl_common_utility::ROUNDING_TYPE type, int& px) {
+    return dvc_pnl_common_utility::string_to_int(dvc_pnl_common_utility::dip2pixel(operand, type), px);
+}
+
+/** At most 9 digits after an optional minus sign: fits an int and needs no toolkit string. */
+bool read_plain_number(const std::string& text, int& value) {
+    const bool negative = !text.empty() && text[0] == '-';
+    const std::size_t first = negative ? 1 : 0;
+    const std::size_t digits = text.size() - first;
+    if (digits == 0 || digits > static_cast<std::size_t>(std::numeric_limits<int>::digits10)) {
+        return false;
+    }
+    int number = 0;
+    for (std::size_t i = first; i < text.size(); ++i) {
+        if (text[i] < '0' || text[i] > '9') {
+            return false;
+        }
+        number = number * 10 + (text[i] - '0');
+    }
+    value = negative ? -number : number;
+    return true;
+}
+
+} // namespace
+
+constexpr dvc_pnl_common_utility::DP2PX_TABLE dvc_pnl_common_utility::s_dp2px_table_floor_ = make_table(0);
+constexpr dvc_pnl_common_utility::DP2PX_TABLE dvc_pnl_common_utility::s_dp2px_table_round_ = make_table(1);
+constexpr dvc_pnl_common_utility::DP2PX_TABLE dvc_pnl_common_utility::s_dp2px_table_ceil_ = make_table(1);
+
+int dvc_pnl_common_utility::dip2pixel(int dp, ROUNDING_TYPE type) {
+    if (static_cast<unsigned int>(dp) <= static_cast<unsigned int>(HIGHEST_TABLE_DP)) {
+        const std::size_t index = static_cast<std::size_t>(dp);
+        switch (type) {
+        case ROUNDING_CEIL:
+            return s_dp2px_table_ceil_[index];
+        case ROUNDING_FLOOR:
+            return s_dp2px_table_floor_[index];
+        default:
+            return s_dp2px_table_round_[index];
+        }
+    }
+    const double px = dp * DP_TO_PX;
+    switch (type) {
+    case ROUNDING_CEIL:
+        return saturated(px + static_cast<double>(HALF));
+    case ROUNDING_FLOOR:
+        return saturated(px);
+    default:
+        return saturated(std::round(px));
+    }
+}
+
+std::string dvc_pnl_common_utility::dip2pixel(const std::string& size, ROUNDING_TYPE type) {
+    const std::string::size_type suffix = size.find(DP_SUFFIX);
+    if (suffix == std::string::npos) {
+        return size;
+    }
+    int dp = 0;
+    if (!string_to_int(size.substr(0, suffix), dp)) {
+        return FAILURE_TEXT;
+    }
+    return std::to_string(dip2pixel(dp, type));
+}
+
+std::string dvc_pnl_common_utility::pixeldip2pixel(const std::string& expression, ROUNDING_TYPE type) {
+    std::string::size_type position = expression.find('+');
+    const bool is_sum = position != std::string::npos;
+    if (!is_sum) {
+        position = expression.find('-');
+    }
+    if (position == std::string::npos) {
+        return dip2pixel(expression, ROUNDING_FLOOR);
+    }
+    int left = 0;
+    int right = 0;
+    if (!operand_to_pixel(expression.substr(0, position), type, left) ||
+        !operand_to_pixel(expression.substr(position + 1), type, right)) {
+        return FAILURE_TEXT;
+    }
+    const double result = is_sum ? double(left) + right : double(left) - right;
+    return std::to_string(saturated(result));
+}
+
+std::string dvc_pnl_common_utility::pixel2dip(int px) {
+    return std::to_string(std::int64_t(px) * 7 / 9) + DP_SUFFIX;
+}
+
+int dvc_pnl_common_utility::get_mm_to_pixel_size(int density, double millimetre) {
+    if (density != 0 && density != 1) {
+        return -1;
+    }
+    return saturated(std::round(millimetre * PX_PER_MM[density]));
+}
+
+bool dvc_pnl_common_utility::string_to_int(std::string text, int& value) {
+    if (read_plain_number(text, value)) {
+        return true;
+    }
+    bool whole = false;
+    value = dvc_pnl_utl_from_8bit(text.c_str()).toInt(&whole, 10);
+    return whole;
+}
+
+} // namespace velarion

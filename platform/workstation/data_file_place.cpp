@@ -1,0 +1,102 @@
+#include "data_file_place.h"
+
+#include "platform_codes.h"
+#include "platform_folder.h"
+
+#include <algorithm>
+#include <cerrno>
+#include <fcntl.h>
+#include <utility>
+#include <vector>
+
+namespace panel_platform {
+
+namespace {
+
+const mode_t FOLDER_MODE = 0700;
+const int FOLDER_FLAGS = O_RDONLY | O_DIRECTORY | O_CLOEXEC;
+
+bool is_good_component(const std::string& component) {
+    return !component.empty() && component != "." && component != ".." &&
+           component.rfind(TEMPORARY_PREFIX, 0) != 0;
+}
+
+bool split_name(const std::string& name, std::vector<std::string>& components) {
+    std::string::size_type begin = 0;
+    while (begin <= name.size()) {
+        const std::string::size_type end = std::min(name.find('/', begin), name.size());
+        components.push_back(name.substr(begin, end - begin));
+        if (!is_good_component(components.back())) {
+            return false;
+        }
+        begin = end + 1;
+    }
+    return true;
+}
+
+int make_folder_in(int parent, const char* name) {
+    if (::mkdirat(parent, name, FOLDER_MODE) == 0) {
+        return ::fsync(parent) == 0 ? PLATFORM_OK : platform_code_of_errno(errno);
+    }
+    return errno == EEXIST ? PLATFORM_OK : platform_code_of_errno(errno);
+}
+
+int enter_folder(const std::string& name, bool make_folders, file_descriptor& folder) {
+    if (make_folders) {
+        const int code = make_folder_in(folder.get(), name.c_str());
+        if (code != PLATFORM_OK) {
+            return code;
+        }
+    }
+    const int descriptor = ::openat(folder.get(), name.c_str(), FOLDER_FLAGS | O_NOFOLLOW);
+    if (descriptor < 0) {
+        return platform_code_of_errno(errno);
+    }
+    folder.reset(descriptor);
+    return PLATFORM_OK;
+}
+
+int open_platform_folder(bool make_folders, file_descriptor& folder) {
+    const int code = make_folders ? make_platform_folder() : PLATFORM_OK;
+    if (code != PLATFORM_OK) {
+        return code;
+    }
+    const std::string path = platform_folder();
+    if (path.empty()) {
+        return PLATFORM_NO_FOLDER;
+    }
+    folder.reset(::open(path.c_str(), FOLDER_FLAGS));
+    return folder.get() >= 0 ? PLATFORM_OK : platform_code_of_errno(errno);
+}
+
+} // namespace
+
+int find_data_file_place(int area, int group, const char* name, bool make_folders, DATA_FILE_PLACE& place) {
+    if (!name) {
+        return PLATFORM_INVALID_ARGUMENT;
+    }
+    std::vector<std::string> path = {"data", std::to_string(area) + "-" + std::to_string(group)};
+    if (!split_name(name, path)) {
+        return PLATFORM_NAME_REFUSED;
+    }
+    std::string leaf = path.back();
+    path.pop_back();
+    file_descriptor folder;
+    int code = open_platform_folder(make_folders, folder);
+    for (auto component = path.begin(); code == PLATFORM_OK && component != path.end(); ++component) {
+        code = enter_folder(*component, make_folders, folder);
+    }
+    if (code == PLATFORM_OK) {
+        place = {std::move(folder), std::move(leaf)};
+    }
+    return code;
+}
+
+int read_data_file_status(const DATA_FILE_PLACE& place, struct stat& status) {
+    if (::fstatat(place.folder.get(), place.name.c_str(), &status, AT_SYMLINK_NOFOLLOW) != 0) {
+        return platform_code_of_errno(errno);
+    }
+    return S_ISREG(status.st_mode) ? PLATFORM_OK : PLATFORM_NOT_A_FILE;
+}
+
+} // namespace panel_platform

@@ -1,0 +1,156 @@
+#include "data_file_store.h"
+
+#include "data_file.h"
+#include "data_file_place.h"
+#include "platform_codes.h"
+
+#include <cerrno>
+#include <cstdint>
+#include <limits>
+#include <map>
+#include <memory>
+#include <mutex>
+#include <sys/stat.h>
+#include <unistd.h>
+#include <utility>
+
+using namespace panel_platform;
+
+namespace {
+
+const int MODE_READ = 0;
+const int MODE_WRITE = 1;
+
+/** The open files by handle. A handle is a number that is never given out twice, not an address. */
+class handle_registry {
+public:
+    DVU_DIO_HANDLE add(std::shared_ptr<data_file> file) {
+        const std::lock_guard<std::mutex> lock(mutex_);
+        const std::uintptr_t number = ++last_number_;
+        files_.emplace(number, std::move(file));
+        return reinterpret_cast<DVU_DIO_HANDLE>(number);
+    }
+
+    std::shared_ptr<data_file> find(DVU_DIO_HANDLE handle) {
+        const std::lock_guard<std::mutex> lock(mutex_);
+        const auto found = files_.find(reinterpret_cast<std::uintptr_t>(handle));
+        return found == files_.end() ? nullptr : found->second;
+    }
+
+    std::shared_ptr<data_file> take(DVU_DIO_HANDLE handle) {
+        const std::lock_guard<std::mutex> lock(mutex_);
+        const auto found = files_.find(reinterpret_cast<std::uintptr_t>(handle));
+        if (found == files_.end()) {
+            return nullptr;
+        }
+        std::shared_ptr<data_file> file = std::move(found->second);
+        files_.erase(found);
+        return file;
+    }
+
+private:
+    std::mutex mutex_;
+    std::map<std::uintptr_t, std::shared_ptr<data_file>> files_;
+    std::uintptr_t last_number_ = 0;
+};
+
+/** Never destroyed: files may be used while the process ends. */
+handle_registry& registry() {
+    static handle_registry* const handles = new handle_registry;
+    return *handles;
+}
+
+int find_file(int area, int group, const char* name, DATA_FILE_PLACE& place, struct stat& status) {
+    const int code = find_data_file_place(area, group, name, false, place);
+    return code == PLATFORM_OK ? read_data_file_status(place, status) : code;
+}
+
+} // namespace
+
+int dvu_dio_fopen(int area, int group, const char* name, int mode, DVU_DIO_HANDLE* handle) {
+    if (!handle || (mode != MODE_READ && mode != MODE_WRITE)) {
+        return PLATFORM_INVALID_ARGUMENT;
+    }
+    DATA_FILE_PLACE place;
+    int code = find_data_file_place(area, group, name, mode == MODE_WRITE, place);
+    if (code != PLATFORM_OK) {
+        return code;
+    }
+    std::shared_ptr<data_file> file;
+    code = mode == MODE_WRITE ? data_file::open_for_writing(std::move(place), file)
+                              : data_file::open_for_reading(std::move(place), file);
+    if (code == PLATFORM_OK) {
+        *handle = registry().add(std::move(file));
+    }
+    return code;
+}
+
+int dvu_dio_fread(void* buffer, std::uint32_t size, DVU_DIO_HANDLE handle, std::uint32_t* count) {
+    if (!count) {
+        return PLATFORM_INVALID_ARGUMENT;
+    }
+    *count = 0;
+    if (!buffer && size > 0) {
+        return PLATFORM_INVALID_ARGUMENT;
+    }
+    const std::shared_ptr<data_file> file = registry().find(handle);
+    return file ? file->read(buffer, size, *count) : static_cast<int>(PLATFORM_BAD_HANDLE);
+}
+
+int dvu_dio_fwrite(const void* data, std::uint32_t size, DVU_DIO_HANDLE handle, std::uint32_t* count) {
+    if (!count) {
+        return PLATFORM_INVALID_ARGUMENT;
+    }
+    *count = 0;
+    if (!data && size > 0) {
+        return PLATFORM_INVALID_ARGUMENT;
+    }
+    const std::shared_ptr<data_file> file = registry().find(handle);
+    return file ? file->write(data, size, *count) : static_cast<int>(PLATFORM_BAD_HANDLE);
+}
+
+int dvu_dio_fflush(DVU_DIO_HANDLE handle) {
+    const std::shared_ptr<data_file> file = registry().find(handle);
+    return file ? file->flush() : static_cast<int>(PLATFORM_BAD_HANDLE);
+}
+
+int dvu_dio_fclose(DVU_DIO_HANDLE handle) {
+    const std::shared_ptr<data_file> file = registry().take(handle);
+    return file ? file->close() : static_cast<int>(PLATFORM_BAD_HANDLE);
+}
+
+int dvu_dio_existfile(int area, int group, const char* name) {
+    DATA_FILE_PLACE place;
+    struct stat status = {};
+    return find_file(area, group, name, place, status);
+}
+
+int dvu_dio_remove(int area, int group, const char* name) {
+    DATA_FILE_PLACE place;
+    struct stat status = {};
+    const int code = find_file(area, group, name, place, status);
+    if (code != PLATFORM_OK) {
+        return code;
+    }
+    if (::unlinkat(place.folder.get(), place.name.c_str(), 0) != 0 || ::fsync(place.folder.get()) != 0) {
+        return platform_code_of_errno(errno);
+    }
+    return PLATFORM_OK;
+}
+
+int dvu_dio_stat(int area, int group, const char* name, DVU_DIO_STATUS* status) {
+    if (!status) {
+        return PLATFORM_INVALID_ARGUMENT;
+    }
+    DATA_FILE_PLACE place;
+    struct stat found = {};
+    const int code = find_file(area, group, name, place, found);
+    if (code != PLATFORM_OK) {
+        return code;
+    }
+    if (found.st_size > std::numeric_limits<std::uint32_t>::max()) {
+        return PLATFORM_TOO_LARGE;
+    }
+    status->size = static_cast<std::uint32_t>(found.st_size);
+    return PLATFORM_OK;
+}

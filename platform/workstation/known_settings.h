@@ -1,0 +1,28 @@
+#ifndef KNOWN_SETTINGS_H
+#define KNOWN_SETTINGS_H
+
+#include <cstddef>
+#include <cstdint>
+#include <string>
+
+namespace panel_platform {
+
+/** A setting of the machine that exists without being stored. */
+struct KNOWN_SETTING {
+    std::uint32_t group;
+    std::uint32_t item;
+    int width; // bits
+    const char* name;
+    std::uint32_t default_value;
+};
+
+extern const KNOWN_SETTING KNOWN_SETTINGS[];
+extern const std::size_t KNOWN_SETTING_NUMBER;
+
+/** @return the known setting, or null */
+const KNOWN_SETTING* find_known_setting(std::uint32_t group, std::uint32_t item);
+const KNOWN_SETTING* find_known_setting(const std::string& name);
+
+} // namespace panel_platform
+
+#endif

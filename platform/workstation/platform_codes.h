@@ -1,0 +1,34 @@
+#ifndef PLATFORM_CODES_H
+#define PLATFORM_CODES_H
+
+namespace panel_platform {
+
+/** Results of the workstation's platform services. The numbers are fixed: callers store and print them. */
+enum PLATFORM_CODE : int {
+    PLATFORM_OK = 0,
+    PLATFORM_INVALID_ARGUMENT = 1, ///< a null pointer, an empty path, an unknown open mode, a bad format
+    PLATFORM_NOT_FOUND = 2,        ///< no such file, language attribute or stored setting
+    PLATFORM_NAME_REFUSED = 3,     ///< a name that is malformed or leads through a link or a plain file
+    PLATFORM_NOT_A_FILE = 4,       ///< the name belongs to a folder, a link or a device
+    PLATFORM_TOO_LARGE = 5,        ///< a file size that 32 bits cannot hold
+    PLATFORM_BAD_HANDLE = 6,       ///< a handle that is null, closed or was never given out
+    PLATFORM_WRONG_MODE = 7,       ///< a read from a file open for writing, or the reverse
+    PLATFORM_IO_ERROR = 8,         ///< any other failure of the operating system
+    PLATFORM_NO_SPACE = 9,         ///< the file system is full, or a size or quota limit is reached
+    PLATFORM_ACCESS_DENIED = 10,   ///< missing rights, or a read-only file system
+    PLATFORM_NO_FOLDER = 11,       ///< no environment variable tells where the stores are
+    PLATFORM_UNKNOWN_ITEM = 12,    ///< a setting that is neither known nor stored
+    PLATFORM_STORE_DAMAGED = 13, ///< a settings file that is no settings store, or a row of it that is wrong
+    PLATFORM_STORE_BUSY = 14,    ///< another process held the settings store for too long
+    PLATFORM_OUT_OF_RANGE = 15,  ///< a value wider than its item, or a text that is too long
+    PLATFORM_EXISTS = 16,        ///< a setting that is to be added is there already
+    PLATFORM_LIBRARY_NOT_LOADED = 17,
+    PLATFORM_SYMBOL_NOT_FOUND = 18,
+};
+
+/** @return the code that stands for @p error, a non-zero value of errno */
+PLATFORM_CODE platform_code_of_errno(int error);
+
+} // namespace panel_platform
+
+#endif

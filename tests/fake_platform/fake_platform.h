@@ -1,0 +1,141 @@
+#ifndef FAKE_PLATFORM_H
+#define FAKE_PLATFORM_H
+
+#include <cstddef>
+#include <cstdint>
+#include <deque>
+#include <map>
+#include <mutex>
+#include <string>
+#include <tuple>
+#include <utility>
+#include <vector>
+
+/** Code of a scripted failure that names none, and of whatever the test did not provide. */
+constexpr int FAKE_FAILURE = 0x0FA1;
+
+/**
+ * One call of the platform.
+ *
+ * function: its name; constructors and destructors are "OSW_Guard" and "~OSW_Guard", members of the message
+ *           layer "bmc_mc_client", "~bmc_mc_client", "facade_template", "~facade_template", "dispatch",
+ *           "bmc_mc_check_facade" and "bmc_mc_send_sync_message"
+ * numbers:  its integer arguments in their order, handles and pointers left out; a timer: its kind and its
+ * id; a sent message: mode, function id, request length, reply capacity text:     its file, library, symbol
+ * or service name; a trace: its text as formatted bytes:    exactly the bytes handed over for writing,
+ * sending or dispatching
+ */
+struct FAKE_CALL {
+    std::string function;
+    std::vector<std::int64_t> numbers;
+    std::string text;
+    std::string bytes;
+};
+
+/**
+ * Takes the platform's place in unit tests: records every call and answers what the test scripted.
+ *
+ * Without a script: settings, attributes, files and libraries do not exist (FAKE_FAILURE), everything else
+ * succeeds, services are ready at once, a sent message gets no reply bytes, and sleeping takes no time.
+ * Locks are real. Any thread may call the platform; scripts are thread-safe too.
+ */
+class fake_platform {
+public:
+    /** Forgets calls, scripts, files and open handles; timers count from 1 again. */
+    void reset();
+
+    std::vector<FAKE_CALL> calls() const;
+    std::vector<FAKE_CALL> calls_of(const std::string& function) const;
+    std::size_t count(const std::string& function) const;
+    void forget_calls();
+
+    /** Lets a function that returns a result fail, without effect, in all calls from the next one on. */
+    void fail(const std::string& function, int code = FAKE_FAILURE);
+    /** Lets it work again. */
+    void work(const std::string& function);
+
+    /** @param width  bits: 8, 16 or 32; a read writes exactly so many */
+    void set_setting(std::uint32_t group, std::uint32_t item, int width, std::uint32_t value);
+    void fail_setting(std::uint32_t group, std::uint32_t item, int code = FAKE_FAILURE);
+    void set_attribute(int language_id, int attribute, const std::string& text);
+
+    /** Provides a library. @param result,has_handle  what loading it answers */
+    void add_library(const std::string& path, int result = 0, bool has_handle = true);
+    /** Provides a symbol, and its library. @param address  an object or a function without captures */
+    template <typename TARGET>
+    void add_symbol(const std::string& path, const std::string& name, TARGET* address) {
+        add_symbol_address(path, name, reinterpret_cast<void*>(address));
+    }
+
+    void set_file(int area, int group, const std::string& name, const std::string& bytes);
+    /** @param bytes  receives the file as last closed. @return whether it exists */
+    bool get_file(int area, int group, const std::string& name, std::string& bytes) const;
+    /** Lets dvu_dio_stat() report this size for every file. */
+    void set_stat_size(std::uint32_t size);
+    /** Lets each dvu_dio_fread() deliver at most so many bytes. */
+    void set_read_limit(std::uint32_t bytes);
+    /** Lets each dvu_dio_fread() report this count, whatever it delivered. */
+    void set_read_count(std::uint32_t count);
+    std::size_t open_file_count() const;
+
+    /** Lets the first @p checks readiness checks answer no, and all later ones yes. */
+    void set_ready_after(unsigned long checks);
+    void set_never_ready();
+    /** Adds an answer to a sent message; the last one added answers all later messages too.
+     *  @param bytes  copied as far as they fit, and only when @p result is 0 */
+    void add_reply(const std::string& bytes, long result = 0);
+
+private:
+    friend struct fake_platform_services;
+    using ITEM = std::pair<std::uint32_t, std::uint32_t>;
+    using FILE_KEY = std::tuple<int, int, std::string>;
+
+    struct SETTING {
+        int width;
+        std::uint32_t value;
+        int code;
+    };
+    struct LIBRARY {
+        int result;
+        bool has_handle;
+        std::map<std::string, void*> symbols;
+    };
+    struct OPEN_FILE {
+        FILE_KEY key;
+        int mode;
+        std::string bytes;
+        std::size_t position;
+    };
+    struct REPLY {
+        std::string bytes;
+        long result;
+    };
+    /** All that reset() puts back. */
+    struct STATE {
+        std::vector<FAKE_CALL> calls;
+        std::map<std::string, int> failures;
+        std::map<ITEM, SETTING> settings;
+        std::map<std::pair<int, int>, std::string> attributes;
+        std::map<std::string, LIBRARY> libraries;
+        std::map<FILE_KEY, std::string> files;
+        std::map<std::uintptr_t, OPEN_FILE> open_files;
+        std::int64_t stat_size = -1;  // negative: the real one
+        std::int64_t read_limit = -1; // negative: none
+        std::int64_t read_count = -1; // negative: the real one
+        bool is_never_ready = false;
+        unsigned long checks_until_ready = 0;
+        std::deque<REPLY> replies;
+        std::uint32_t last_timer_id = 0;
+    };
+
+    void add_symbol_address(const std::string& path, const std::string& name, void* address);
+
+    mutable std::mutex mutex_;
+    STATE state_;
+    std::uintptr_t last_handle_ = 0; // survives reset(), so that old handles stay invalid
+};
+
+/** @return the one fake platform of the process, never destroyed */
+fake_platform& fake_platform_instance();
+
+#endif

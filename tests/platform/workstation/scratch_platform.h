@@ -1,0 +1,34 @@
+#ifndef SCRATCH_PLATFORM_H
+#define SCRATCH_PLATFORM_H
+
+#include <functional>
+#include <gtest/gtest.h>
+#include <string>
+#include <sys/types.h>
+#include <vector>
+
+/** Gives each test an empty platform folder of its own. */
+class scratch_platform : public testing::Test {
+protected:
+    scratch_platform();
+    ~scratch_platform() override;
+
+    /** @return path of something beside the platform folder, in the same scratch folder */
+    std::string beside(const std::string& name) const { return scratch_ + "/" + name; }
+    std::string folder() const { return beside("platform"); }
+
+private:
+    std::string scratch_;
+};
+
+/** Starts a process that ends with 0 when @p work returns true. */
+pid_t start_process(const std::function<bool()>& work);
+/** @return the exit status, or minus the signal that ended the process */
+int wait_for(pid_t process);
+int run_in_process(const std::function<bool()>& work);
+
+std::string read_bytes(const std::string& path);
+void write_bytes(const std::string& path, const std::string& bytes);
+std::vector<std::string> lines_of(const std::string& path);
+
+#endif

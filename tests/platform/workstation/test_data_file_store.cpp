@@ -1,0 +1,239 @@
+#include "data_file_store.h"
+
+#include "platform_codes.h"
+#include "scratch_platform.h"
+
+#include <csignal>
+#include <cstring>
+#include <filesystem>
+#include <iterator>
+#include <sys/resource.h>
+#include <sys/stat.h>
+#include <thread>
+#include <unistd.h>
+
+using namespace panel_platform;
+namespace fs = std::filesystem;
+
+namespace {
+
+const int AREA = 4;
+const int GROUP = 33;
+
+class test_data_file_store : public scratch_platform {
+protected:
+    std::string store() const { return folder() + "/data/4-33"; }
+
+    std::ptrdiff_t entries() const {
+        return std::distance(fs::directory_iterator(store()), fs::directory_iterator());
+    }
+};
+
+int put(const char* name, const std::string& bytes) {
+    DVU_DIO_HANDLE handle = nullptr;
+    int code = dvu_dio_fopen(AREA, GROUP, name, 1, &handle);
+    if (code != 0) {
+        return code;
+    }
+    std::uint32_t count = 0;
+    const int write_code =
+        dvu_dio_fwrite(bytes.data(), static_cast<std::uint32_t>(bytes.size()), handle, &count);
+    EXPECT_TRUE(write_code != 0 || count == bytes.size());
+    code = dvu_dio_fclose(handle);
+    return write_code != 0 ? write_code : code;
+}
+
+/** Reads in pieces. @return "code N" when the file cannot be opened */
+std::string get(const char* name) {
+    DVU_DIO_HANDLE handle = nullptr;
+    const int code = dvu_dio_fopen(AREA, GROUP, name, 0, &handle);
+    if (code != 0) {
+        return "code " + std::to_string(code);
+    }
+    std::string bytes;
+    char piece[1000];
+    std::uint32_t count = 0;
+    while (dvu_dio_fread(piece, sizeof piece, handle, &count) == 0 && count > 0) {
+        bytes.append(piece, count);
+    }
+    EXPECT_EQ(0, dvu_dio_fclose(handle));
+    return bytes;
+}
+
+/** Runs every operation that names a file. @return whether all give @p code */
+void expect_all(const char* name, int code) {
+    SCOPED_TRACE(name ? name : "null");
+    DVU_DIO_HANDLE handle = &handle;
+    DVU_DIO_STATUS status = {77};
+    EXPECT_EQ(code, dvu_dio_fopen(AREA, GROUP, name, 0, &handle));
+    EXPECT_EQ(code, dvu_dio_fopen(AREA, GROUP, name, 1, &handle));
+    EXPECT_EQ(&handle, handle);
+    EXPECT_EQ(code, dvu_dio_existfile(AREA, GROUP, name));
+    EXPECT_EQ(code, dvu_dio_stat(AREA, GROUP, name, &status));
+    EXPECT_EQ(77U, status.size);
+    EXPECT_EQ(code, dvu_dio_remove(AREA, GROUP, name));
+}
+
+TEST_F(test_data_file_store, files_are_written_read_replaced_and_removed) {
+    const std::string contents[] = {"", "x", std::string("a\0b\n", 4), std::string(100000, 'q')};
+    for (const char* name : {"file", "folder/deeper/file", "..name", ".hidden"}) {
+        SCOPED_TRACE(name);
+        EXPECT_EQ(PLATFORM_NOT_FOUND, dvu_dio_existfile(AREA, GROUP, name));
+        EXPECT_EQ("code 2", get(name));
+        for (const std::string& content : contents) {
+            EXPECT_EQ(0, put(name, content));
+            EXPECT_EQ(content, get(name));
+            DVU_DIO_STATUS status = {77};
+            EXPECT_EQ(0, dvu_dio_stat(AREA, GROUP, name, &status));
+            EXPECT_EQ(content.size(), status.size);
+        }
+        EXPECT_NE(0, dvu_dio_existfile(AREA, GROUP + 1, name)) << "groups are apart";
+        EXPECT_EQ(0, dvu_dio_remove(AREA, GROUP, name));
+        EXPECT_EQ(PLATFORM_NOT_FOUND, dvu_dio_remove(AREA, GROUP, name));
+    }
+}
+
+TEST_F(test_data_file_store, names_that_could_leave_the_store_are_refused) {
+    ASSERT_EQ(0, put("file", "kept"));
+    write_bytes(beside("outside"), "kept");
+    const std::string long_name(300, 'n');
+    for (const char* name : {"", "/", "/etc/passwd", ".", "..", "../4-33/file", "a/../file", "./file", "a//b",
+                             "file/", "file/x", ".panel_platform_tmp.1", long_name.c_str()}) {
+        expect_all(name, PLATFORM_NAME_REFUSED);
+    }
+    expect_all("../../../outside", PLATFORM_NAME_REFUSED);
+    expect_all(nullptr, PLATFORM_INVALID_ARGUMENT);
+    EXPECT_EQ("kept", get("file"));
+    EXPECT_EQ("kept", read_bytes(beside("outside")));
+}
+
+TEST_F(test_data_file_store, links_folders_and_pipes_are_not_followed) {
+    ASSERT_EQ(0, put("folder/file", "inside"));
+    fs::create_directory(beside("outside"));
+    write_bytes(beside("outside/file"), "kept");
+    fs::create_directory_symlink(beside("outside"), store() + "/link");
+    fs::create_symlink(beside("outside/file"), store() + "/file_link");
+    ASSERT_EQ(0, ::mkfifo((store() + "/pipe").c_str(), 0600));
+    expect_all("link/file", PLATFORM_NAME_REFUSED);
+    expect_all("file_link", PLATFORM_NOT_A_FILE);
+    expect_all("folder", PLATFORM_NOT_A_FILE);
+    expect_all("pipe", PLATFORM_NOT_A_FILE);
+    EXPECT_NE(0, put("link/new", "x"));
+    EXPECT_EQ("kept", read_bytes(beside("outside/file")));
+    EXPECT_FALSE(fs::exists(beside("outside/new")));
+}
+
+TEST_F(test_data_file_store, a_failed_write_leaves_the_old_file) {
+    ASSERT_EQ(0, put("file", "old"));
+    EXPECT_EQ(0, run_in_process([] {
+                  std::signal(SIGXFSZ, SIG_IGN);
+                  const rlimit limit = {5000, 5000};
+                  ::setrlimit(RLIMIT_FSIZE, &limit);
+                  DVU_DIO_HANDLE handle = nullptr;
+                  std::uint32_t count = 0;
+                  const std::string bytes(8000, 'n');
+                  const bool is_refused =
+                      dvu_dio_fopen(AREA, GROUP, "file", 1, &handle) == 0 &&
+                      dvu_dio_fwrite(bytes.data(), 8000, handle, &count) == PLATFORM_NO_SPACE &&
+                      count == 5000;
+                  return is_refused && dvu_dio_fclose(handle) == PLATFORM_NO_SPACE &&
+                         dvu_dio_fclose(handle) == PLATFORM_BAD_HANDLE;
+              }));
+    EXPECT_EQ("old", get("file"));
+    EXPECT_EQ(1, entries()) << "no temporary file is left";
+}
+
+TEST_F(test_data_file_store, a_killed_writer_leaves_the_old_file_and_is_cleaned_up_after) {
+    ASSERT_EQ(0, put("file", "old"));
+    DVU_DIO_HANDLE living = nullptr;
+    std::uint32_t count = 0;
+    ASSERT_EQ(0, dvu_dio_fopen(AREA, GROUP, "other", 1, &living));
+    EXPECT_EQ(0, dvu_dio_fwrite("slow", 4, living, &count));
+    EXPECT_EQ(-SIGKILL, run_in_process([] {
+        DVU_DIO_HANDLE handle = nullptr;
+        std::uint32_t written = 0;
+        return dvu_dio_fopen(AREA, GROUP, "file", 1, &handle) == 0 &&
+               dvu_dio_fwrite("new", 3, handle, &written) == 0 && dvu_dio_fflush(handle) == 0 &&
+               ::kill(::getpid(), SIGKILL) == 0;
+    }));
+    EXPECT_EQ("old", get("file"));
+    EXPECT_EQ(3, entries());
+    for (const auto& entry : fs::directory_iterator(store())) {
+        const std::string name = entry.path().filename().string();
+        EXPECT_EQ(name == "file" ? 0 : PLATFORM_NAME_REFUSED, dvu_dio_existfile(AREA, GROUP, name.c_str()));
+    }
+    EXPECT_EQ(0, put("file", "newer"));
+    EXPECT_EQ(2, entries()) << "the dead writer's file is gone, the living writer's is not";
+    EXPECT_EQ(0, dvu_dio_fclose(living));
+    EXPECT_EQ("slow", get("other"));
+    EXPECT_EQ("newer", get("file"));
+}
+
+TEST_F(test_data_file_store, a_file_is_seen_only_when_closed) {
+    ASSERT_EQ(0, put("file", "old"));
+    DVU_DIO_HANDLE handle = nullptr;
+    std::uint32_t count = 0;
+    ASSERT_EQ(0, dvu_dio_fopen(AREA, GROUP, "file", 1, &handle));
+    EXPECT_EQ(0, dvu_dio_fwrite("new", 3, handle, &count));
+    EXPECT_EQ(0, dvu_dio_fflush(handle));
+    EXPECT_EQ("old", get("file"));
+    EXPECT_EQ(0, dvu_dio_fclose(handle));
+    EXPECT_EQ("new", get("file"));
+}
+
+TEST_F(test_data_file_store, wrong_handles_and_arguments_are_refused) {
+    ASSERT_EQ(0, put("file", "x"));
+    DVU_DIO_HANDLE reader = nullptr;
+    DVU_DIO_HANDLE writer = nullptr;
+    DVU_DIO_HANDLE closed = nullptr;
+    ASSERT_EQ(0, dvu_dio_fopen(AREA, GROUP, "file", 0, &reader));
+    ASSERT_EQ(0, dvu_dio_fopen(AREA, GROUP, "file", 1, &writer));
+    ASSERT_EQ(0, dvu_dio_fopen(AREA, GROUP, "file", 0, &closed));
+    ASSERT_EQ(0, dvu_dio_fclose(closed));
+    char byte = '#';
+    std::uint32_t count = 77;
+    for (DVU_DIO_HANDLE handle : {DVU_DIO_HANDLE(nullptr), DVU_DIO_HANDLE(&byte), closed}) {
+        EXPECT_EQ(PLATFORM_BAD_HANDLE, dvu_dio_fread(&byte, 1, handle, &count));
+        EXPECT_EQ(PLATFORM_BAD_HANDLE, dvu_dio_fwrite(&byte, 1, handle, &count));
+        EXPECT_EQ(PLATFORM_BAD_HANDLE, dvu_dio_fflush(handle));
+        EXPECT_EQ(PLATFORM_BAD_HANDLE, dvu_dio_fclose(handle));
+    }
+    EXPECT_EQ(0U, count);
+    EXPECT_EQ(PLATFORM_WRONG_MODE, dvu_dio_fread(&byte, 1, writer, &count));
+    EXPECT_EQ(PLATFORM_WRONG_MODE, dvu_dio_fwrite(&byte, 1, reader, &count));
+    EXPECT_EQ(PLATFORM_INVALID_ARGUMENT, dvu_dio_fread(nullptr, 1, reader, &count));
+    EXPECT_EQ(PLATFORM_INVALID_ARGUMENT, dvu_dio_fopen(AREA, GROUP, "file", 2, &closed));
+    EXPECT_EQ(0, dvu_dio_fclose(reader));
+    EXPECT_EQ(0, dvu_dio_fclose(writer));
+}
+
+TEST_F(test_data_file_store, a_size_beyond_32_bits_is_refused) {
+    ASSERT_EQ(0, put("file", "x"));
+    DVU_DIO_STATUS status = {77};
+    ASSERT_EQ(0, ::truncate((store() + "/file").c_str(), 0x100000000));
+    EXPECT_EQ(PLATFORM_TOO_LARGE, dvu_dio_stat(AREA, GROUP, "file", &status));
+    EXPECT_EQ(77U, status.size);
+    ASSERT_EQ(0, ::truncate((store() + "/file").c_str(), 0xffffffff));
+    EXPECT_EQ(0, dvu_dio_stat(AREA, GROUP, "file", &status));
+    EXPECT_EQ(0xffffffffU, status.size);
+}
+
+TEST_F(test_data_file_store, threads_replacing_one_file_leave_whole_versions) {
+    ASSERT_EQ(0, put("file", std::string(3000, 'a')));
+    std::vector<std::thread> threads;
+    for (const char letter : {'b', 'c', 'd'}) {
+        threads.emplace_back([letter] {
+            for (int turn = 0; turn < 20; ++turn) {
+                EXPECT_EQ(0, put("file", std::string(3000, letter)));
+                const std::string seen = get("file");
+                EXPECT_EQ(std::string(3000, seen[0]), seen);
+            }
+        });
+    }
+    for (std::thread& thread : threads) {
+        thread.join();
+    }
+    EXPECT_EQ(1, entries());
+}
+
+} // namespace

@@ -1,0 +1,175 @@
+#include "diagnostics.h"
+#include "message_catalogue.h"
+#include "message_table_writer.h"
+#include "option_pack.h"
+
+#include <filesystem>
+#include <iostream>
+#include <vector>
+
+namespace {
+
+enum EXIT_CODE {
+    EXIT_GOOD = 0,
+    EXIT_CATALOGUE_FAULT = 1,
+    EXIT_USAGE = 2,
+    EXIT_FILE_FAULT = 3
+};
+
+const char HELP[] =
+    R"(panel_resource_compiler - turns the panel's message catalogue into what the library loads
+
+Usage:
+  panel_resource_compiler check    --catalogue DIR [-W...]
+  panel_resource_compiler messages --catalogue DIR --output DIR [-W...]
+  panel_resource_compiler pack     --catalogue DIR --pack DIR --output DIR [-W...]
+
+Commands:
+  check      checks messages, texts and every pack below DIR/packs; writes nothing
+  messages   writes message_id_table.cpp and message_text_table.cpp
+  pack       writes option_pack.cpp and the pack's other files below tree/panel/
+
+Options:
+  --catalogue DIR      folder that holds messages.tsv and texts/<language>.tsv
+  --pack DIR           pack folder, named like its language id
+  --output DIR         where to write; made when missing
+  -Wno-CLASS           leaves out the warnings of a class: placeholders, fonts
+  -Werror=CLASS        makes them errors
+  --help, --version
+
+Faults are reported as "file:line: error: ..." on standard error.
+Exit codes: 0 good, 1 the catalogue has errors, 2 usage, 3 a file cannot be written.
+)";
+
+struct command_line {
+    std::string command;
+    std::string catalogue;
+    std::string pack;
+    std::string output;
+    std::vector<std::string> disabled_classes;
+    std::vector<std::string> error_classes;
+};
+
+bool starts_with(const std::string& text, const std::string& prefix) {
+    return text.compare(0, prefix.size(), prefix) == 0;
+}
+
+bool read_option(const std::vector<std::string>& arguments, std::size_t& i, command_line& line,
+                 std::string& fault) {
+    const std::string& argument = arguments[i];
+    const std::string no_class = "-Wno-";
+    const std::string error_class = "-Werror=";
+    if (starts_with(argument, no_class)) {
+        line.disabled_classes.push_back(argument.substr(no_class.size()));
+        return true;
+    }
+    if (starts_with(argument, error_class)) {
+        line.error_classes.push_back(argument.substr(error_class.size()));
+        return true;
+    }
+    std::string* value = argument == "--catalogue" ? &line.catalogue
+                         : argument == "--pack"    ? &line.pack
+                         : argument == "--output"  ? &line.output
+                                                   : nullptr;
+    if (value == nullptr) {
+        fault = "unknown option \"" + argument + "\"";
+        return false;
+    }
+    if (i + 1 == arguments.size()) {
+        fault = argument + " needs a folder";
+        return false;
+    }
+    *value = arguments[++i];
+    return true;
+}
+
+bool read_command_line(const std::vector<std::string>& arguments, command_line& line, std::string& fault) {
+    if (arguments.empty()) {
+        fault = "no command";
+        return false;
+    }
+    line.command = arguments[0];
+    for (std::size_t i = 1; i < arguments.size(); ++i) {
+        if (!read_option(arguments, i, line, fault)) {
+            return false;
+        }
+    }
+    const bool writes = line.command == "messages" || line.command == "pack";
+    if (!writes && line.command != "check") {
+        fault = "unknown command \"" + line.command + "\"";
+    } else if (line.catalogue.empty()) {
+        fault = "--catalogue is missing";
+    } else if (writes && line.output.empty()) {
+        fault = "--output is missing";
+    } else if (line.command == "pack" && line.pack.empty()) {
+        fault = "--pack is missing";
+    }
+    return fault.empty();
+}
+
+void check_all_packs(const std::string& folder, const message_catalogue& catalogue, diagnostics& report) {
+    std::error_code no_packs;
+    for (const auto& entry : std::filesystem::directory_iterator(folder + "/packs", no_packs)) {
+        if (entry.is_directory()) {
+            read_option_pack(entry.path().string(), catalogue, report);
+        }
+    }
+}
+
+/** Writes nothing while the catalogue has errors. */
+int run(const command_line& line) {
+    diagnostics report(std::cerr);
+    for (const std::string& name : line.disabled_classes) {
+        report.disable_class(name);
+    }
+    for (const std::string& name : line.error_classes) {
+        report.make_class_an_error(name);
+    }
+    const message_catalogue catalogue = read_message_catalogue(line.catalogue, report);
+    option_pack pack;
+    if (line.command == "pack") {
+        pack = read_option_pack(line.pack, catalogue, report);
+    } else if (line.command == "check") {
+        check_all_packs(line.catalogue, catalogue, report);
+    }
+    report.write_summary();
+    if (report.error_count() != 0) {
+        return EXIT_CATALOGUE_FAULT;
+    }
+    if (line.command == "check") {
+        return EXIT_GOOD;
+    }
+    std::error_code error;
+    std::filesystem::create_directories(line.output, error);
+    std::string fault = error ? line.output + ": " + error.message() : std::string();
+    const bool written = fault.empty() && (line.command == "pack"
+                                               ? write_option_pack(pack, line.output, fault)
+                                               : write_message_tables(catalogue, line.output, fault));
+    if (!written) {
+        std::cerr << "panel_resource_compiler: " << fault << '\n';
+    }
+    return written ? EXIT_GOOD : EXIT_FILE_FAULT;
+}
+
+} // namespace
+
+int main(int argc, char** argv) {
+    const std::vector<std::string> arguments(argv + 1, argv + argc);
+    for (const std::string& argument : arguments) {
+        if (argument == "--help" || argument == "-h") {
+            std::cout << HELP;
+            return EXIT_GOOD;
+        }
+        if (argument == "--version") {
+            std::cout << "panel_resource_compiler " PANEL_VIEW_VERSION "\n";
+            return EXIT_GOOD;
+        }
+    }
+    command_line line;
+    std::string fault;
+    if (!read_command_line(arguments, line, fault)) {
+        std::cerr << "panel_resource_compiler: " << fault << "; see --help\n";
+        return EXIT_USAGE;
+    }
+    return run(line);
+}

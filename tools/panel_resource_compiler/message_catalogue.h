@@ -1,0 +1,51 @@
+#ifndef MESSAGE_CATALOGUE_H
+#define MESSAGE_CATALOGUE_H
+
+#include "diagnostics.h"
+#include "dvc_pnl_rmg_message_table.h"
+
+#include <array>
+#include <cstdint>
+#include <string>
+#include <vector>
+
+/** The two-letter names of the standard languages, in the order of their indexes. */
+extern const std::array<const char*, DVC_PNL_RMG_STANDARD_LANGUAGE_COUNT> STANDARD_LANGUAGE_NAMES;
+
+/** Name of the warning class for placeholders that differ between the languages of a row. */
+extern const char WARNING_PLACEHOLDERS[];
+
+/** The last row of the text table: all its cells are null. */
+constexpr std::int32_t NULL_ROW = DVC_PNL_RMG_STANDARD_MESSAGE_ROWS - 1;
+
+struct catalogue_message {
+    std::int32_t id;
+    std::string name;
+    std::int32_t row;
+};
+
+/** The texts of one row by language index, and where the first of them stands. */
+struct catalogue_row {
+    std::array<std::string, DVC_PNL_RMG_STANDARD_LANGUAGE_COUNT> texts;
+    source_place place;
+};
+
+/** The messages of the panel in their source form, checked. */
+struct message_catalogue {
+    std::vector<catalogue_message> messages; ///< ascending by id
+    std::vector<catalogue_row> rows;         ///< by row; a row without a text is empty
+};
+
+/**
+ * Reads messages.tsv and texts/<language>.tsv of a catalogue folder and checks them. The catalogue
+ * is usable only when the report counts no error.
+ */
+message_catalogue read_message_catalogue(const std::string& folder, diagnostics& report);
+
+/** The placeholders of a text, "%1" to "%9": bit n for "%n". */
+unsigned int placeholders_of(const std::string& text);
+
+/** The placeholders that a set of bits stands for, for people: "%1 %3", or "none". */
+std::string describe_placeholders(unsigned int placeholders);
+
+#endif

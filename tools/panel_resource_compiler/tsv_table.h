@@ -1,0 +1,35 @@
+#ifndef TSV_TABLE_H
+#define TSV_TABLE_H
+
+#include "diagnostics.h"
+
+#include <cstdint>
+#include <string>
+#include <vector>
+
+/** One record of a table. */
+struct tsv_record {
+    source_place place;
+    std::vector<std::string> fields; ///< in the order of the columns asked for, escapes resolved
+};
+
+/**
+ * Reads a tab-separated table: UTF-8, one record a line, the names of the columns in the first line.
+ * Empty lines and lines that start with "#" are comments. A field holds "\n" for a line break, "\t" for a
+ * tab and "\\" for a backslash.
+ *
+ * @param columns  the columns the table must have; any other column is an error
+ * @param report   receives every fault; a record with a fault is left out
+ * @return the records in the order of the file
+ */
+std::vector<tsv_record> read_tsv_table(const std::string& path, const std::vector<std::string>& columns,
+                                       diagnostics& report);
+
+/** Whether a text is well-formed UTF-8: no overlong forms, no surrogates, nothing above U+10FFFF. */
+bool is_valid_utf8(const std::string& text);
+
+/** Reads a decimal number that fits 32 bits, without blanks or sign of plus; reports what is not one. */
+bool read_number_field(const tsv_record& record, std::size_t field, const std::string& what,
+                       diagnostics& report, std::int32_t& number);
+
+#endif

@@ -1,0 +1,106 @@
+#include "command.h"
+#include "display.h"
+
+#include <QApplication>
+
+#include <clocale>
+#include <cstdio>
+
+const char JSON_OPTION[] = "json";
+
+namespace {
+
+const panelctl_command COMMANDS[] = {
+    {"message", "the text of messages, by id or data file", run_message_command},
+    {"languages", "the standard languages and the language in force", run_languages_command},
+    {"packs", "the option language packs in the five slots", run_packs_command},
+    {"settings", "the device settings: list, get, set, reset", run_settings_command},
+    {"units", "sizes in dp, px and mm", run_units_command},
+};
+
+void print_help() {
+    print_line(QStringLiteral("panelctl - the panel's texts, languages and units from a command line\n\n"
+                              "Usage: panelctl COMMAND [ARGUMENT...]\n\nCommands:"));
+    std::vector<QStringList> rows;
+    for (const panelctl_command& command : COMMANDS) {
+        rows.push_back({QStringLiteral("  %1").arg(QLatin1String(command.name)), QLatin1String(command.summary)});
+    }
+    print_table(rows);
+    print_line(QStringLiteral("\n\"panelctl COMMAND --help\" tells more. Every command takes --json.\n"
+                              "Exit codes: 0 found, 1 something not found, 2 usage, 3 a file or service failed."));
+}
+
+/** Start-up of the toolkit tells of session services that a command-line tool does not need. */
+void drop_start_up_remark(QtMsgType type, const QMessageLogContext&, const QString& text) {
+    if (type == QtCriticalMsg || type == QtFatalMsg) {
+        report_fault(text);
+    }
+}
+
+int run_command(const QString& name, const QStringList& arguments) {
+    for (const panelctl_command& command : COMMANDS) {
+        if (name == QLatin1String(command.name)) {
+            return command.run(arguments);
+        }
+    }
+    report_fault(QStringLiteral("unknown command \"%1\"; see panelctl --help").arg(name));
+    return EXIT_USAGE;
+}
+
+} // namespace
+
+void report_fault(const QString& text) {
+    std::fprintf(stderr, "panelctl: %s\n", text.toUtf8().constData());
+}
+
+int usage_fault(const QString& command, const QString& fault) {
+    report_fault(QStringLiteral("%1; see panelctl %2 --help").arg(fault, command));
+    return EXIT_USAGE;
+}
+
+bool read_arguments(QCommandLineParser& parser, const QString& command, const QStringList& arguments,
+                    int& exit_code) {
+    const QCommandLineOption help(QStringList{QStringLiteral("h"), QStringLiteral("help")},
+                                  QStringLiteral("Shows this help."));
+    parser.addOption(help);
+    parser.addOption({QLatin1String(JSON_OPTION), QStringLiteral("Prints JSON.")});
+    if (!parser.parse(QStringList{QStringLiteral("panelctl ") + command} + arguments)) {
+        exit_code = usage_fault(command, parser.errorText());
+        return false;
+    }
+    if (parser.isSet(help)) {
+        QString text = parser.helpText();
+        text.replace(QCoreApplication::applicationFilePath(), QStringLiteral("panelctl ") + command);
+        print_line(text.trimmed());
+        exit_code = EXIT_FOUND;
+        return false;
+    }
+    return true;
+}
+
+int main(int argc, char** argv) {
+    std::setlocale(LC_CTYPE, "C.UTF-8");
+    if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM")) {
+        qputenv("QT_QPA_PLATFORM", "offscreen"); // nothing is shown; the library needs an application all the same
+    }
+    qInstallMessageHandler(drop_start_up_remark);
+    const QApplication application(argc, argv);
+    qInstallMessageHandler(nullptr);
+    QCoreApplication::setApplicationName(QStringLiteral("panelctl"));
+    QStringList arguments = QCoreApplication::arguments();
+    arguments.removeFirst();
+    if (arguments.isEmpty()) {
+        report_fault(QStringLiteral("no command; see panelctl --help"));
+        return EXIT_USAGE;
+    }
+    const QString name = arguments.takeFirst();
+    if (name == QLatin1String("--help") || name == QLatin1String("-h")) {
+        print_help();
+        return EXIT_FOUND;
+    }
+    if (name == QLatin1String("--version")) {
+        print_line(QStringLiteral("panelctl " PANEL_VIEW_VERSION));
+        return EXIT_FOUND;
+    }
+    return run_command(name, arguments);
+}

@@ -1,0 +1,174 @@
+#include "command.h"
+
+#include "display.h"
+#include "dvc_pnl_common_utility.h"
+#include "dvc_pnl_rmg_language_resource.h"
+#include "dvc_pnl_rmg_property.h"
+#include "panel_session.h"
+
+#include <QJsonArray>
+#include <QJsonObject>
+
+namespace {
+
+using velarion::dvc_pnl_rmg_language_resource;
+
+const QString COMMAND = QStringLiteral("message");
+
+/** What the library holds under a key. */
+struct message_entry {
+    QString key;
+    bool is_found = false;
+    bool is_table_message = false; ///< otherwise a data file
+    DVC_PNL_RMG_IMPL_MESSAGE record = {0, "", 0};
+    std::vector<std::pair<int, QString>> texts; ///< by language id
+};
+
+bool holds_file(dvc_pnl_rmg_language_resource& language, const QByteArray& key) {
+    std::string text;
+    int error = 0;
+    return language.dvc_pnl_rmg_get_message_data(key.constData(), text, error) ==
+           velarion::DVC_PNL_RMG_RESULT_OK;
+}
+
+message_entry look_up(dvc_pnl_rmg_language_resource& language, const QString& key,
+                      const std::vector<int>& language_ids) {
+    message_entry entry;
+    entry.key = key;
+    const QByteArray bytes = key.toUtf8();
+    DVC_PNL_RMG_IMPL_MESSAGE wanted = {0, "", 0};
+    entry.is_table_message =
+        velarion::dvc_pnl_common_utility::string_to_int(bytes.constData(), wanted.message_id);
+    entry.is_found = entry.is_table_message ? language.search_message_element(wanted, entry.record)
+                                            : holds_file(language, bytes);
+    if (entry.is_found) {
+        for (const int id : language_ids) {
+            entry.texts.emplace_back(id, language.dvc_pnl_rmg_get_message(bytes.constData(), id));
+        }
+    }
+    return entry;
+}
+
+QJsonObject to_json(const message_entry& entry) {
+    QJsonObject object{{QStringLiteral("key"), entry.key}, {QStringLiteral("found"), entry.is_found}};
+    if (entry.is_found && entry.is_table_message) {
+        object.insert(QStringLiteral("id"), entry.record.message_id);
+        object.insert(QStringLiteral("name"), QLatin1String(entry.record.message_name));
+        object.insert(QStringLiteral("row"), entry.record.message_table_index);
+    }
+    QJsonArray texts;
+    for (const auto& text : entry.texts) {
+        texts.append(QJsonObject{{QStringLiteral("language"), text.first}, {QStringLiteral("text"), text.second}});
+    }
+    object.insert(QStringLiteral("texts"), texts);
+    return object;
+}
+
+void print_entry(const message_entry& entry) {
+    if (!entry.is_found) {
+        report_fault(entry.is_table_message
+                         ? QStringLiteral("there is no message %1").arg(entry.key)
+                         : QStringLiteral("there is no message data file \"%1\"").arg(entry.key));
+        return;
+    }
+    if (entry.texts.size() == 1) {
+        print_line(entry.texts.front().second);
+        return;
+    }
+    print_line(entry.is_table_message ? QStringLiteral("%1  %2  row %3")
+                                            .arg(entry.record.message_id)
+                                            .arg(as_one_line(QLatin1String(entry.record.message_name)))
+                                            .arg(entry.record.message_table_index)
+                                      : entry.key);
+    std::vector<QStringList> rows;
+    for (const auto& text : entry.texts) {
+        rows.push_back({QStringLiteral("%1").arg(text.first, 5), as_one_line(text.second)});
+    }
+    print_table(rows);
+}
+
+std::vector<int> all_language_ids(dvc_pnl_rmg_language_resource& language) {
+    const int* standard = language.dvc_pnl_rmg_get_standard_language_id_array();
+    std::vector<int> ids(standard, standard + language.dvc_pnl_rmg_get_standard_language_number());
+    language.dvc_pnl_rmg_get_option_language_id_array(ids);
+    return ids;
+}
+
+bool read_id(const QCommandLineParser& parser, const QString& option, int& id, QString& fault) {
+    if (!parser.isSet(option)) {
+        return true;
+    }
+    bool is_number = false;
+    id = parser.value(option).toInt(&is_number);
+    if (!is_number) {
+        fault = QStringLiteral("--%1 \"%2\" is no language id").arg(option, parser.value(option));
+    }
+    return is_number;
+}
+
+/** The languages that the options ask for; the language in force when they ask for none. */
+bool choose_languages(const QCommandLineParser& parser, dvc_pnl_rmg_language_resource& language,
+                      std::vector<int>& ids, QString& fault) {
+    const int option_language = velarion::DVC_PNL_RMG_PROPERTY::LANGUAGE_ID_OPTION;
+    int id = parser.isSet(QStringLiteral("option")) ? option_language : 0;
+    int option_id = 0;
+    if (!read_id(parser, QStringLiteral("language"), id, fault) ||
+        !read_id(parser, QStringLiteral("option"), option_id, fault)) {
+        return false;
+    }
+    if (parser.isSet(QStringLiteral("all"))) {
+        ids = all_language_ids(language);
+    } else if (id == 0 && !parser.isSet(QStringLiteral("language"))) {
+        ids = {language.dvc_pnl_rmg_get_language_id()};
+    } else {
+        ids = {id == option_language ? option_id : id};
+    }
+    return true;
+}
+
+} // namespace
+
+int run_message_command(const QStringList& arguments) {
+    QCommandLineParser parser;
+    parser.setApplicationDescription(
+        QStringLiteral("Prints the text of each message. A key is a message id, or the name of a message data "
+                       "file.\nWithout an option the text comes in the language in force. A language that is "
+                       "not known\nfalls back as on the panel."));
+    parser.addPositionalArgument(QStringLiteral("key"), QStringLiteral("Message id or data file."),
+                                 QStringLiteral("KEY..."));
+    parser.addOptions({
+        {QStringLiteral("language"), QStringLiteral("Language id; 999 is the option language of --option."),
+         QStringLiteral("N")},
+        {QStringLiteral("option"), QStringLiteral("Option language id."), QStringLiteral("N")},
+        {QStringLiteral("all"), QStringLiteral("Every standard and every configured option language.")},
+    });
+    int exit_code = EXIT_FOUND;
+    if (!read_arguments(parser, COMMAND, arguments, exit_code)) {
+        return exit_code;
+    }
+    if (parser.positionalArguments().isEmpty()) {
+        return usage_fault(COMMAND, QStringLiteral("no key"));
+    }
+    panel_session session;
+    std::vector<int> ids;
+    QString fault;
+    if (!choose_languages(parser, session.language(), ids, fault)) {
+        return usage_fault(COMMAND, fault);
+    }
+    QJsonArray entries;
+    for (const QString& key : parser.positionalArguments()) {
+        const message_entry entry = look_up(session.language(), key, ids);
+        if (!entry.is_found) {
+            exit_code = EXIT_NOT_FOUND;
+        }
+        if (parser.isSet(QLatin1String(JSON_OPTION))) {
+            entries.append(to_json(entry));
+        } else {
+            print_entry(entry);
+        }
+    }
+    if (parser.isSet(QLatin1String(JSON_OPTION))) {
+        print_json(QJsonDocument(entries));
+    }
+    return exit_code;
+}

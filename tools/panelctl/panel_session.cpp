@@ -1,0 +1,68 @@
+#include "panel_session.h"
+
+#include "command.h"
+#include "dvc_pnl_rmg_language_resource.h"
+#include "dvc_pnl_rmg_standard_language_attribute_manager.h"
+
+#include <QFile>
+#include <QFileInfo>
+
+#include <sys/mman.h>
+#include <unistd.h>
+
+#include <cstdio>
+
+namespace {
+
+bool is_from_font_command(const QByteArray& line) {
+    return line.startsWith("mkdir: ") || line.startsWith("ln: ");
+}
+
+} // namespace
+
+void report_missing_device_tree() {
+    using manager = velarion::dvc_pnl_rmg_standard_language_attribute_manager;
+    if (!QFileInfo(QString::fromStdString(manager::BASE_PATH)).isDir()) {
+        report_fault(QStringLiteral("the device tree is not in place, so there are no option language packs and "
+                                    "no data files; run this through scripts/device-shell"));
+    }
+}
+
+font_command_silence::font_command_silence()
+    : saved_error_(dup(STDERR_FILENO)), captured_error_(memfd_create("standard error", MFD_CLOEXEC)) {
+    std::fflush(stderr);
+    if (saved_error_ >= 0 && captured_error_ >= 0) {
+        dup2(captured_error_, STDERR_FILENO);
+    }
+}
+
+font_command_silence::~font_command_silence() {
+    if (saved_error_ < 0 || captured_error_ < 0) {
+        return;
+    }
+    std::fflush(stderr);
+    dup2(saved_error_, STDERR_FILENO);
+    close(saved_error_);
+    lseek(captured_error_, 0, SEEK_SET);
+    QFile captured;
+    captured.open(captured_error_, QIODevice::ReadOnly, QFileDevice::AutoCloseHandle);
+    for (const QByteArray& line : captured.readAll().split('\n')) {
+        if (!line.isEmpty() && !is_from_font_command(line)) {
+            std::fprintf(stderr, "%s\n", line.constData());
+        }
+    }
+}
+
+panel_session::panel_session() {
+    report_missing_device_tree();
+    const font_command_silence silence;
+    language_ = velarion::dvc_pnl_rmg_language_resource::dvc_pnl_rmg_create_instance();
+}
+
+panel_session::~panel_session() {
+    velarion::dvc_pnl_rmg_language_resource::dvc_pnl_rmg_delete_instance();
+}
+
+QString describe_direction(int direction) {
+    return direction == 0 ? QStringLiteral("right to left") : QStringLiteral("left to right");
+}

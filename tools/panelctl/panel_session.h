@@ -1,0 +1,49 @@
+#ifndef PANEL_SESSION_H
+#define PANEL_SESSION_H
+
+#include <QString>
+
+namespace velarion {
+class dvc_pnl_rmg_language_resource;
+}
+
+/**
+ * Says on standard error when the device's folders are not in place: the library then has no packs
+ * and no data files.
+ */
+void report_missing_device_tree();
+
+/**
+ * Keeps what the commands of the font directory say ("mkdir: cannot create ...") from standard error for
+ * its lifetime; every other line written there comes out when it ends.
+ */
+class font_command_silence {
+public:
+    font_command_silence();
+    ~font_command_silence();
+    font_command_silence(const font_command_silence&) = delete;
+    font_command_silence& operator=(const font_command_silence&) = delete;
+
+private:
+    int saved_error_;
+    int captured_error_;
+};
+
+/** The library's language resource for one run of a command. */
+class panel_session {
+public:
+    panel_session();
+    ~panel_session();
+    panel_session(const panel_session&) = delete;
+    panel_session& operator=(const panel_session&) = delete;
+
+    velarion::dvc_pnl_rmg_language_resource& language() { return *language_; }
+
+private:
+    velarion::dvc_pnl_rmg_language_resource* language_;
+};
+
+/** "left to right" or "right to left" for a layout direction value. */
+QString describe_direction(int direction);
+
+#endif

@@ -1,0 +1,248 @@
+#include "command.h"
+
+#include "display.h"
+#include "platform_codes.h"
+#include "settings_database.h"
+
+#include <QJsonArray>
+#include <QJsonObject>
+
+namespace {
+
+using panel_platform::LANGUAGE_ATTRIBUTE;
+using panel_platform::SETTING;
+using panel_platform::settings_database;
+
+const QString COMMAND = QStringLiteral("settings");
+
+/** One action: its name and how many words stand behind it. */
+struct settings_action {
+    const char* name;
+    int argument_count;
+    int (*run)(settings_database& database, const QStringList& arguments, bool as_json);
+};
+
+int report_failure(int code, const std::string& fault) {
+    report_fault(QString::fromUtf8(fault.c_str()));
+    switch (code) {
+    case panel_platform::PLATFORM_UNKNOWN_ITEM:
+    case panel_platform::PLATFORM_NOT_FOUND:
+        return EXIT_NOT_FOUND;
+    case panel_platform::PLATFORM_OUT_OF_RANGE:
+        return EXIT_USAGE;
+    default:
+        return EXIT_SERVICE;
+    }
+}
+
+QString hexadecimal(std::uint32_t number) {
+    return QStringLiteral("0x%1").arg(number, 8, 16, QLatin1Char('0'));
+}
+
+QJsonObject to_json(const SETTING& setting) {
+    return {{QStringLiteral("group"), hexadecimal(setting.group)},
+            {QStringLiteral("item"), hexadecimal(setting.item)},
+            {QStringLiteral("name"), QString::fromUtf8(setting.name.c_str())},
+            {QStringLiteral("width"), setting.width},
+            {QStringLiteral("value"), static_cast<qint64>(setting.value)},
+            {QStringLiteral("stored"), setting.is_stored}};
+}
+
+QStringList to_row(const SETTING& setting) {
+    return {QString::fromUtf8(setting.name.c_str()), QString::number(setting.value),
+            setting.is_stored ? QStringLiteral("stored") : QStringLiteral("default"),
+            QStringLiteral("%1 bits").arg(setting.width),
+            hexadecimal(setting.group) + QLatin1Char(':') + hexadecimal(setting.item)};
+}
+
+QJsonObject to_json(const LANGUAGE_ATTRIBUTE& attribute) {
+    return {{QStringLiteral("language"), attribute.language_id},
+            {QStringLiteral("attribute"), attribute.attribute},
+            {QStringLiteral("text"), QString::fromUtf8(attribute.text.c_str())}};
+}
+
+int list_settings(settings_database& database, const QStringList&, bool as_json) {
+    std::vector<SETTING> settings;
+    std::vector<LANGUAGE_ATTRIBUTE> attributes;
+    std::string fault;
+    int code = database.list(settings, fault);
+    if (code == panel_platform::PLATFORM_OK) {
+        code = database.list_attributes(attributes, fault);
+    }
+    if (code != panel_platform::PLATFORM_OK) {
+        return report_failure(code, fault);
+    }
+    if (as_json) {
+        QJsonArray settings_as_json;
+        for (const SETTING& setting : settings) {
+            settings_as_json.append(to_json(setting));
+        }
+        QJsonArray attributes_as_json;
+        for (const LANGUAGE_ATTRIBUTE& attribute : attributes) {
+            attributes_as_json.append(to_json(attribute));
+        }
+        print_json(QJsonDocument(QJsonObject{{QStringLiteral("file"), QString::fromUtf8(database.file().c_str())},
+                                             {QStringLiteral("settings"), settings_as_json},
+                                             {QStringLiteral("attributes"), attributes_as_json}}));
+        return EXIT_FOUND;
+    }
+    std::vector<QStringList> rows;
+    for (const SETTING& setting : settings) {
+        rows.push_back(to_row(setting));
+    }
+    for (const LANGUAGE_ATTRIBUTE& attribute : attributes) {
+        rows.push_back({QStringLiteral("attribute %1 of language %2").arg(attribute.attribute).arg(attribute.language_id),
+                        QString::fromUtf8(attribute.text.c_str())});
+    }
+    print_table(rows);
+    return EXIT_FOUND;
+}
+
+int get_setting(settings_database& database, const QStringList& arguments, bool as_json) {
+    SETTING setting;
+    std::string fault;
+    const int code = database.find(arguments.at(0).toUtf8().constData(), setting, fault);
+    if (code != panel_platform::PLATFORM_OK) {
+        return report_failure(code, fault);
+    }
+    if (as_json) {
+        print_json(QJsonDocument(to_json(setting)));
+    } else {
+        print_line(QString::number(setting.value));
+    }
+    return EXIT_FOUND;
+}
+
+bool read_number(const QString& text, qint64& number) {
+    bool is_number = false;
+    number = text.toLongLong(&is_number, 0); // also "0x5A"
+    if (!is_number) {
+        usage_fault(COMMAND, QStringLiteral("\"%1\" is not a whole number").arg(text));
+    }
+    return is_number;
+}
+
+int set_setting(settings_database& database, const QStringList& arguments, bool as_json) {
+    qint64 value = 0;
+    if (!read_number(arguments.at(1), value)) {
+        return EXIT_USAGE;
+    }
+    std::string fault;
+    const int code = database.write(arguments.at(0).toUtf8().constData(), value, fault);
+    if (code != panel_platform::PLATFORM_OK) {
+        return report_failure(code, fault);
+    }
+    return as_json ? get_setting(database, arguments, as_json) : EXIT_FOUND;
+}
+
+int reset_setting(settings_database& database, const QStringList& arguments, bool as_json) {
+    std::string fault;
+    const int code = database.reset(arguments.at(0).toUtf8().constData(), fault);
+    if (code != panel_platform::PLATFORM_OK) {
+        return report_failure(code, fault);
+    }
+    return as_json ? get_setting(database, arguments, as_json) : EXIT_FOUND;
+}
+
+bool read_attribute_key(const QStringList& arguments, int& language_id, int& attribute) {
+    qint64 language = 0;
+    qint64 number = 0;
+    if (!read_number(arguments.at(0), language) || !read_number(arguments.at(1), number)) {
+        return false;
+    }
+    language_id = static_cast<int>(language);
+    attribute = static_cast<int>(number);
+    return true;
+}
+
+int get_attribute(settings_database& database, const QStringList& arguments, bool as_json) {
+    LANGUAGE_ATTRIBUTE attribute;
+    if (!read_attribute_key(arguments, attribute.language_id, attribute.attribute)) {
+        return EXIT_USAGE;
+    }
+    std::string fault;
+    const int code =
+        database.get_attribute(attribute.language_id, attribute.attribute, attribute.text, fault);
+    if (code != panel_platform::PLATFORM_OK) {
+        return report_failure(code, fault);
+    }
+    if (as_json) {
+        print_json(QJsonDocument(to_json(attribute)));
+    } else {
+        print_line(QString::fromUtf8(attribute.text.c_str()));
+    }
+    return EXIT_FOUND;
+}
+
+int set_attribute(settings_database& database, const QStringList& arguments, bool as_json) {
+    LANGUAGE_ATTRIBUTE attribute;
+    if (!read_attribute_key(arguments, attribute.language_id, attribute.attribute)) {
+        return EXIT_USAGE;
+    }
+    attribute.text = arguments.at(2).toUtf8().constData();
+    std::string fault;
+    const int code = database.set_attribute(attribute, fault);
+    if (code != panel_platform::PLATFORM_OK) {
+        return report_failure(code, fault);
+    }
+    return as_json ? get_attribute(database, arguments, as_json) : EXIT_FOUND;
+}
+
+int remove_attribute(settings_database& database, const QStringList& arguments, bool) {
+    int language_id = 0;
+    int attribute = 0;
+    if (!read_attribute_key(arguments, language_id, attribute)) {
+        return EXIT_USAGE;
+    }
+    std::string fault;
+    const int code = database.remove_attribute(language_id, attribute, fault);
+    return code == panel_platform::PLATFORM_OK ? EXIT_FOUND : report_failure(code, fault);
+}
+
+const settings_action ACTIONS[] = {
+    {"list", 0, list_settings},
+    {"get", 1, get_setting},
+    {"set", 2, set_setting},
+    {"reset", 1, reset_setting},
+    {"get-attribute", 2, get_attribute},
+    {"set-attribute", 3, set_attribute},
+    {"remove-attribute", 2, remove_attribute},
+};
+
+} // namespace
+
+int run_settings_command(const QStringList& arguments) {
+    QCommandLineParser parser;
+    parser.setApplicationDescription(QStringLiteral(
+        "Reads and changes the device settings of this workstation, also while other programs run.\n\n"
+        "  list                              all settings and language attributes\n"
+        "  get NAME                          one value\n"
+        "  set NAME VALUE                    stores a value, decimal or 0x...\n"
+        "  reset NAME                        back to the default\n"
+        "  get-attribute LANGUAGE NUMBER     the text of a language attribute\n"
+        "  set-attribute LANGUAGE NUMBER TEXT\n"
+        "  remove-attribute LANGUAGE NUMBER\n\n"
+        "NAME is a setting's name as \"list\" shows it, or 0xGROUP:0xITEM."));
+    parser.addPositionalArgument(QStringLiteral("action"), QStringLiteral("What to do."),
+                                 QStringLiteral("ACTION [ARGUMENT...]"));
+    int exit_code = EXIT_FOUND;
+    if (!read_arguments(parser, COMMAND, arguments, exit_code)) {
+        return exit_code;
+    }
+    QStringList words = parser.positionalArguments();
+    const QString name = words.isEmpty() ? QStringLiteral("list") : words.takeFirst();
+    for (const settings_action& action : ACTIONS) {
+        if (name != QLatin1String(action.name)) {
+            continue;
+        }
+        if (words.size() != action.argument_count) {
+            return usage_fault(COMMAND, QStringLiteral("%1 takes %2 words, not %3")
+                                            .arg(name)
+                                            .arg(action.argument_count)
+                                            .arg(words.size()));
+        }
+        settings_database database;
+        return action.run(database, words, parser.isSet(QLatin1String(JSON_OPTION)));
+    }
+    return usage_fault(COMMAND, QStringLiteral("unknown action \"%1\"").arg(name));
+}
