@@ -2,7 +2,7 @@
 set(PANEL_VIEW_DEVICE_DIR "${PROJECT_BINARY_DIR}/device")
 
 # panel_view_add_option_pack(FOLDER): builds the option language pack of a source folder named like its
-# language id, into the device tree.
+# language id, into the device tree. PANEL_VIEW_OPTION_PACK_TARGET receives the target that does it.
 function(panel_view_add_option_pack folder)
     cmake_path(GET folder FILENAME id)
     set(output "${CMAKE_CURRENT_BINARY_DIR}/packs/${id}")
@@ -21,4 +21,5 @@ function(panel_view_add_option_pack folder)
         PREFIX "" OUTPUT_NAME libOptLang LIBRARY_OUTPUT_DIRECTORY "${pack_directory}/panel/liboptlang")
     target_compile_options(option_pack_${id} PRIVATE -fno-sanitize=all)
     set_target_properties(option_pack_${id} PROPERTIES LINK_OPTIONS "")
+    set(PANEL_VIEW_OPTION_PACK_TARGET option_pack_${id} PARENT_SCOPE)
 endfunction()

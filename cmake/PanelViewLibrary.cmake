@@ -24,7 +24,6 @@ check_linker_flag(CXX "-Wl,-z,pack-relative-relocs" PANEL_VIEW_HAS_PACKED_RELOCA
 if(PANEL_VIEW_HAS_PACKED_RELOCATIONS)
     target_link_options(panel_view_support PRIVATE "-Wl,-z,pack-relative-relocs")
 endif()
-target_link_options(panel_view_support PRIVATE "-Wl,-O2")
 
 install(TARGETS panel_view_support panel_platform_headers EXPORT panel_view_support_targets
     LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR})

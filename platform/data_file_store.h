@@ -26,7 +26,8 @@ extern "C" {
  */
 PANEL_PLATFORM_EXPORT int dvu_dio_fopen(int area, int group, const char* name, int mode,
                                         DVU_DIO_HANDLE* handle);
-/** Reads up to @p size bytes. @param count  receives the bytes read; 0 at the end of the file and on failure */
+/** Reads up to @p size bytes. @param count  receives the bytes read; 0 at the end of the file and on failure
+ */
 PANEL_PLATFORM_EXPORT int dvu_dio_fread(void* buffer, std::uint32_t size, DVU_DIO_HANDLE handle,
                                         std::uint32_t* count);
 /** Writes @p size bytes. @param count  receives the bytes written, @p size unless it fails */

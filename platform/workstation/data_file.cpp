@@ -31,6 +31,14 @@ bool is_linked(int descriptor) {
     return ::fstat(descriptor, &status) == 0 && status.st_nlink > 0;
 }
 
+bool lock_exclusively(int descriptor) {
+    int result = -1;
+    do {
+        result = ::flock(descriptor, LOCK_EX);
+    } while (result != 0 && errno == EINTR);
+    return result == 0;
+}
+
 /** A writer keeps its temporary file locked; one that can be locked has lost its writer. */
 void remove_if_abandoned(int folder, const char* name) {
     const file_descriptor file(::openat(folder, name, O_RDONLY | O_NOFOLLOW | O_CLOEXEC | O_NONBLOCK));
@@ -68,10 +76,18 @@ int create_temporary(int folder, std::string& name, file_descriptor& file) {
         name = new_temporary_name();
         file.reset(
             ::openat(folder, name.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC, FILE_MODE));
-        if (file.get() < 0 && errno != EEXIST) {
+        if (file.get() < 0) {
+            if (errno == EEXIST) {
+                continue;
+            }
             return platform_code_of_errno(errno);
         }
-        if (file.get() >= 0 && ::flock(file.get(), LOCK_EX) == 0 && is_linked(file.get())) {
+        if (!lock_exclusively(file.get())) {
+            const int code = platform_code_of_errno(errno);
+            ::unlinkat(folder, name.c_str(), 0);
+            return code;
+        }
+        if (is_linked(file.get())) {
             return PLATFORM_OK;
         }
     }

@@ -29,8 +29,8 @@ extern DVC_PNL_EXPORT const int dvc_pnl_rmg_imple_message_table_size;
  * The texts: column i is the language of index i. Rows 0 and 1 hold the empty text; the cells of the
  * last row, and of no other, are null.
  */
-extern DVC_PNL_EXPORT const char* const
-    standard_language_message_table[DVC_PNL_RMG_STANDARD_MESSAGE_ROWS][DVC_PNL_RMG_STANDARD_LANGUAGE_COUNT];
+extern DVC_PNL_EXPORT const char* const standard_language_message_table[DVC_PNL_RMG_STANDARD_MESSAGE_ROWS]
+                                                                       [DVC_PNL_RMG_STANDARD_LANGUAGE_COUNT];
 
 /** Language ids by index. */
 extern DVC_PNL_EXPORT const std::int32_t standard_language_id_table[DVC_PNL_RMG_STANDARD_LANGUAGE_COUNT];

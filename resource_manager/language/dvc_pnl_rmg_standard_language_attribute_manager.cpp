@@ -74,8 +74,8 @@ const char* dvc_pnl_rmg_standard_language_attribute_manager::get_standard_messag
     return standard_language_message_table[row][index];
 }
 
-const char* dvc_pnl_rmg_standard_language_attribute_manager::dvc_pnl_rmg_get_standard_message(
-    int row, int language_id) {
+const char*
+dvc_pnl_rmg_standard_language_attribute_manager::dvc_pnl_rmg_get_standard_message(int row, int language_id) {
     return get_standard_message(row, language_id);
 }
 
@@ -83,8 +83,8 @@ const char* dvc_pnl_rmg_standard_language_attribute_manager::get_standard_font_f
     return standard_font_family_table[index];
 }
 
-const char* dvc_pnl_rmg_standard_language_attribute_manager::dvc_pnl_rmg_get_standard_font_family(
-    int language_id) {
+const char*
+dvc_pnl_rmg_standard_language_attribute_manager::dvc_pnl_rmg_get_standard_font_family(int language_id) {
     const int index = dvc_pnl_rmg_get_standard_language_index(language_id);
     return index == -1 ? nullptr : get_standard_font_family(index);
 }

@@ -9,7 +9,8 @@ const std::size_t MOST_SHOWN = 200;
 
 } // namespace
 
-diagnostics::diagnostics(std::ostream& output) : output_(output) {}
+diagnostics::diagnostics(std::ostream& output)
+    : output_(output) {}
 
 void diagnostics::error(const source_place& place, const std::string& text) {
     ++error_count_;

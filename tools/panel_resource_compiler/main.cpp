@@ -9,12 +9,7 @@
 
 namespace {
 
-enum EXIT_CODE {
-    EXIT_GOOD = 0,
-    EXIT_CATALOGUE_FAULT = 1,
-    EXIT_USAGE = 2,
-    EXIT_FILE_FAULT = 3
-};
+enum EXIT_CODE { EXIT_GOOD = 0, EXIT_CATALOGUE_FAULT = 1, EXIT_USAGE = 2, EXIT_FILE_FAULT = 3 };
 
 const char HELP[] =
     R"(panel_resource_compiler - turns the panel's message catalogue into what the library loads
@@ -142,9 +137,9 @@ int run(const command_line& line) {
     std::error_code error;
     std::filesystem::create_directories(line.output, error);
     std::string fault = error ? line.output + ": " + error.message() : std::string();
-    const bool written = fault.empty() && (line.command == "pack"
-                                               ? write_option_pack(pack, line.output, fault)
-                                               : write_message_tables(catalogue, line.output, fault));
+    const bool written =
+        fault.empty() && (line.command == "pack" ? write_option_pack(pack, line.output, fault)
+                                                 : write_message_tables(catalogue, line.output, fault));
     if (!written) {
         std::cerr << "panel_resource_compiler: " << fault << '\n';
     }

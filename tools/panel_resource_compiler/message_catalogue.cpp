@@ -149,8 +149,8 @@ message_catalogue read_message_catalogue(const std::string& folder, diagnostics&
     catalogue.messages = read_messages(folder + "/messages.tsv", report);
     catalogue.rows.resize(DVC_PNL_RMG_STANDARD_MESSAGE_ROWS);
     for (std::size_t language = 0; language < STANDARD_LANGUAGE_NAMES.size(); ++language) {
-        read_texts(folder + "/texts/" + STANDARD_LANGUAGE_NAMES[language] + ".tsv", language,
-                   catalogue.rows, report);
+        read_texts(folder + "/texts/" + STANDARD_LANGUAGE_NAMES[language] + ".tsv", language, catalogue.rows,
+                   report);
     }
     check_placeholders(catalogue.rows, report);
     return catalogue;

@@ -104,8 +104,8 @@ void read_texts(const std::string& path, const message_catalogue& catalogue, opt
             continue;
         }
         if (row < 0 || row >= NULL_ROW) {
-            report.error(record.place, "row " + std::to_string(row) + " is outside 0 to " +
-                                           std::to_string(NULL_ROW - 1));
+            report.error(record.place,
+                         "row " + std::to_string(row) + " is outside 0 to " + std::to_string(NULL_ROW - 1));
         } else if (!pack.texts.emplace(row, record.fields[1]).second) {
             report.error(record.place, "row " + std::to_string(row) + " stands twice");
         } else {

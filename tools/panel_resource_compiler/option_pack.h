@@ -12,9 +12,9 @@ struct option_pack {
     int language_id = 0;
     std::string font_family;
     bool is_right_to_left = false;
-    std::vector<std::string> font_files; ///< absolute paths
+    std::vector<std::string> font_files;       ///< absolute paths
     std::map<std::int32_t, std::string> texts; ///< by row; rows without an entry have no text
-    std::string keymap_folder;           ///< empty when the pack has no keyboard files
+    std::string keymap_folder;                 ///< empty when the pack has no keyboard files
 };
 
 /**

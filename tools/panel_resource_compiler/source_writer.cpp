@@ -29,7 +29,9 @@ std::string cpp_literal(const std::string& text) {
 }
 
 source_writer::source_writer(const std::string& path)
-    : path_(path), temporary_path_(path + ".new"), file_(temporary_path_, std::ios::binary) {}
+    : path_(path)
+    , temporary_path_(path + ".new")
+    , file_(temporary_path_, std::ios::binary) {}
 
 source_writer::~source_writer() {
     std::error_code ignored;

@@ -78,7 +78,9 @@ bool is_second_byte(unsigned char lead, unsigned char second) {
 class table_reader {
 public:
     table_reader(const std::string& path, const std::vector<std::string>& columns, diagnostics& report)
-        : path_(path), columns_(columns), report_(report) {}
+        : path_(path)
+        , columns_(columns)
+        , report_(report) {}
 
     std::vector<tsv_record> read() {
         std::ifstream file(path_, std::ios::binary);

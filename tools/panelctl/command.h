@@ -9,7 +9,7 @@ enum EXIT_CODE : int {
     EXIT_FOUND = 0,
     EXIT_NOT_FOUND = 1, ///< at least one of the things asked for does not exist
     EXIT_USAGE = 2,
-    EXIT_SERVICE = 3    ///< a file or a service failed
+    EXIT_SERVICE = 3 ///< a file or a service failed
 };
 
 /** One command: what it is called, and what it does with the words behind its name. */

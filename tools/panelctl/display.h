@@ -6,7 +6,8 @@
 
 #include <vector>
 
-/** A text as one line for a terminal: line breaks as "\n", tabs as "\t", other control characters left out. */
+/** A text as one line for a terminal: line breaks as "\n", tabs as "\t", other control characters left out.
+ */
 QString as_one_line(const QString& text);
 
 /** Prints rows of cells in aligned columns; the width of wide characters counts as a terminal shows them. */

@@ -41,7 +41,8 @@ bool set_preferred_language(velarion::dvc_pnl_rmg_language_resource& language, c
 language_state read_state(velarion::dvc_pnl_rmg_language_resource& language) {
     language_state state;
     state.in_force = language.dvc_pnl_rmg_get_language_id(); // first: it may change the selection for good
-    state.is_preferred = language.dvc_pnl_rmg_get_active_language(state.language_id, state.option_language_id);
+    state.is_preferred =
+        language.dvc_pnl_rmg_get_active_language(state.language_id, state.option_language_id);
     state.direction = language.dvc_pnl_rmg_get_layout_direction();
     return state;
 }
@@ -49,18 +50,19 @@ language_state read_state(velarion::dvc_pnl_rmg_language_resource& language) {
 void print_languages_as_json(velarion::dvc_pnl_rmg_language_resource& language, const language_state& state) {
     QJsonArray standard;
     for (int i = 0; i < language.dvc_pnl_rmg_get_standard_language_number(); ++i) {
-        standard.append(QJsonObject{{QStringLiteral("index"), i},
-                                    {QStringLiteral("id"), standard_language_id_table[i]},
-                                    {QStringLiteral("name"), QLatin1String(LANGUAGE_NAMES[i])},
-                                    {QStringLiteral("font_family"), QLatin1String(standard_font_family_table[i])}});
+        standard.append(
+            QJsonObject{{QStringLiteral("index"), i},
+                        {QStringLiteral("id"), standard_language_id_table[i]},
+                        {QStringLiteral("name"), QLatin1String(LANGUAGE_NAMES[i])},
+                        {QStringLiteral("font_family"), QLatin1String(standard_font_family_table[i])}});
     }
     std::vector<int> ids;
     language.dvc_pnl_rmg_get_option_language_id_array(ids);
     QJsonArray options;
     for (const int id : ids) {
-        options.append(QJsonObject{{QStringLiteral("id"), id},
-                                   {QStringLiteral("right_to_left"),
-                                    language.dvc_pnl_rmg_get_option_layout_direction(id) == 0}});
+        options.append(QJsonObject{
+            {QStringLiteral("id"), id},
+            {QStringLiteral("right_to_left"), language.dvc_pnl_rmg_get_option_layout_direction(id) == 0}});
     }
     print_json(QJsonDocument(QJsonObject{
         {QStringLiteral("standard"), standard},
@@ -77,9 +79,8 @@ QString mark_of(int id, const language_state& state) {
 }
 
 void print_languages(velarion::dvc_pnl_rmg_language_resource& language, const language_state& state) {
-    std::vector<QStringList> rows{
-        {QStringLiteral(" "), QStringLiteral("id"), QStringLiteral("language"), QStringLiteral("direction"),
-         QStringLiteral("font family")}};
+    std::vector<QStringList> rows{{QStringLiteral(" "), QStringLiteral("id"), QStringLiteral("language"),
+                                   QStringLiteral("direction"), QStringLiteral("font family")}};
     for (int i = 0; i < language.dvc_pnl_rmg_get_standard_language_number(); ++i) {
         const int id = standard_language_id_table[i];
         rows.push_back({mark_of(id, state), QString::number(id), QLatin1String(LANGUAGE_NAMES[i]),
@@ -106,9 +107,9 @@ void print_languages(velarion::dvc_pnl_rmg_language_resource& language, const la
 int run_languages_command(const QStringList& arguments) {
     const QString command = QStringLiteral("languages");
     QCommandLineParser parser;
-    parser.setApplicationDescription(
-        QStringLiteral("Lists the standard languages and the option languages, marks the one in force and tells "
-                       "the writing\ndirection that it gave the application."));
+    parser.setApplicationDescription(QStringLiteral(
+        "Lists the standard languages and the option languages, marks the one in force and tells "
+        "the writing\ndirection that it gave the application."));
     parser.addOption({QStringLiteral("prefer"),
                       QStringLiteral("Sets a preferred language first: a language id, or 999,OPTION-ID."),
                       QStringLiteral("N")});
@@ -117,7 +118,8 @@ int run_languages_command(const QStringList& arguments) {
         return exit_code;
     }
     if (!parser.positionalArguments().isEmpty()) {
-        return usage_fault(command, QStringLiteral("unexpected \"%1\"").arg(parser.positionalArguments().at(0)));
+        return usage_fault(command,
+                           QStringLiteral("unexpected \"%1\"").arg(parser.positionalArguments().at(0)));
     }
     panel_session session;
     if (parser.isSet(QStringLiteral("prefer")) &&

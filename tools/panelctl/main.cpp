@@ -23,11 +23,13 @@ void print_help() {
                               "Usage: panelctl COMMAND [ARGUMENT...]\n\nCommands:"));
     std::vector<QStringList> rows;
     for (const panelctl_command& command : COMMANDS) {
-        rows.push_back({QStringLiteral("  %1").arg(QLatin1String(command.name)), QLatin1String(command.summary)});
+        rows.push_back(
+            {QStringLiteral("  %1").arg(QLatin1String(command.name)), QLatin1String(command.summary)});
     }
     print_table(rows);
-    print_line(QStringLiteral("\n\"panelctl COMMAND --help\" tells more. Every command takes --json.\n"
-                              "Exit codes: 0 found, 1 something not found, 2 usage, 3 a file or service failed."));
+    print_line(
+        QStringLiteral("\n\"panelctl COMMAND --help\" tells more. Every command takes --json.\n"
+                       "Exit codes: 0 found, 1 something not found, 2 usage, 3 a file or service failed."));
 }
 
 /** Start-up of the toolkit tells of session services that a command-line tool does not need. */
@@ -81,7 +83,8 @@ bool read_arguments(QCommandLineParser& parser, const QString& command, const QS
 int main(int argc, char** argv) {
     std::setlocale(LC_CTYPE, "C.UTF-8");
     if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM")) {
-        qputenv("QT_QPA_PLATFORM", "offscreen"); // nothing is shown; the library needs an application all the same
+        qputenv("QT_QPA_PLATFORM",
+                "offscreen"); // nothing is shown; the library needs an application all the same
     }
     qInstallMessageHandler(drop_start_up_remark);
     const QApplication application(argc, argv);

@@ -58,7 +58,8 @@ QJsonObject to_json(const message_entry& entry) {
     }
     QJsonArray texts;
     for (const auto& text : entry.texts) {
-        texts.append(QJsonObject{{QStringLiteral("language"), text.first}, {QStringLiteral("text"), text.second}});
+        texts.append(
+            QJsonObject{{QStringLiteral("language"), text.first}, {QStringLiteral("text"), text.second}});
     }
     object.insert(QStringLiteral("texts"), texts);
     return object;
@@ -130,10 +131,10 @@ bool choose_languages(const QCommandLineParser& parser, dvc_pnl_rmg_language_res
 
 int run_message_command(const QStringList& arguments) {
     QCommandLineParser parser;
-    parser.setApplicationDescription(
-        QStringLiteral("Prints the text of each message. A key is a message id, or the name of a message data "
-                       "file.\nWithout an option the text comes in the language in force. A language that is "
-                       "not known\nfalls back as on the panel."));
+    parser.setApplicationDescription(QStringLiteral(
+        "Prints the text of each message. A key is a message id, or the name of a message data "
+        "file.\nWithout an option the text comes in the language in force. A language that is "
+        "not known\nfalls back as on the panel."));
     parser.addPositionalArgument(QStringLiteral("key"), QStringLiteral("Message id or data file."),
                                  QStringLiteral("KEY..."));
     parser.addOptions({

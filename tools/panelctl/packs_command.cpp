@@ -19,7 +19,7 @@ using pack_manager = velarion::dvc_pnl_rmg_option_language_attribute_manager;
 /** What one slot holds. */
 struct slot_state {
     int number = 0;
-    int language_id = 0; ///< 0: empty
+    int language_id = 0;        ///< 0: empty
     bool is_overridden = false; ///< a later slot names the same language
     bool loads = false;
     int row_count = 0;
@@ -45,7 +45,8 @@ slot_state read_slot(pack_manager& packs, int number) {
     slot_state slot;
     slot.number = number;
     std::uint16_t language_id = 0;
-    ent_set_get_status(velarion::SETTING_GROUP, pack_manager::OPTION_LANGUAGE_MEMBER[number - 1], &language_id);
+    ent_set_get_status(velarion::SETTING_GROUP, pack_manager::OPTION_LANGUAGE_MEMBER[number - 1],
+                       &language_id);
     slot.language_id = language_id;
     if (slot.language_id == 0) {
         return slot;
@@ -97,23 +98,24 @@ QStringList to_row(const slot_state& slot) {
 int run_packs_command(const QStringList& arguments) {
     const QString command = QStringLiteral("packs");
     QCommandLineParser parser;
-    parser.setApplicationDescription(
-        QStringLiteral("Lists what the five option language slots hold, whether each pack's library loads, how "
-                       "many rows\nit has a text for, its writing direction and font family."));
+    parser.setApplicationDescription(QStringLiteral(
+        "Lists what the five option language slots hold, whether each pack's library loads, how "
+        "many rows\nit has a text for, its writing direction and font family."));
     int exit_code = EXIT_FOUND;
     if (!read_arguments(parser, command, arguments, exit_code)) {
         return exit_code;
     }
     if (!parser.positionalArguments().isEmpty()) {
-        return usage_fault(command, QStringLiteral("unexpected \"%1\"").arg(parser.positionalArguments().at(0)));
+        return usage_fault(command,
+                           QStringLiteral("unexpected \"%1\"").arg(parser.positionalArguments().at(0)));
     }
     report_missing_device_tree();
     const font_command_silence silence;
     const velarion::dvc_pnl_rmg_standard_language_attribute_manager font_directory;
     pack_manager packs;
-    std::vector<QStringList> rows{{QStringLiteral("slot"), QStringLiteral("language"), QStringLiteral("state"),
-                                   QStringLiteral("rows"), QStringLiteral("direction"),
-                                   QStringLiteral("font family"), QStringLiteral("folder")}};
+    std::vector<QStringList> rows{
+        {QStringLiteral("slot"), QStringLiteral("language"), QStringLiteral("state"), QStringLiteral("rows"),
+         QStringLiteral("direction"), QStringLiteral("font family"), QStringLiteral("folder")}};
     QJsonArray slots_as_json;
     for (int number = 1; number <= pack_manager::OPTION_LANGUAGE_MEMBER_NUM; ++number) {
         const slot_state slot = read_slot(packs, number);

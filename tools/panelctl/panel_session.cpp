@@ -23,13 +23,15 @@ bool is_from_font_command(const QByteArray& line) {
 void report_missing_device_tree() {
     using manager = velarion::dvc_pnl_rmg_standard_language_attribute_manager;
     if (!QFileInfo(QString::fromStdString(manager::BASE_PATH)).isDir()) {
-        report_fault(QStringLiteral("the device tree is not in place, so there are no option language packs and "
-                                    "no data files; run this through scripts/device-shell"));
+        report_fault(
+            QStringLiteral("the device tree is not in place, so there are no option language packs and "
+                           "no data files; run this through scripts/device-shell"));
     }
 }
 
 font_command_silence::font_command_silence()
-    : saved_error_(dup(STDERR_FILENO)), captured_error_(memfd_create("standard error", MFD_CLOEXEC)) {
+    : saved_error_(dup(STDERR_FILENO))
+    , captured_error_(memfd_create("standard error", MFD_CLOEXEC)) {
     std::fflush(stderr);
     if (saved_error_ >= 0 && captured_error_ >= 0) {
         dup2(captured_error_, STDERR_FILENO);

@@ -81,9 +81,10 @@ int list_settings(settings_database& database, const QStringList&, bool as_json)
         for (const LANGUAGE_ATTRIBUTE& attribute : attributes) {
             attributes_as_json.append(to_json(attribute));
         }
-        print_json(QJsonDocument(QJsonObject{{QStringLiteral("file"), QString::fromUtf8(database.file().c_str())},
-                                             {QStringLiteral("settings"), settings_as_json},
-                                             {QStringLiteral("attributes"), attributes_as_json}}));
+        print_json(
+            QJsonDocument(QJsonObject{{QStringLiteral("file"), QString::fromUtf8(database.file().c_str())},
+                                      {QStringLiteral("settings"), settings_as_json},
+                                      {QStringLiteral("attributes"), attributes_as_json}}));
         return EXIT_FOUND;
     }
     std::vector<QStringList> rows;
@@ -91,7 +92,9 @@ int list_settings(settings_database& database, const QStringList&, bool as_json)
         rows.push_back(to_row(setting));
     }
     for (const LANGUAGE_ATTRIBUTE& attribute : attributes) {
-        rows.push_back({QStringLiteral("attribute %1 of language %2").arg(attribute.attribute).arg(attribute.language_id),
+        rows.push_back({QStringLiteral("attribute %1 of language %2")
+                            .arg(attribute.attribute)
+                            .arg(attribute.language_id),
                         QString::fromUtf8(attribute.text.c_str())});
     }
     print_table(rows);

@@ -20,13 +20,13 @@ bool read_rounding(const QString& name, dvc_pnl_common_utility::ROUNDING_TYPE& t
 }
 
 /** @return whether the size is one; @p result receives its conversion with its unit */
-bool convert(const QCommandLineParser& parser, const QString& size, dvc_pnl_common_utility::ROUNDING_TYPE type,
-             QString& result) {
+bool convert(const QCommandLineParser& parser, const QString& size,
+             dvc_pnl_common_utility::ROUNDING_TYPE type, QString& result) {
     bool is_size = false;
     if (parser.isSet(QStringLiteral("mm"))) {
         const double millimetre = size.toDouble(&is_size);
-        const int px =
-            dvc_pnl_common_utility::get_mm_to_pixel_size(parser.value(QStringLiteral("mm")).toInt(), millimetre);
+        const int px = dvc_pnl_common_utility::get_mm_to_pixel_size(
+            parser.value(QStringLiteral("mm")).toInt(), millimetre);
         result = QStringLiteral("%1px").arg(px);
         return is_size;
     }
@@ -45,10 +45,10 @@ bool convert(const QCommandLineParser& parser, const QString& size, dvc_pnl_comm
 
 int run_units_command(const QStringList& arguments) {
     QCommandLineParser parser;
-    parser.setApplicationDescription(
-        QStringLiteral("Converts sizes to device pixels as the panel does: \"10dp\", \"10dp+4\", \"100-8dp\".\n"
-                       "A single size is always truncated; an operand that is no size makes the result 0.\n"
-                       "\"ceil\" is the panel's name for rounding to the nearest pixel."));
+    parser.setApplicationDescription(QStringLiteral(
+        "Converts sizes to device pixels as the panel does: \"10dp\", \"10dp+4\", \"100-8dp\".\n"
+        "A single size is always truncated; an operand that is no size makes the result 0.\n"
+        "\"ceil\" is the panel's name for rounding to the nearest pixel."));
     parser.addPositionalArgument(QStringLiteral("size"), QStringLiteral("Size or sum or difference of two."),
                                  QStringLiteral("SIZE..."));
     parser.addOptions({
@@ -67,7 +67,8 @@ int run_units_command(const QStringList& arguments) {
         return usage_fault(COMMAND, QStringLiteral("--round takes ceil, floor or round"));
     }
     const QString density = parser.value(QStringLiteral("mm"));
-    if (parser.isSet(QStringLiteral("mm")) && density != QLatin1String("0") && density != QLatin1String("1")) {
+    if (parser.isSet(QStringLiteral("mm")) && density != QLatin1String("0") &&
+        density != QLatin1String("1")) {
         return usage_fault(COMMAND, QStringLiteral("--mm takes 0 or 1"));
     }
     if (parser.positionalArguments().isEmpty()) {

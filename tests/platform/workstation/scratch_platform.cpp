@@ -2,6 +2,7 @@
 
 #include <csignal>
 #include <cstdlib>
+#include <fcntl.h>
 #include <filesystem>
 #include <fstream>
 #include <iterator>
@@ -34,8 +35,13 @@ int wait_for(pid_t process) {
     return WIFEXITED(status) ? WEXITSTATUS(status) : -WTERMSIG(status);
 }
 
-int run_in_process(const std::function<bool()>& work) {
-    return wait_for(start_process(work));
+int run_in_process(const std::function<bool()>& work, const std::string& errors) {
+    return wait_for(start_process([&] {
+        if (!errors.empty()) {
+            ::dup2(::open(errors.c_str(), O_WRONLY | O_CREAT | O_TRUNC, 0600), STDERR_FILENO);
+        }
+        return work();
+    }));
 }
 
 std::string read_bytes(const std::string& path) {

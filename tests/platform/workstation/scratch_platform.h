@@ -25,7 +25,8 @@ private:
 pid_t start_process(const std::function<bool()>& work);
 /** @return the exit status, or minus the signal that ended the process */
 int wait_for(pid_t process);
-int run_in_process(const std::function<bool()>& work);
+/** @param errors  file that takes the process's standard error; the test's own when empty */
+int run_in_process(const std::function<bool()>& work, const std::string& errors = {});
 
 std::string read_bytes(const std::string& path);
 void write_bytes(const std::string& path, const std::string& bytes);

@@ -69,7 +69,8 @@ void scratch_device::set_option_language(std::uint16_t language_id) {
 }
 
 void scratch_device::set_slot(int slot, std::uint16_t language_id) {
-    platform_.set_setting(velarion::SETTING_GROUP, manager::OPTION_LANGUAGE_MEMBER[slot - 1], 16, language_id);
+    platform_.set_setting(velarion::SETTING_GROUP, manager::OPTION_LANGUAGE_MEMBER[slot - 1], 16,
+                          language_id);
 }
 
 void scratch_device::install_pack(int language_id) {

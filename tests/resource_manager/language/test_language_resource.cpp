@@ -144,7 +144,12 @@ TEST_F(language_resource, text_of_a_message_by_language) {
         {"999 itself is no language", "1", 999, {0, 0}, {999, 86}, "Copy"},
         {"unknown, preferred set: machine's", "1", 44, {44, 0}, {49, 0}, standard_text(2, 49)},
         {"unknown, preferred set: machine's pack", "1", 44, {44, 0}, {999, 86}, PACK_TEXT},
-        {"unknown, preferred set: machine's missing pack", "1", 44, {44, 0}, {999, 886}, "MSG_NORMAL_TITLE_COPY"},
+        {"unknown, preferred set: machine's missing pack",
+         "1",
+         44,
+         {44, 0},
+         {999, 886},
+         "MSG_NORMAL_TITLE_COPY"},
         {"unknown, preferred set: unknown machine language", "1", 44, {44, 0}, {45, 0}, "Copy"},
         {"second member counts only with 999", "1", 44, {44, 0}, {45, 86}, "Copy"},
     };
@@ -255,7 +260,8 @@ TEST_F(language_resource, preferred_language_overrides_until_it_is_cancelled) {
     EXPECT_FALSE(language.dvc_pnl_rmg_is_preferred_language());
     EXPECT_EQ(QApplication::layoutDirection(), Qt::LeftToRight);
     EXPECT_EQ(active_selection(language), std::make_pair(49, 5));
-    language.dvc_pnl_rmg_set_preferred_language(972, 0); // given directly, an option language writes left to right
+    language.dvc_pnl_rmg_set_preferred_language(972,
+                                                0); // given directly, an option language writes left to right
     EXPECT_EQ(QApplication::layoutDirection(), Qt::LeftToRight);
     EXPECT_EQ(language.dvc_pnl_rmg_get_option_layout_direction(972), 0);
     EXPECT_EQ(language.dvc_pnl_rmg_get_option_layout_direction(86), 1);

@@ -22,8 +22,8 @@ const DVC_PNL_RMG_IMPL_MESSAGE* end_of_messages() {
 /** How many of a row's cells hold a text that is not empty. */
 int count_texts(int row) {
     const auto& cells = standard_language_message_table[row];
-    return static_cast<int>(
-        std::count_if(cells, cells + LANGUAGES, [](const char* text) { return text != nullptr && *text != '\0'; }));
+    return static_cast<int>(std::count_if(cells, cells + LANGUAGES,
+                                          [](const char* text) { return text != nullptr && *text != '\0'; }));
 }
 
 std::set<std::string> placeholders_in(const char* text) {
@@ -74,8 +74,8 @@ TEST(message_id_table, names_are_grouped_by_screen_area) {
         lengths.insert(name.size());
     }
     const std::map<std::string, int> expected = {
-        {"NORMAL", 9203}, {"ERROR", 1666}, {"MNT", 1386}, {"BANNER", 713}, {"HELP", 228},
-        {"STATUS", 204},  {"DIALOG", 134}, {"NOTICE", 102}, {"CMN", 61},   {"SWKB", 30},
+        {"NORMAL", 9203}, {"ERROR", 1666}, {"MNT", 1386},   {"BANNER", 713}, {"HELP", 228},
+        {"STATUS", 204},  {"DIALOG", 134}, {"NOTICE", 102}, {"CMN", 61},     {"SWKB", 30},
         {"DYNAMIC", 4},   {"TITLE", 1},    {"VERSION", 1},
     };
     EXPECT_EQ(groups, expected);
@@ -126,11 +126,12 @@ TEST(text_table, texts_hold_the_same_placeholders_in_every_language_and_no_stray
         for (const char* text : standard_language_message_table[row]) {
             longest = std::max(longest, std::strlen(text));
             if (*text != '\0') {
-                ASSERT_EQ(placeholders_in(text), placeholders_in(standard_language_message_table[row][0])) << text;
+                ASSERT_EQ(placeholders_in(text), placeholders_in(standard_language_message_table[row][0]))
+                    << text;
             }
-            ASSERT_TRUE(std::none_of(text, text + std::strlen(text),
-                                     [](char c) { return c != '\n' && c >= '\0' && c < ' '; }))
-                << text;
+            ASSERT_TRUE(std::none_of(text, text + std::strlen(text), [](char c) {
+                return c != '\n' && c >= '\0' && c < ' ';
+            })) << text;
         }
     }
     EXPECT_EQ(longest, 1061U);

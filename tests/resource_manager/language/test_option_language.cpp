@@ -207,7 +207,8 @@ TEST_F(option_language, direction_follows_the_attribute_file) {
 
 TEST_F(option_language, font_files_are_linked_by_name) {
     const std::string fonts = "/mnt/optlang/86/panel/optfonts/";
-    for (const char* name : {"A.TTF", "b.ttf", "c.otf", ".ttf", "$(touch harm) ;'.ttf", "f.ttf.bak", "g.tTf"}) {
+    for (const char* name :
+         {"A.TTF", "b.ttf", "c.otf", ".ttf", "$(touch harm) ;'.ttf", "f.ttf.bak", "g.tTf"}) {
         write_file(fonts + name, "font");
     }
     fs::create_directory(fonts + "d.ttf");

@@ -16,7 +16,8 @@ const double PX_PER_MM[] = {5.2002, 5.6053};
 const char DP_SUFFIX[] = "dp";
 const char FAILURE_TEXT[] = "0";
 
-/** Entry i is floor((i * 18 + doubled_addend * 7) / 14), that is i * 9/7 plus half the addend, rounded down. */
+/** Entry i is floor((i * 18 + doubled_addend * 7) / 14), that is i * 9/7 plus half the addend, rounded down.
+ */
 constexpr dvc_pnl_common_utility::DP2PX_TABLE make_table(std::int32_t doubled_addend) {
     dvc_pnl_common_utility::DP2PX_TABLE table{};
     for (std::size_t i = 0; i < table.size(); ++i) {

@@ -65,9 +65,18 @@ TEST(dip2pixel, texts) {
         utility::ROUNDING_TYPE type;
         const char* px;
     } rows[] = {
-        {"10dp", ROUND, "13"}, {"10dp", FLOOR, "12"}, {"10dpx5", ROUND, "13"}, {"-5dp", FLOOR, "-6"},
-        {" +7 dp", ROUND, "9"}, {"10DP", ROUND, "10DP"}, {"12", ROUND, "12"}, {"", ROUND, ""},
-        {"dp", ROUND, "0"}, {"x10dp", ROUND, "0"}, {"1.5dp", ROUND, "0"}, {"2147483648dp", ROUND, "0"},
+        {"10dp", ROUND, "13"},
+        {"10dp", FLOOR, "12"},
+        {"10dpx5", ROUND, "13"},
+        {"-5dp", FLOOR, "-6"},
+        {" +7 dp", ROUND, "9"},
+        {"10DP", ROUND, "10DP"},
+        {"12", ROUND, "12"},
+        {"", ROUND, ""},
+        {"dp", ROUND, "0"},
+        {"x10dp", ROUND, "0"},
+        {"1.5dp", ROUND, "0"},
+        {"2147483648dp", ROUND, "0"},
         {"2147483647dp", FLOOR, "2147483647"},
     };
     for (const auto& row : rows) {
@@ -107,8 +116,14 @@ TEST(units, pixels_to_dp_truncate_exactly) {
     const struct {
         int px;
         const char* dp;
-    } rows[] = {{0, "0dp"},   {9, "7dp"},   {10, "7dp"}, {13, "10dp"}, {-10, "-7dp"}, {-1, "0dp"},
-                {INT_MOST, "1670265058dp"}, {INT_LEAST, "-1670265059dp"}};
+    } rows[] = {{0, "0dp"},
+                {9, "7dp"},
+                {10, "7dp"},
+                {13, "10dp"},
+                {-10, "-7dp"},
+                {-1, "0dp"},
+                {INT_MOST, "1670265058dp"},
+                {INT_LEAST, "-1670265059dp"}};
     for (const auto& row : rows) {
         EXPECT_EQ(utility::pixel2dip(row.px), row.dp);
     }
@@ -120,7 +135,8 @@ TEST(units, millimetres) {
         double millimetre;
         int px;
     } rows[] = {
-        {0, 10.0, 52}, {1, 10.0, 56}, {0, 0.5, 3}, {0, -10.0, -52}, {2, 10.0, -1}, {-1, 0.0, -1},
+        {0, 10.0, 52},       {1, 10.0, 56},         {0, 0.5, 3},
+        {0, -10.0, -52},     {2, 10.0, -1},         {-1, 0.0, -1},
         {0, 1e12, INT_MOST}, {1, -1e12, INT_LEAST}, {1, std::numeric_limits<double>::infinity(), INT_MOST},
     };
     for (const auto& row : rows) {
@@ -131,10 +147,45 @@ TEST(units, millimetres) {
 /** The short way through the conversion must never be seen: every text gives what the toolkit gives. */
 TEST(string_to_int, accepts_what_the_toolkit_accepts) {
     std::vector<std::string> texts = {
-        "", "0", "-0", "+0", "-", "+", "42", "+42", "-7", "00012", "010", "-00000000000000000012",
-        "999999999", "9999999999", "2147483647", "2147483648", "-2147483648", "-2147483649", "0x10",
-        "12a", "a12", "1 2", "1.0", "1e3", "1,000", "++42", "+ 42", "- 42", "+-7", "\t 5\n", " -5 ",
-        "\xC2\xA0" "5", "\xD9\xA3", std::string("12\0x", 4), std::string("\0" "12", 3), "-999999999",
+        "",
+        "0",
+        "-0",
+        "+0",
+        "-",
+        "+",
+        "42",
+        "+42",
+        "-7",
+        "00012",
+        "010",
+        "-00000000000000000012",
+        "999999999",
+        "9999999999",
+        "2147483647",
+        "2147483648",
+        "-2147483648",
+        "-2147483649",
+        "0x10",
+        "12a",
+        "a12",
+        "1 2",
+        "1.0",
+        "1e3",
+        "1,000",
+        "++42",
+        "+ 42",
+        "- 42",
+        "+-7",
+        "\t 5\n",
+        " -5 ",
+        "\xC2\xA0"
+        "5",
+        "\xD9\xA3",
+        std::string("12\0x", 4),
+        std::string("\0"
+                    "12",
+                    3),
+        "-999999999",
     };
     for (int byte = 1; byte < 256; ++byte) {
         const std::string one(1, static_cast<char>(byte));
