@@ -117,6 +117,8 @@ TEST_F(option_language, a_pack_that_does_not_load_leaves_a_valid_language_withou
             platform_.add_library(library, row.result, row.has_handle);
         }
         manager packs;
+        const bool is_loaded = row.is_there && row.result == 0 && row.has_handle;
+        EXPECT_EQ(platform_.count("emwOSWGetProcAddress"), is_loaded ? 3U : 0U);
         EXPECT_TRUE(packs.dvc_pnl_rmg_is_valid_option_language(86));
         EXPECT_EQ(packs.dvc_pnl_rmg_get_option_message(2, 86), nullptr);
         EXPECT_EQ(packs.dvc_pnl_rmg_get_option_font_family(86), nullptr);
