@@ -1,0 +1,93 @@
+#include "dvc_pnl_dec_facade.h"
+
+#include "dvc_pnl_dec_key_event_observer.h"
+
+#include <gtest/gtest.h>
+
+#include <atomic>
+#include <cstdlib>
+#include <cstring>
+#include <new>
+
+namespace {
+
+std::atomic<int> allocations{0};
+int sent_messages = 0;
+
+} // namespace
+
+void* operator new(std::size_t size) {
+    ++allocations;
+    if (void* const memory = std::malloc(size > 0 ? size : 1)) {
+        return memory;
+    }
+    throw std::bad_alloc();
+}
+
+void operator delete(void* memory) noexcept {
+    std::free(memory);
+}
+
+void operator delete(void* memory, std::size_t) noexcept {
+    std::free(memory);
+}
+
+OSW_Thread_Guard::OSW_Thread_Guard() {}
+OSW_Thread_Guard::~OSW_Thread_Guard() {}
+OSW_Mutex_Semaphore::OSW_Mutex_Semaphore(int)
+    : state_(nullptr) {}
+OSW_Mutex_Semaphore::~OSW_Mutex_Semaphore() {}
+OSW_Guard::OSW_Guard(OSW_Mutex_Semaphore& mutex)
+    : mutex_(mutex) {}
+OSW_Guard::~OSW_Guard() {}
+OSW_Timer_Control::OSW_Timer_Control(unsigned long kind)
+    : id_(1)
+    , kind_(static_cast<std::uint32_t>(kind)) {}
+OSW_Timer_Control::~OSW_Timer_Control() {}
+
+int emwOSWSleep(unsigned long) {
+    return 0;
+}
+
+namespace velarion {
+
+facade_template::facade_template() {}
+facade_template::~facade_template() {}
+void facade_template::dispatch(long, char*, unsigned int, gen_ipc_msghdr) {}
+bmc_mc_client::bmc_mc_client() {}
+bmc_mc_client::~bmc_mc_client() {}
+
+long bmc_mc_client::bmc_mc_check_facade(const char*, long) {
+    static bool is_ready = false; // every request meets one pause
+    is_ready = !is_ready;
+    return is_ready ? 0 : 1;
+}
+
+long bmc_mc_client::bmc_mc_send_sync_message(long, long, char*, unsigned int, char* rcv_buf,
+                                             unsigned int* rcv_len, const char*) {
+    ++sent_messages;
+    std::memset(rcv_buf, 0, *rcv_len);
+    return 0;
+}
+
+} // namespace velarion
+
+using namespace velarion;
+
+TEST(memory, requests_take_none_from_the_heap) {
+    dvc_pnl_dec_facade* const facade = dvc_pnl_dec_facade::dvc_pnl_dec_get_instance();
+    OSW_Timer_Control timer(0);
+    EXPECT_GE(allocations, 2); // facade and client: what is counted is counted
+
+    allocations = 0;
+    int results = 0;
+    results |= facade->dvc_pnl_dec_set_led_status(DVC_PNL_DEC_LED_FAX, DVC_PNL_DEC_LED_STATUS_ON);
+    results |= facade->dvc_pnl_dec_set_all_led_on();
+    results |= facade->dvc_pnl_dec_set_all_led_off();
+    results |= facade->dvc_pnl_dec_add_key_observer(nullptr);
+    facade->dvc_pnl_dec_set_led_airprint_timer_proc(timer, 1, 2, 3, 4);
+    const int taken = allocations;
+    EXPECT_EQ(taken, 0);
+    EXPECT_EQ(results, 0);
+    EXPECT_EQ(sent_messages, 5);
+}
