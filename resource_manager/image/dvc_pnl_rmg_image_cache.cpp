@@ -1,0 +1,69 @@
+#include "dvc_pnl_rmg_image_cache.h"
+
+#include <QPixmap>
+#include <QPixmapCache>
+
+#include <cstdint>
+#include <limits>
+
+namespace velarion {
+
+namespace {
+
+const int DEFAULT_LIMIT = 16777216;
+const int BYTES_PER_KILOBYTE = 1024;
+const int BITS_PER_BYTE = 8;
+
+int saturated(std::int64_t value) {
+    if (value > std::numeric_limits<int>::max()) {
+        return std::numeric_limits<int>::max();
+    }
+    if (value < std::numeric_limits<int>::min()) {
+        return std::numeric_limits<int>::min();
+    }
+    return static_cast<int>(value);
+}
+
+/** Equals the sum in 32 bits wherever that does not overflow. */
+int cost_of(const QPixmap& pixmap) {
+    const std::int64_t pixels = static_cast<std::int64_t>(pixmap.width()) * pixmap.height();
+    return saturated(pixels * pixmap.depth() / BITS_PER_BYTE);
+}
+
+} // namespace
+
+dvc_pnl_rmg_image_cache::dvc_pnl_rmg_image_cache()
+    : cache_enable_(1)
+    , cache_(DEFAULT_LIMIT) {
+    // Counted in kilobytes there: in effect no limit.
+    QPixmapCache::setCacheLimit(DEFAULT_LIMIT);
+}
+
+dvc_pnl_rmg_image_cache::~dvc_pnl_rmg_image_cache() {}
+
+bool dvc_pnl_rmg_image_cache::dvc_pnl_rmg_image_insert(const QString& key, QPixmap* pixmap, int) {
+    if (cache_enable_ == 0) {
+        return false;
+    }
+    const int cost = cost_of(*pixmap);
+    return cache_.insert(key, new dvc_pnl_rmg_image_cache_entry(pixmap), cost);
+}
+
+QPixmap* dvc_pnl_rmg_image_cache::dvc_pnl_rmg_image_get_pixmap(const QString& key) const {
+    const dvc_pnl_rmg_image_cache_entry* entry = cache_.object(key);
+    return entry == nullptr ? nullptr : entry->get_pixmap();
+}
+
+void dvc_pnl_rmg_image_cache::dvc_pnl_rmg_set_no_cache() {
+    cache_enable_ = 0;
+}
+
+void dvc_pnl_rmg_image_cache::dvc_pnl_rmg_set_cache_limit(int kilobytes) {
+    cache_.setMaxCost(saturated(static_cast<std::int64_t>(kilobytes) * BYTES_PER_KILOBYTE));
+}
+
+int dvc_pnl_rmg_image_cache::dvc_pnl_rmg_get_cache_limit() {
+    return cache_.maxCost() / BYTES_PER_KILOBYTE;
+}
+
+} // namespace velarion

@@ -1,0 +1,569 @@
+#include "dvc_pnl_rmg_image_resource_manager.h"
+
+#include "dvc_pnl_common_utility.h"
+#include "dvc_pnl_rmg_data_file_access.h"
+#include "dvc_pnl_rmg_image_cache.h"
+#include "dvc_pnl_rmg_image_inspection.h"
+#include "dvc_pnl_rmg_property.h"
+#include "dvc_pnl_utl_toolkit.h"
+#include "trace.h"
+
+#include <QColor>
+#include <QFont>
+#include <QMovie>
+#include <QPainter>
+#include <QStringList>
+#include <QSvgRenderer>
+
+#include <cstdlib>
+#include <cstring>
+#include <limits>
+#include <memory>
+
+namespace velarion {
+
+namespace {
+
+const int DATA_AREA = 4;
+const int DATA_GROUP = 33;
+const int NO_IMAGE_ID = -1;
+const char EXTERNAL_MARK = ':';
+const char SVG_EXTENSION[] = ".svg";
+const char PRELOADED_NAME[] = "ico_globalnavi";
+const char* const CACHED_NAMES[] = {"background_setting_i", "list_globalnavi"};
+const char ERROR_IMAGE_FILE[] = "ERROR_IMAGE.png";
+const char ERROR_MOVIE_FILE[] = "ERROR_MOVIE.gif";
+const char TEST_AID_VARIABLE[] = "TEST_ICON_MESSAGE";
+const int PLACEHOLDER_TEXT_LINES = 5;
+
+const int TRACE_MODULE = 0x5302;
+const int TRACE_GROUP = 0x102;
+const int TRACE_PERFORMANCE = 0x102;
+
+struct FILE_TYPE {
+    const char* extension;
+    int type;
+};
+const FILE_TYPE FILE_TYPES[] = {
+    {".png", DVC_PNL_RMG_IMAGE_TYPE_STILL},
+    {".gif", DVC_PNL_RMG_IMAGE_TYPE_MOVIE},
+    {SVG_EXTENSION, DVC_PNL_RMG_IMAGE_TYPE_STILL},
+};
+
+std::string to_utf8(const QString& text) {
+    const QByteArray bytes = text.toUtf8();
+    return std::string(bytes.constData(), static_cast<std::size_t>(bytes.size()));
+}
+
+bool is_number(const QString& id, int& number) {
+    return dvc_pnl_common_utility::string_to_int(to_utf8(id), number);
+}
+
+bool is_svg(const QString& file_name) {
+    return file_name.toLower().endsWith(QLatin1String(SVG_EXTENSION));
+}
+
+bool is_requested_size(int width, int height) {
+    return width > 0 && height > 0;
+}
+
+bool is_cached_name(const QString& name) {
+    for (const char* part : CACHED_NAMES) {
+        if (name.contains(QLatin1String(part))) {
+            return true;
+        }
+    }
+    return false;
+}
+
+QString darker_name(const QString& name) {
+    return dvc_pnl_utl_from_8bit(dvc_pnl_rmg_image_resource_manager::DARKER_IMAGE_NAME_PREFIX.c_str()) + name;
+}
+
+bool is_darker_name(const QString& name) {
+    return name.startsWith(
+        dvc_pnl_utl_from_8bit(dvc_pnl_rmg_image_resource_manager::DARKER_IMAGE_NAME_PREFIX.c_str()));
+}
+
+void add_with_darker_name(QStringList& candidates, const QString& name) {
+    candidates.append(name);
+    if (!is_darker_name(name)) {
+        candidates.append(darker_name(name));
+    }
+}
+
+/** @param pixmap  unchanged on failure */
+bool load_bitmap(const QString& path, QPixmap& pixmap) {
+    QPixmap loaded;
+    if (!dvc_pnl_rmg_is_loadable_image_file(path) || !loaded.load(path) || loaded.isNull()) {
+        return false;
+    }
+    pixmap = loaded;
+    return true;
+}
+
+void trace_performance(const char* text) {
+    emwGENTrcPrintf(TRACE_MODULE, TRACE_GROUP, TRACE_PERFORMANCE, "%s", text);
+}
+
+} // namespace
+
+/** One image request: what is asked for and where the answer goes. */
+struct dvc_pnl_rmg_image_resource_manager::REQUEST {
+    const QString& id;
+    const QString& suffix;
+    int width;
+    int height;
+    QPixmap& pixmap;
+    std::string& found_name;
+};
+
+const std::string dvc_pnl_rmg_image_resource_manager::DARKER_IMAGE_NAME_PREFIX = "d_";
+const std::string dvc_pnl_rmg_image_resource_manager::RESOURCE_DIR = "/usr/local/vuk_app/bin/cmn/image/";
+const std::string dvc_pnl_rmg_image_resource_manager::RESOURCE_SHEETEXTENSION_DIR = "/mnt/sheetext/";
+dvc_pnl_rmg_image_resource_manager* dvc_pnl_rmg_image_resource_manager::instance_ = nullptr;
+
+dvc_pnl_rmg_image_resource_manager* dvc_pnl_rmg_image_resource_manager::dvc_pnl_rmg_create_instance() {
+    if (instance_ == nullptr) {
+        instance_ = new dvc_pnl_rmg_image_resource_manager;
+        instance_->dvc_pnl_rmg_initilize_error_image();
+    }
+    return instance_;
+}
+
+dvc_pnl_rmg_image_resource_manager* dvc_pnl_rmg_image_resource_manager::dvc_pnl_rmg_get_instance() {
+    return instance_;
+}
+
+void dvc_pnl_rmg_image_resource_manager::dvc_pnl_rmg_delete_instance() {
+    delete instance_;
+    instance_ = nullptr;
+}
+
+dvc_pnl_rmg_image_resource_manager::dvc_pnl_rmg_image_resource_manager()
+    : resource_dir_(dvc_pnl_utl_from_8bit(RESOURCE_DIR.c_str()))
+    , sheet_extension_dir_(dvc_pnl_utl_from_8bit(RESOURCE_SHEETEXTENSION_DIR.c_str()))
+    , data_area_(DATA_AREA)
+    , data_group_(DATA_GROUP)
+    , image_cache_(new dvc_pnl_rmg_image_cache)
+    , error_image_(nullptr)
+    , error_movie_(nullptr)
+    , current_image_{NO_IMAGE_ID, nullptr, nullptr} {}
+
+dvc_pnl_rmg_image_resource_manager::~dvc_pnl_rmg_image_resource_manager() {
+    delete image_cache_;
+    delete error_image_;
+}
+
+void dvc_pnl_rmg_image_resource_manager::dvc_pnl_rmg_initialize() {
+    trace_performance("[PERFORM]: Resource Manager Init. (START)");
+    for (int i = 0; i < dvc_pnl_rmg_imple_image_name_table_size; ++i) {
+        const char* file_name = dvc_pnl_rmg_impl_image_name_table[i].file_name;
+        if (std::strstr(file_name, PRELOADED_NAME) != nullptr) {
+            preload(dvc_pnl_utl_from_8bit(file_name));
+        }
+    }
+    trace_performance("[PERFORM]: Resource Manager Init. (END)");
+}
+
+void dvc_pnl_rmg_image_resource_manager::preload(const QString& file_name) {
+    std::unique_ptr<QPixmap> picture;
+    if (is_svg(file_name)) {
+        picture.reset(dvc_pnl_rmg_create_svg_image_data(file_name, 0, 0));
+    } else {
+        picture.reset(new QPixmap);
+        load_bitmap(resource_dir_ + file_name, *picture);
+    }
+    if (!picture->isNull()) {
+        QString key;
+        dvc_pnl_rmg_create_image_id(file_name, 0, 0, key);
+        image_cache_->dvc_pnl_rmg_image_insert(key, picture.release(), 0);
+    }
+}
+
+int dvc_pnl_rmg_image_resource_manager::dvc_pnl_rmg_get_image(const QString& id, QPixmap* pixmap,
+                                                              const QString& suffix, std::string& found_name,
+                                                              int width, int height) {
+    found_name.clear();
+    REQUEST request = {id, suffix, width, height, *pixmap, found_name};
+    if (id.contains(QLatin1Char(EXTERNAL_MARK))) {
+        return get_external_image(request);
+    }
+    int number = 0;
+    return is_number(id, number) ? get_table_image(request, number) : get_file_image(request);
+}
+
+int dvc_pnl_rmg_image_resource_manager::dvc_pnl_rmg_get_image(const QString& id, QPixmap* pixmap, int width,
+                                                              int height) {
+    std::string found_name;
+    return dvc_pnl_rmg_get_image(id, pixmap, QString(), found_name, width, height);
+}
+
+int dvc_pnl_rmg_image_resource_manager::get_external_image(REQUEST& request) {
+    const std::string id = to_utf8(request.id);
+    const auto image = external_images_.find(id);
+    if (image == external_images_.end()) {
+        return DVC_PNL_RMG_IMAGE_NOT_FOUND;
+    }
+    QPixmap picture = image->second;
+    dvc_pnl_rmg_qpixmap_size_convert(picture, request.width, request.height);
+    if (picture.isNull()) {
+        return DVC_PNL_RMG_IMAGE_LOAD_FAILED;
+    }
+    request.pixmap = picture;
+    request.found_name = id;
+    dvc_pnl_rmg_clear_external_image(id);
+    return DVC_PNL_RMG_IMAGE_OK;
+}
+
+int dvc_pnl_rmg_image_resource_manager::get_file_image(REQUEST& request) {
+    const QString name = get_image_name_with_state_suffix(request.id, request.suffix);
+    QStringList candidates;
+    add_with_darker_name(candidates, name);
+    if (!request.suffix.isEmpty()) {
+        add_with_darker_name(candidates, request.id);
+    }
+    const bool is_svg_request = is_svg(name);
+    for (const QString& candidate : candidates) {
+        const bool is_taken = is_svg_request ? take_rendered(request, candidate, false)
+                                             : take_loaded(request, resource_dir_, candidate) ||
+                                                   take_loaded(request, sheet_extension_dir_, candidate);
+        if (is_taken) {
+            return DVC_PNL_RMG_IMAGE_OK;
+        }
+    }
+    return fail(request, is_svg_request ? DVC_PNL_RMG_IMAGE_SVG_FAILED : DVC_PNL_RMG_IMAGE_LOAD_FAILED);
+}
+
+int dvc_pnl_rmg_image_resource_manager::get_table_image(REQUEST& request, int number) {
+    if (!find_current_image(request.id, number)) {
+        return fail(request, DVC_PNL_RMG_IMAGE_NOT_FOUND);
+    }
+    if (dvc_pnl_utl_from_8bit(current_image_.image_name).isEmpty()) {
+        return fail(request, DVC_PNL_RMG_IMAGE_NO_IMAGE_NAME);
+    }
+    const QString file_name = dvc_pnl_utl_from_8bit(current_image_.file_name);
+    if (file_name.isEmpty()) {
+        return fail(request, DVC_PNL_RMG_IMAGE_LOAD_FAILED);
+    }
+    const QString name = get_image_name_with_state_suffix(file_name, request.suffix);
+    const QString darker = darker_name(name);
+    if (take_cached(request, name) || take_cached(request, darker)) {
+        return DVC_PNL_RMG_IMAGE_OK;
+    }
+    if (is_svg(file_name)) {
+        const bool is_taken = take_rendered(request, name, true) || take_rendered(request, darker, true);
+        return is_taken ? DVC_PNL_RMG_IMAGE_OK : fail(request, DVC_PNL_RMG_IMAGE_SVG_FAILED);
+    }
+    const bool is_taken =
+        take_loaded(request, resource_dir_, name) || take_loaded(request, resource_dir_, darker);
+    return is_taken ? DVC_PNL_RMG_IMAGE_OK : fail(request, DVC_PNL_RMG_IMAGE_LOAD_FAILED);
+}
+
+/** Makes the row of a number the current image element, unless it is so already. */
+bool dvc_pnl_rmg_image_resource_manager::find_current_image(const QString& id, int number) {
+    return number == current_image_.image_id ||
+           dvc_pnl_rmg_search_image_id_info(id.toUtf8().constData()) != DVC_PNL_RMG_IMAGE_TYPE_NONE;
+}
+
+bool dvc_pnl_rmg_image_resource_manager::take_cached(REQUEST& request, const QString& name) {
+    QString key;
+    dvc_pnl_rmg_create_image_id(name, request.width, request.height, key);
+    const QPixmap* cached = image_cache_->dvc_pnl_rmg_image_get_pixmap(key);
+    if (cached == nullptr) {
+        return false;
+    }
+    request.pixmap = *cached;
+    request.found_name = to_utf8(name);
+    return true;
+}
+
+bool dvc_pnl_rmg_image_resource_manager::take_rendered(REQUEST& request, const QString& name,
+                                                       bool is_cacheable) {
+    std::unique_ptr<QPixmap> picture(dvc_pnl_rmg_create_svg_image_data(name, request.width, request.height));
+    if (picture->isNull()) {
+        return false;
+    }
+    request.pixmap = *picture;
+    request.found_name = to_utf8(name);
+    if (is_cacheable && is_cached_name(name)) {
+        QString key;
+        dvc_pnl_rmg_create_image_id(name, request.width, request.height, key);
+        image_cache_->dvc_pnl_rmg_image_insert(key, picture.release(), 0);
+    }
+    return true;
+}
+
+bool dvc_pnl_rmg_image_resource_manager::take_loaded(REQUEST& request, const QString& directory,
+                                                     const QString& name) {
+    QPixmap picture;
+    if (!load_bitmap(directory + name, picture)) {
+        return false;
+    }
+    dvc_pnl_rmg_qpixmap_size_convert(picture, request.width, request.height);
+    if (picture.isNull()) {
+        return false;
+    }
+    request.pixmap = picture;
+    request.found_name = to_utf8(name);
+    return true;
+}
+
+int dvc_pnl_rmg_image_resource_manager::fail(REQUEST& request, int result) {
+    get_error_image(&request.pixmap);
+    return result;
+}
+
+int dvc_pnl_rmg_image_resource_manager::dvc_pnl_rmg_get_movie_filepath(const QString& id, QString& path) {
+    int number = 0;
+    if (!is_number(id, number)) {
+        path = resource_dir_ + id;
+        return DVC_PNL_RMG_IMAGE_OK;
+    }
+    const bool is_found = find_current_image(id, number);
+    const bool is_named = !dvc_pnl_utl_from_8bit(current_image_.image_name).isEmpty();
+    if (is_found && is_named) {
+        path = resource_dir_ + dvc_pnl_utl_from_8bit(current_image_.file_name);
+        return DVC_PNL_RMG_IMAGE_OK;
+    }
+    path = resource_dir_ + QLatin1String(ERROR_MOVIE_FILE);
+    return is_found ? DVC_PNL_RMG_IMAGE_NO_IMAGE_NAME : DVC_PNL_RMG_IMAGE_NOT_FOUND;
+}
+
+QString dvc_pnl_rmg_image_resource_manager::get_image_name_with_state_suffix(QString name,
+                                                                             const QString& suffix) {
+    if (name.isEmpty()) {
+        return name;
+    }
+    const int extension = name.lastIndexOf(QLatin1Char('.'));
+    return name.insert(extension < 0 ? name.size() : extension, suffix);
+}
+
+int dvc_pnl_rmg_image_resource_manager::compare_element(const void* first, const void* second) {
+    const std::int32_t left = static_cast<const DVC_PNL_RMG_IMPL_IMAGE_NAME*>(first)->image_id;
+    const std::int32_t right = static_cast<const DVC_PNL_RMG_IMPL_IMAGE_NAME*>(second)->image_id;
+    return left < right ? -1 : (left > right ? 1 : 0);
+}
+
+bool dvc_pnl_rmg_image_resource_manager::search_image_element(const DVC_PNL_RMG_IMPL_IMAGE_NAME& key,
+                                                              DVC_PNL_RMG_IMPL_IMAGE_NAME& found) {
+    unsigned int lower = 0;
+    unsigned int upper = static_cast<unsigned int>(dvc_pnl_rmg_imple_image_name_table_size);
+    while (lower < upper) {
+        const unsigned int middle = (lower + upper) / 2;
+        const DVC_PNL_RMG_IMPL_IMAGE_NAME& row = dvc_pnl_rmg_impl_image_name_table[middle];
+        const int order = compare_element(&key, &row);
+        if (order == 0) {
+            found = row;
+            return true;
+        }
+        if (order < 0) {
+            upper = middle;
+        } else {
+            lower = middle + 1;
+        }
+    }
+    return false;
+}
+
+int dvc_pnl_rmg_image_resource_manager::judgement_image_type(const DVC_PNL_RMG_IMPL_IMAGE_NAME& image) {
+    const QString name = dvc_pnl_utl_from_8bit(image.file_name).toLower();
+    for (const FILE_TYPE& file_type : FILE_TYPES) {
+        if (name.endsWith(QLatin1String(file_type.extension))) {
+            return file_type.type;
+        }
+    }
+    return DVC_PNL_RMG_IMAGE_TYPE_NONE;
+}
+
+int dvc_pnl_rmg_image_resource_manager::dvc_pnl_rmg_search_image_id_info(const char* id) {
+    if (id == nullptr) {
+        return DVC_PNL_RMG_IMAGE_TYPE_NONE;
+    }
+    if (std::strchr(id, EXTERNAL_MARK) != nullptr) {
+        external_name_ = std::string(id); // a copy first: id may be the name itself
+        current_image_ = {NO_IMAGE_ID, nullptr, external_name_.c_str()};
+        return DVC_PNL_RMG_IMAGE_TYPE_STILL;
+    }
+    DVC_PNL_RMG_IMPL_IMAGE_NAME wanted = {NO_IMAGE_ID, nullptr, id};
+    int number = 0;
+    if (!dvc_pnl_common_utility::string_to_int(id, number)) {
+        return judgement_image_type(wanted);
+    }
+    wanted.image_id = number;
+    if (!search_image_element(wanted, current_image_)) {
+        return DVC_PNL_RMG_IMAGE_TYPE_NONE;
+    }
+    return judgement_image_type(current_image_);
+}
+
+int dvc_pnl_rmg_image_resource_manager::dvc_pnl_rmg_get_image_type(const char* id) {
+    return dvc_pnl_rmg_search_image_id_info(id);
+}
+
+void dvc_pnl_rmg_image_resource_manager::dvc_pnl_rmg_get_icon_file_mame(const QString& id, QString& file) {
+    dvc_pnl_rmg_search_image_id_info(id.toUtf8().constData());
+    file = dvc_pnl_utl_from_8bit(current_image_.file_name);
+}
+
+void dvc_pnl_rmg_image_resource_manager::dvc_pnl_rmg_create_image_id(QString name, int width, int height,
+                                                                     QString& key) {
+    key = name;
+    if (is_requested_size(width, height)) {
+        const int digits = 6;
+        const int decimal = 10;
+        key = QString::fromLatin1("%1-%2-")
+                  .arg(width, digits, decimal, QLatin1Char('0'))
+                  .arg(height, digits, decimal, QLatin1Char('0')) +
+              name;
+    }
+}
+
+void dvc_pnl_rmg_image_resource_manager::dvc_pnl_rmg_set_cache_limit(int kilobytes) {
+    if (kilobytes >= 1) {
+        image_cache_->dvc_pnl_rmg_set_cache_limit(kilobytes);
+    }
+}
+
+int dvc_pnl_rmg_image_resource_manager::dvc_pnl_rmg_get_cache_limit() {
+    return image_cache_->dvc_pnl_rmg_get_cache_limit();
+}
+
+QPixmap* dvc_pnl_rmg_image_resource_manager::dvc_pnl_rmg_convert_svg_image_data(QSvgRenderer& renderer,
+                                                                                int width, int height) {
+    if (!renderer.isValid()) {
+        return new QPixmap;
+    }
+    const QSize size = is_requested_size(width, height) ? QSize(width, height) : renderer.viewBox().size();
+    if (!dvc_pnl_rmg_is_allowed_size(size.width(), size.height())) {
+        return new QPixmap;
+    }
+    std::unique_ptr<QPixmap> picture(new QPixmap(size));
+    if (!picture->isNull()) {
+        picture->fill(QColor(0, 0, 0, 0));
+        QPainter painter(picture.get());
+        renderer.render(&painter);
+    }
+    return picture.release();
+}
+
+QPixmap* dvc_pnl_rmg_image_resource_manager::dvc_pnl_rmg_create_svg_image_data(QString name, int width,
+                                                                               int height) {
+    const QString path = resource_dir_ + name;
+    QSvgRenderer renderer;
+    if (dvc_pnl_rmg_is_drawable_svg_file(path)) {
+        renderer.load(path);
+    }
+    return dvc_pnl_rmg_convert_svg_image_data(renderer, width, height);
+}
+
+QPixmap* dvc_pnl_rmg_image_resource_manager::dvc_pnl_rmg_create_svg_image_data(QByteArray document, int width,
+                                                                               int height) {
+    QSvgRenderer renderer;
+    if (dvc_pnl_rmg_is_drawable_svg(document)) {
+        renderer.load(document);
+    }
+    return dvc_pnl_rmg_convert_svg_image_data(renderer, width, height);
+}
+
+void dvc_pnl_rmg_image_resource_manager::dvc_pnl_rmg_qpixmap_size_convert(QPixmap& pixmap, int width,
+                                                                          int height) {
+    if (!is_requested_size(width, height)) {
+        return;
+    }
+    const bool is_allowed = dvc_pnl_rmg_is_allowed_size(width, height);
+    pixmap = is_allowed ? pixmap.scaled(width, height, Qt::IgnoreAspectRatio, Qt::SmoothTransformation)
+                        : QPixmap();
+}
+
+void dvc_pnl_rmg_image_resource_manager::get_error_image(QPixmap* pixmap) {
+    if (std::getenv(TEST_AID_VARIABLE) == nullptr) {
+        return;
+    }
+    if (error_image_ == nullptr) {
+        error_image_ = new QPixmap;
+        load_bitmap(resource_dir_ + QLatin1String(ERROR_IMAGE_FILE), *error_image_);
+    }
+    *pixmap = *error_image_;
+    if (pixmap->isNull()) {
+        return;
+    }
+    QFont font;
+    const int text_height = pixmap->height() / PLACEHOLDER_TEXT_LINES;
+    if (text_height > 0) {
+        font.setPixelSize(text_height);
+    }
+    QPainter painter(pixmap);
+    painter.setFont(font);
+    painter.drawText(QRect(0, 0, pixmap->width(), pixmap->height()), Qt::TextWordWrap,
+                     dvc_pnl_utl_from_8bit(current_image_.image_name));
+}
+
+void dvc_pnl_rmg_image_resource_manager::get_error_movie(QMovie*& movie, QObject* parent) {
+    if (error_movie_ == nullptr) {
+        error_movie_ = new QMovie(parent);
+        error_movie_->setFileName(resource_dir_ + QLatin1String(ERROR_MOVIE_FILE));
+    }
+    movie = error_movie_;
+}
+
+void dvc_pnl_rmg_image_resource_manager::dvc_pnl_rmg_initilize_error_image() {
+    error_image_ = nullptr;
+    error_movie_ = nullptr;
+}
+
+int dvc_pnl_rmg_image_resource_manager::dvc_pnl_rmg_set_machine_specific_path(const char* path, int& error) {
+    error = 0;
+    if (path == nullptr || *path == '\0') {
+        return DVC_PNL_RMG_RESULT_NOT_FOUND;
+    }
+    machine_data_file_ = std::string(path); // a copy first: path may be the stored one
+    return DVC_PNL_RMG_RESULT_OK;
+}
+
+const char* dvc_pnl_rmg_image_resource_manager::dvc_pnl_rmg_get_machine_data_file() {
+    return machine_data_file_.c_str();
+}
+
+bool dvc_pnl_rmg_image_resource_manager::dvc_pnl_rmg_is_exist_data_file(const char* name, int& error) {
+    return dvc_pnl_rmg_data_file_access(data_area_, data_group_).exists(name, error);
+}
+
+int dvc_pnl_rmg_image_resource_manager::dvc_pnl_rmg_remove_data_file(const char* name, int& error) {
+    return dvc_pnl_rmg_data_file_access(data_area_, data_group_).remove(name, error);
+}
+
+int dvc_pnl_rmg_image_resource_manager::dvc_pnl_rmg_set_image_data(const char* name,
+                                                                   const unsigned char* bytes,
+                                                                   unsigned long count, int& error) {
+    return dvc_pnl_rmg_data_file_access(data_area_, data_group_).write(name, bytes, count, error);
+}
+
+int dvc_pnl_rmg_image_resource_manager::dvc_pnl_rmg_get_image_data(const char* name,
+                                                                   std::vector<unsigned char>& data,
+                                                                   int& error) {
+    return dvc_pnl_rmg_data_file_access(data_area_, data_group_).read(name, data, error);
+}
+
+int dvc_pnl_rmg_image_resource_manager::dvc_pnl_rmg_set_external_image(const std::string& id,
+                                                                       unsigned char* bytes,
+                                                                       unsigned long count) {
+    if (bytes == nullptr || count > static_cast<unsigned long>(std::numeric_limits<int>::max())) {
+        return DVC_PNL_RMG_RESULT_IMAGE_ERROR;
+    }
+    const int size = static_cast<int>(count);
+    const QByteArray encoded =
+        QByteArray::fromRawData(static_cast<const char*>(static_cast<void*>(bytes)), size);
+    QPixmap picture;
+    if (!dvc_pnl_rmg_is_loadable_image(encoded) || !picture.loadFromData(encoded) || picture.isNull()) {
+        return DVC_PNL_RMG_RESULT_IMAGE_ERROR;
+    }
+    const bool is_added = external_images_.insert(std::make_pair(id, picture)).second;
+    return is_added ? DVC_PNL_RMG_RESULT_OK : DVC_PNL_RMG_RESULT_IMAGE_ERROR;
+}
+
+void dvc_pnl_rmg_image_resource_manager::dvc_pnl_rmg_clear_external_image(const std::string& id) {
+    external_images_.erase(id);
+}
+
+} // namespace velarion
