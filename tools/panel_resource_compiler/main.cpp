@@ -1,4 +1,6 @@
 #include "diagnostics.h"
+#include "image_catalogue.h"
+#include "image_table_writer.h"
 #include "message_catalogue.h"
 #include "message_table_writer.h"
 #include "option_pack.h"
@@ -12,23 +14,25 @@ namespace {
 enum EXIT_CODE { EXIT_GOOD = 0, EXIT_CATALOGUE_FAULT = 1, EXIT_USAGE = 2, EXIT_FILE_FAULT = 3 };
 
 const char HELP[] =
-    R"(panel_resource_compiler - turns the panel's message catalogue into what the library loads
+    R"(panel_resource_compiler - turns the panel's catalogue into what the library loads
 
 Usage:
   panel_resource_compiler check    --catalogue DIR [-W...]
   panel_resource_compiler messages --catalogue DIR --output DIR [-W...]
+  panel_resource_compiler images   --catalogue DIR --output DIR [-W...]
   panel_resource_compiler pack     --catalogue DIR --pack DIR --output DIR [-W...]
 
 Commands:
-  check      checks messages, texts and every pack below DIR/packs; writes nothing
+  check      checks messages, texts, images and every pack below DIR/packs; writes nothing
   messages   writes message_id_table.cpp and message_text_table.cpp
+  images     writes image_name_table.cpp
   pack       writes option_pack.cpp and the pack's other files below tree/panel/
 
 Options:
-  --catalogue DIR      folder that holds messages.tsv and texts/<language>.tsv
+  --catalogue DIR      folder that holds messages.tsv, texts/<language>.tsv and images.tsv
   --pack DIR           pack folder, named like its language id
   --output DIR         where to write; made when missing
-  -Wno-CLASS           leaves out the warnings of a class: placeholders, fonts
+  -Wno-CLASS           leaves out the warnings of a class: placeholders, fonts, extensions
   -Werror=CLASS        makes them errors
   --help, --version
 
@@ -89,7 +93,7 @@ bool read_command_line(const std::vector<std::string>& arguments, command_line& 
             return false;
         }
     }
-    const bool writes = line.command == "messages" || line.command == "pack";
+    const bool writes = line.command == "messages" || line.command == "images" || line.command == "pack";
     if (!writes && line.command != "check") {
         fault = "unknown command \"" + line.command + "\"";
     } else if (line.catalogue.empty()) {
@@ -111,6 +115,41 @@ void check_all_packs(const std::string& folder, const message_catalogue& catalog
     }
 }
 
+/** What a command works on, as far as it needs it. */
+struct catalogue {
+    message_catalogue messages;
+    std::vector<catalogue_image> images;
+    option_pack pack;
+};
+
+catalogue read_catalogue(const command_line& line, diagnostics& report) {
+    catalogue read;
+    if (line.command != "images") {
+        read.messages = read_message_catalogue(line.catalogue, report);
+    }
+    if (line.command == "images" || line.command == "check") {
+        read.images = read_image_catalogue(line.catalogue, report);
+    }
+    if (line.command == "pack") {
+        read.pack = read_option_pack(line.pack, read.messages, report);
+    } else if (line.command == "check") {
+        check_all_packs(line.catalogue, read.messages, report);
+    }
+    return read;
+}
+
+bool write_output(const command_line& line, const catalogue& read, std::string& fault) {
+    std::error_code error;
+    std::filesystem::create_directories(line.output, error);
+    if (error) {
+        fault = line.output + ": " + error.message();
+        return false;
+    }
+    return line.command == "pack"     ? write_option_pack(read.pack, line.output, fault)
+           : line.command == "images" ? write_image_table(read.images, line.output, fault)
+                                      : write_message_tables(read.messages, line.output, fault);
+}
+
 /** Writes nothing while the catalogue has errors. */
 int run(const command_line& line) {
     diagnostics report(std::cerr);
@@ -120,30 +159,17 @@ int run(const command_line& line) {
     for (const std::string& name : line.error_classes) {
         report.make_class_an_error(name);
     }
-    const message_catalogue catalogue = read_message_catalogue(line.catalogue, report);
-    option_pack pack;
-    if (line.command == "pack") {
-        pack = read_option_pack(line.pack, catalogue, report);
-    } else if (line.command == "check") {
-        check_all_packs(line.catalogue, catalogue, report);
-    }
+    const catalogue read = read_catalogue(line, report);
     report.write_summary();
     if (report.error_count() != 0) {
         return EXIT_CATALOGUE_FAULT;
     }
-    if (line.command == "check") {
-        return EXIT_GOOD;
-    }
-    std::error_code error;
-    std::filesystem::create_directories(line.output, error);
-    std::string fault = error ? line.output + ": " + error.message() : std::string();
-    const bool written =
-        fault.empty() && (line.command == "pack" ? write_option_pack(pack, line.output, fault)
-                                                 : write_message_tables(catalogue, line.output, fault));
-    if (!written) {
+    std::string fault;
+    if (line.command != "check" && !write_output(line, read, fault)) {
         std::cerr << "panel_resource_compiler: " << fault << '\n';
+        return EXIT_FILE_FAULT;
     }
-    return written ? EXIT_GOOD : EXIT_FILE_FAULT;
+    return EXIT_GOOD;
 }
 
 } // namespace

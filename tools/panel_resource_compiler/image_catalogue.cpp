@@ -1,0 +1,120 @@
+#include "image_catalogue.h"
+
+#include "tsv_table.h"
+
+#include <algorithm>
+#include <array>
+#include <map>
+
+const char WARNING_EXTENSIONS[] = "extensions";
+
+namespace {
+
+const std::string BLANK = " ";
+const std::string IDEOGRAPHIC_SPACE = "\xE3\x80\x80";
+const std::array<std::string, 3> EXTENSIONS = {".png", ".svg", ".gif"};
+
+bool is_printable_ascii(const std::string& text) {
+    return std::all_of(text.begin(), text.end(), [](char c) { return c >= ' ' && c <= '~'; });
+}
+
+std::string lower_case(std::string text) {
+    for (char& c : text) {
+        c = c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
+    }
+    return text;
+}
+
+bool has_picture_extension(const std::string& file) {
+    const std::string name = lower_case(file);
+    return std::any_of(EXTENSIONS.begin(), EXTENSIONS.end(), [&name](const std::string& extension) {
+        return name.size() > extension.size() &&
+               name.compare(name.size() - extension.size(), extension.size(), extension) == 0;
+    });
+}
+
+class image_checker {
+public:
+    explicit image_checker(diagnostics& report)
+        : report_(report) {}
+
+    void check(const source_place& place, const catalogue_image& image) {
+        check_id(place, image.id);
+        check_name(place, image.name);
+        check_file(place, image.file);
+    }
+
+private:
+    void check_id(const source_place& place, std::int32_t id) {
+        if (id < 1) {
+            report_.error(place, "id " + std::to_string(id) + " is less than 1");
+        } else if (id == last_id_) {
+            report_.error(place, "id " + std::to_string(id) + " stands twice");
+        } else if (id < last_id_) {
+            report_.error(place, "id " + std::to_string(id) + " stands after " + std::to_string(last_id_) +
+                                     "; ids must ascend");
+        }
+        last_id_ = std::max(id, last_id_);
+    }
+
+    void check_name(const source_place& place, const std::string& name) {
+        if (name.empty()) {
+            report_.error(place, "the image has no name");
+            return;
+        }
+        if (!is_printable_ascii(name)) {
+            report_.error(place, "the name \"" + name + "\" holds more than printable ASCII");
+        }
+        const auto [first, is_new] = names_.emplace(name, place.line);
+        if (!is_new) {
+            report_.error(place, "the name \"" + name + "\" stands in line " + std::to_string(first->second) +
+                                     " already");
+        }
+    }
+
+    void check_file(const source_place& place, const std::string& file) {
+        if (file.empty()) {
+            report_.error(place, "the image has no file; one blank stands for an image without a picture");
+        } else if (is_blank_file_name(file)) {
+            return;
+        } else if (!is_printable_ascii(file)) {
+            report_.error(place, "the file \"" + file + "\" holds more than printable ASCII");
+        } else if (file.find_first_of("/\\") != std::string::npos) {
+            report_.error(place, "the file \"" + file + "\" holds a path separator");
+        } else if (file.front() == ' ' || file.back() == ' ') {
+            report_.error(place, "the file \"" + file + "\" begins or ends with a blank");
+        } else if (file.find(':') != std::string::npos) {
+            report_.error(place, "the file \"" + file + "\" holds a \":\", which marks external images");
+        } else if (!has_picture_extension(file)) {
+            report_.warning(WARNING_EXTENSIONS, place,
+                            "the file \"" + file + "\" does not end in .png, .svg or .gif: never shown");
+        }
+    }
+
+    diagnostics& report_;
+    std::int32_t last_id_ = 0;
+    std::map<std::string, std::size_t> names_; // the line of each name's first image
+};
+
+} // namespace
+
+bool is_blank_file_name(const std::string& file) {
+    return file == BLANK || file == IDEOGRAPHIC_SPACE;
+}
+
+std::vector<catalogue_image> read_image_catalogue(const std::string& folder, diagnostics& report) {
+    const std::string path = folder + "/images.tsv";
+    std::vector<catalogue_image> images;
+    image_checker checker(report);
+    for (const tsv_record& record : read_tsv_table(path, {"id", "name", "file"}, report)) {
+        catalogue_image image{0, record.fields[1], record.fields[2]};
+        if (read_number_field(record, 0, "id", report, image.id)) {
+            checker.check(record.place, image);
+            images.push_back(std::move(image));
+        }
+    }
+    if (images.empty()) {
+        report.error({path, 0}, "holds no image");
+    }
+    return images;
+}

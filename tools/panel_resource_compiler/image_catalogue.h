@@ -1,0 +1,30 @@
+#ifndef IMAGE_CATALOGUE_H
+#define IMAGE_CATALOGUE_H
+
+#include "diagnostics.h"
+
+#include <cstdint>
+#include <string>
+#include <vector>
+
+/** Name of the warning class for files that the panel takes for no picture. */
+extern const char WARNING_EXTENSIONS[];
+
+struct catalogue_image {
+    std::int32_t id;
+    std::string name;
+    std::string file; ///< UTF-8; one blank, or one ideographic space, for an image without a picture
+};
+
+/** Whether a file name stands for "no picture". */
+bool is_blank_file_name(const std::string& file);
+
+/**
+ * Reads images.tsv of a catalogue folder and checks it. The images are usable only when the report counts
+ * no error.
+ *
+ * @return the images, ascending by id
+ */
+std::vector<catalogue_image> read_image_catalogue(const std::string& folder, diagnostics& report);
+
+#endif

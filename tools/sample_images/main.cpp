@@ -1,0 +1,112 @@
+#include "image_catalogue.h"
+#include "picture_files.h"
+
+#include <QCoreApplication>
+#include <filesystem>
+#include <iostream>
+#include <map>
+#include <set>
+
+namespace {
+
+enum EXIT_CODE { EXIT_GOOD = 0, EXIT_SOURCE_FAULT = 1, EXIT_USAGE = 2, EXIT_FILE_FAULT = 3 };
+
+const char HELP[] =
+    R"(sample_images_builder - makes every picture of the image list for the sample device
+
+Usage:
+  sample_images_builder --catalogue DIR --glyphs FILE --drawn DIR --output DIR
+
+Options:
+  --catalogue DIR   folder that holds images.tsv
+  --glyphs FILE     the pictograms by the words of file names
+  --drawn DIR       pictures drawn by hand: copied instead of generated
+  --output DIR      the image directory; made when missing
+  --help
+
+Exit codes: 0 good, 1 the image list or the pictograms have errors, 2 usage, 3 a file cannot be written.
+)";
+
+using option_values = std::map<std::string, std::string>;
+
+bool read_command_line(const QStringList& arguments, option_values& options, std::string& fault) {
+    for (int i = 1; i < arguments.size(); i += 2) {
+        const auto option = options.find(arguments[i].toStdString());
+        if (option == options.end()) {
+            fault = "unknown option \"" + arguments[i].toStdString() + "\"";
+            return false;
+        }
+        option->second = arguments.value(i + 1).toStdString();
+    }
+    for (const auto& [name, value] : options) {
+        if (value.empty()) {
+            fault = name + " is missing or has no value";
+        }
+    }
+    return fault.empty();
+}
+
+std::set<std::string> files_of(const std::vector<catalogue_image>& images) {
+    std::set<std::string> files;
+    for (const catalogue_image& image : images) {
+        if (!is_blank_file_name(image.file)) {
+            files.insert(image.file);
+        }
+    }
+    return files;
+}
+
+void show_progress(std::size_t done, std::size_t all) {
+    const std::size_t step = 500;
+    if (done % step == 0 || done == all) {
+        std::cerr << "sample pictures: " << done << " of " << all << '\n';
+    }
+}
+
+bool make_all(const picture_files& maker, const std::set<std::string>& files, std::string& fault) {
+    std::size_t done = 0;
+    for (const std::string& file : files) {
+        if (!maker.make(file, fault) || !maker.make_states(file, fault)) {
+            return false;
+        }
+        show_progress(++done, files.size());
+    }
+    return maker.make_placeholders(fault) && maker.copy_drawn(fault);
+}
+
+int run(const option_values& options) {
+    diagnostics report(std::cerr);
+    const glyph_book book(options.at("--glyphs"), report);
+    const std::set<std::string> files = files_of(read_image_catalogue(options.at("--catalogue"), report));
+    report.write_summary();
+    if (report.error_count() != 0) {
+        return EXIT_SOURCE_FAULT;
+    }
+    const std::string& output = options.at("--output");
+    std::error_code error;
+    std::filesystem::create_directories(output, error);
+    std::string fault = error ? output + ": " + error.message() : std::string();
+    if (!fault.empty() || !make_all({book, options.at("--drawn"), output}, files, fault)) {
+        std::cerr << "sample_images_builder: " << fault << '\n';
+        return EXIT_FILE_FAULT;
+    }
+    return EXIT_GOOD;
+}
+
+} // namespace
+
+int main(int argc, char** argv) {
+    const QCoreApplication application(argc, argv);
+    const QStringList arguments = QCoreApplication::arguments();
+    if (arguments.contains("--help") || arguments.contains("-h")) {
+        std::cout << HELP;
+        return EXIT_GOOD;
+    }
+    option_values options = {{"--catalogue", ""}, {"--glyphs", ""}, {"--drawn", ""}, {"--output", ""}};
+    std::string fault;
+    if (!read_command_line(arguments, options, fault)) {
+        std::cerr << "sample_images_builder: " << fault << "; see --help\n";
+        return EXIT_USAGE;
+    }
+    return run(options);
+}

@@ -1,0 +1,17 @@
+#ifndef MOVIE_WRITER_H
+#define MOVIE_WRITER_H
+
+#include <QImage>
+#include <string>
+#include <vector>
+
+/**
+ * Writes pictures of one size as a GIF that runs for ever.
+ *
+ * @param frames  at least one; wholly transparent pixels stay transparent, all others become opaque
+ * @param delay   of each frame, in hundredths of a second
+ * @param fault   receives the reason when it fails
+ */
+bool write_movie(const std::string& path, const std::vector<QImage>& frames, int delay, std::string& fault);
+
+#endif

@@ -1,0 +1,177 @@
+#include "picture_files.h"
+
+#include "movie_writer.h"
+
+#include <QPainter>
+#include <QSvgRenderer>
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+
+namespace {
+
+const char SELECTED_SUFFIX[] = "_on";
+const char OFF_SUFFIX[] = "_off";
+
+bool begins_with(const std::string& text, const std::string& beginning) {
+    return text.compare(0, beginning.size(), beginning) == 0;
+}
+
+bool read_file(const std::string& path, std::string& content) {
+    std::ifstream file(path, std::ios::binary);
+    content.assign(std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>());
+    return file.good() && !content.empty();
+}
+
+QImage render(const std::string& document, double width, double height) {
+    QImage image(static_cast<int>(width + 0.5), static_cast<int>(height + 0.5),
+                 QImage::Format_ARGB32_Premultiplied);
+    image.fill(Qt::transparent);
+    QSvgRenderer renderer(QByteArray(document.data(), static_cast<int>(document.size())));
+    QPainter painter(&image);
+    renderer.render(&painter);
+    return image;
+}
+
+/** Gives every colour of a drawn picture the same value. */
+std::string in_one_color(std::string document, const std::string& color) {
+    for (std::size_t at = document.find("=\"#"); at != std::string::npos;
+         at = document.find("=\"#", at + 3)) {
+        const std::size_t end = document.find('"', at + 2);
+        document.replace(at + 2, end - at - 2, color);
+    }
+    return document;
+}
+
+/** The selected state of a drawn icon: ink on an accent plate. */
+std::string on_plate(const std::string& document) {
+    const palette colors;
+    std::string result = in_one_color(document, colors.ink);
+    const std::string end_of_title = "</title>\n";
+    const std::size_t body = result.find(end_of_title);
+    const std::size_t end = result.rfind("</svg>");
+    if (body == std::string::npos || end == std::string::npos) {
+        return result;
+    }
+    result.insert(end, "  </g>\n");
+    result.insert(body + end_of_title.size(),
+                  "  <rect x=\"2\" y=\"2\" width=\"44\" height=\"44\" rx=\"9\" ry=\"9\" fill=\"" +
+                      colors.accent + "\"/>\n  <g transform=\"translate(4.08 4.08) scale(0.83)\">\n");
+    return result;
+}
+
+const char PLACEHOLDER[] =
+    "<svg xmlns=\"http://www.w3.org/2000/svg\" width=\"100\" height=\"60\" viewBox=\"0 0 100 60\">"
+    "<rect width=\"100\" height=\"60\" fill=\"#e5484d\"/>"
+    "<rect x=\"2\" y=\"2\" width=\"96\" height=\"56\" fill=\"%1\"/>"
+    "<path d=\"M76 36l14 14M90 36l-14 14\" stroke=\"#e5484d\" stroke-width=\"3\" "
+    "stroke-linecap=\"round\"/></svg>";
+
+std::string placeholder(const std::string& color) {
+    std::string document = PLACEHOLDER;
+    return document.replace(document.find("%1"), 2, color);
+}
+
+} // namespace
+
+picture_files::picture_files(const glyph_book& book, const std::string& drawn_folder,
+                             const std::string& output_folder)
+    : book_(book)
+    , drawn_folder_(drawn_folder + '/')
+    , output_folder_(output_folder + '/') {}
+
+bool picture_files::make(const std::string& file, std::string& fault) const {
+    if (std::filesystem::exists(drawn_folder_ + file)) {
+        return true; // copy_drawn brings it
+    }
+    const picture_name name = read_picture_name(file, book_);
+    if (name.extension == ".svg") {
+        return make_vector(file, draw_document(name, book_, 0), fault);
+    }
+    return name.extension == ".gif" ? make_movie(name, fault) : make_bitmap(name, fault);
+}
+
+bool picture_files::make_vector(const std::string& file, const std::string& document,
+                                std::string& fault) const {
+    std::ofstream output(output_folder_ + file, std::ios::binary);
+    output << document;
+    output.close();
+    if (!output) {
+        fault = output_folder_ + file + ": cannot be written";
+    }
+    return output.good();
+}
+
+bool picture_files::make_bitmap(const picture_name& name, std::string& fault) const {
+    const picture_kind kind = kind_of(name);
+    const QImage image =
+        render(draw_document(name, book_, 0), kind.width * kind.pixel_scale, kind.height * kind.pixel_scale);
+    const std::string path = output_folder_ + name.file;
+    const bool is_written = image.save(QString::fromStdString(path), "PNG");
+    if (!is_written) {
+        fault = path + ": cannot be written";
+    }
+    return is_written;
+}
+
+bool picture_files::make_movie(const picture_name& name, std::string& fault) const {
+    const picture_kind kind = kind_of(name);
+    // Without a background the smoothed edges of a movie, which knows no half transparency, turn ragged.
+    const QColor background(QString::fromStdString(palette().background));
+    std::vector<QImage> frames;
+    for (int i = 0; i < kind.frames; ++i) {
+        const QImage drawn = render(draw_document(name, book_, static_cast<double>(i) / kind.frames),
+                                    kind.width * kind.pixel_scale, kind.height * kind.pixel_scale);
+        QImage frame(drawn.size(), QImage::Format_ARGB32_Premultiplied);
+        frame.fill(background);
+        QPainter(&frame).drawImage(0, 0, drawn);
+        frames.push_back(frame);
+    }
+    return write_movie(output_folder_ + name.file, frames, kind.frame_delay, fault);
+}
+
+bool picture_files::copy_drawn(std::string& fault) const {
+    std::error_code error;
+    for (const auto& entry : std::filesystem::directory_iterator(drawn_folder_, error)) {
+        if (entry.path().extension() == ".svg" && !error) {
+            std::filesystem::copy_file(entry.path(), output_folder_ + entry.path().filename().string(),
+                                       std::filesystem::copy_options::overwrite_existing, error);
+        }
+    }
+    if (error) {
+        fault = drawn_folder_ + ": " + error.message();
+    }
+    return !error;
+}
+
+bool picture_files::make_states(const std::string& file, std::string& fault) const {
+    const bool is_icon = begins_with(file, "ico_globalnavi_");
+    const bool is_key = begins_with(file, "ico_softkey_") && file.find("_disable") == std::string::npos;
+    const std::size_t dot = file.rfind('.');
+    if ((!is_icon && !is_key) || dot == std::string::npos || file.substr(dot) != ".svg") {
+        return true;
+    }
+    const std::string selected = file.substr(0, dot) + SELECTED_SUFFIX + file.substr(dot);
+    const std::string off = file.substr(0, dot) + OFF_SUFFIX + file.substr(dot);
+    std::string drawn;
+    if (!is_icon || !read_file(drawn_folder_ + file, drawn)) {
+        return make(selected, fault) && make(off, fault);
+    }
+    const auto is_drawn = [this](const std::string& name) {
+        return std::filesystem::exists(drawn_folder_ + name);
+    };
+    return (is_drawn(selected) || make_vector(selected, on_plate(drawn), fault)) &&
+           (is_drawn(off) || make_vector(off, in_one_color(drawn, palette().dim), fault));
+}
+
+bool picture_files::make_placeholders(std::string& fault) const {
+    // Light: the library writes the name of the missing picture over it in black.
+    const QImage image = render(placeholder("#d5dbe1"), 100, 60);
+    const std::string path = output_folder_ + "ERROR_IMAGE.png";
+    if (!image.save(QString::fromStdString(path), "PNG")) {
+        fault = path + ": cannot be written";
+        return false;
+    }
+    const std::vector<QImage> frames = {image, render(placeholder("#f2f5f7"), 100, 60)};
+    return write_movie(output_folder_ + "ERROR_MOVIE.gif", frames, 50, fault);
+}

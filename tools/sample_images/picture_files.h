@@ -1,0 +1,43 @@
+#ifndef PICTURE_FILES_H
+#define PICTURE_FILES_H
+
+#include "picture_kinds.h"
+
+#include <string>
+#include <vector>
+
+/** Makes the files of the panel's image directory. */
+class picture_files {
+public:
+    /**
+     * @param drawn_folder   pictures drawn by hand: they are copied, and stand before generated ones
+     * @param output_folder  must exist
+     */
+    picture_files(const glyph_book& book, const std::string& drawn_folder, const std::string& output_folder);
+
+    /** Makes one file by its name's extension; what another call made of that name is replaced. */
+    bool make(const std::string& file, std::string& fault) const;
+
+    /** Copies all drawn pictures, also those that no image of the table names. */
+    bool copy_drawn(std::string& fault) const;
+
+    /**
+     * Makes the states "_on" and "_off" of a navigation icon or a soft key, where they are not drawn; other
+     * pictures have none.
+     */
+    bool make_states(const std::string& file, std::string& fault) const;
+
+    /** The placeholders for pictures that are missing: ERROR_IMAGE.png and ERROR_MOVIE.gif. */
+    bool make_placeholders(std::string& fault) const;
+
+private:
+    bool make_vector(const std::string& file, const std::string& document, std::string& fault) const;
+    bool make_bitmap(const picture_name& name, std::string& fault) const;
+    bool make_movie(const picture_name& name, std::string& fault) const;
+
+    const glyph_book& book_;
+    std::string drawn_folder_;
+    std::string output_folder_;
+};
+
+#endif
