@@ -4,6 +4,7 @@
 #include "dvc_pnl_export.h"
 #include "dvc_pnl_rmg_message_table.h"
 
+#include <QFont>
 #include <QString>
 
 #include <string>
@@ -16,7 +17,8 @@ class dvc_pnl_rmg_option_language_attribute_manager;
 class dvc_pnl_rmg_standard_language_attribute_manager;
 
 /**
- * The one object from which the panel's user interface gets its texts and its language.
+ * The one object from which the panel's user interface gets its texts, its language, and the fonts,
+ * attributes and files of the languages.
  *
  * Two selections are kept: the machine's standard language and a preferred language that overrides it
  * while one is set. A selection is a pair (language id, option language id); the second member counts
@@ -131,8 +133,96 @@ public:
     bool dvc_pnl_rmg_convert_opt_lang_no_to_language_id(int number, int& language_id);
     void dvc_pnl_rmg_get_option_language_path(int language_id, std::string& path);
 
+    /** @return a font of the language's family; English's for an id that is no language */
+    QFont dvc_pnl_rmg_get_font(int language_id);
+    /** @return the font of the language in force */
+    QFont dvc_pnl_rmg_get_font();
+    /** @return the font family, borrowed; English's for an id that is no language; null when a pack has none
+     */
+    const char* dvc_pnl_rmg_get_font_name(int language_id);
+    /** @param family  receives the font family; the empty text when the id is no standard language */
+    void dvc_pnl_rmg_get_standard_font_family(int language_id, std::string& family);
+    /** @return the pack's font family, borrowed; null when language, pack or family is missing */
+    const char* dvc_pnl_rmg_get_option_font_family(int language_id);
     /** As the operation of dvc_pnl_rmg_language_setting_manager: no effect. @return 1 */
     int dvc_pnl_rmg_make_link_for_fonts();
+
+    /**
+     * Names a keyboard file of the standard languages.
+     *
+     * @param first,second  receive 0
+     * @param path          a file name on entry; its full path on return
+     */
+    void dvc_pnl_rmg_get_static_char_file_param(int& first, int& second, std::string& path);
+    /**
+     * Names a keyboard file: of its pack for a valid option language, of the standard languages for every
+     * other id, and for 86 and 886 unless dvc_pnl_rmg_is_convert_enable_by_destination().
+     *
+     * @param first,second  receive 0
+     * @param path          a file name on entry; its full path on return
+     */
+    void dvc_pnl_rmg_get_keymap_file_param(int language_id, int& first, int& second, std::string& path);
+    /**
+     * Names the language information file: of its pack for a valid option language, of the standard
+     * languages for every other id.
+     *
+     * @param first,second  receive 0
+     * @param path          receives the full path
+     */
+    void dvc_pnl_rmg_get_language_info_file_param(int language_id, int& first, int& second,
+                                                  std::string& path);
+    /** Names the prohibition information file; otherwise as the operation above. */
+    void dvc_pnl_rmg_get_prohibition_info_file_param(int language_id, int& first, int& second,
+                                                     std::string& path);
+
+    /**
+     * Reads an attribute of a language from the device settings.
+     *
+     * @param attribute  a number of the device settings
+     * @param value      receives 1 when its text is "YES", otherwise 0, also on failure
+     * @return whether it could be read
+     */
+    bool dvc_pnl_rmg_get_language_attribute(int language_id, int attribute, int& value);
+    /** Reads an attribute of the language in force. */
+    bool dvc_pnl_rmg_get_language_attribute(int attribute, int& value);
+    /** @return whether the machine's destination code is 3, 4, 6, 7 or 8; false when it cannot be read */
+    bool dvc_pnl_rmg_is_convert_enable_by_destination();
+
+    /**
+     * Stores a message data file in the data-file store, which dvc_pnl_rmg_get_message_data() does not
+     * read.
+     *
+     * @param data   @p size bytes; may be null when there are none
+     * @param size   more than 32 bits hold gives DVC_PNL_RMG_RESULT_IO_ERROR with error 0
+     * @param error  receives the platform's code of the call that failed, otherwise 0
+     * @return DVC_PNL_RMG_RESULT_OK; DVC_PNL_RMG_RESULT_INVALID_ARGUMENT for a null or empty name or
+     *         null data of a size; DVC_PNL_RMG_RESULT_IO_ERROR when a call of the store failed
+     */
+    int dvc_pnl_rmg_set_message_data(const char* file_name, const char* data, unsigned long size, int& error);
+    /**
+     * @param error  receives the platform's code when there is no such file; 0 for a null or empty name
+     * @return whether the store has the file
+     */
+    bool dvc_pnl_rmg_is_exist_data_file(const char* file_name, int& error);
+    /**
+     * Removes a file from the store.
+     *
+     * @param error  receives the platform's code of the call that failed, otherwise 0
+     * @return DVC_PNL_RMG_RESULT_OK; DVC_PNL_RMG_RESULT_INVALID_ARGUMENT for a null or empty name;
+     *         DVC_PNL_RMG_RESULT_NOT_FOUND when there is no such file; DVC_PNL_RMG_RESULT_IO_ERROR when it
+     *         cannot be removed
+     */
+    int dvc_pnl_rmg_remove_data_file(const char* file_name, int& error);
+    /**
+     * Keeps a path for dvc_pnl_rmg_get_machine_data_file(); the class itself makes no use of it.
+     *
+     * @param error  receives 0
+     * @return DVC_PNL_RMG_RESULT_OK; DVC_PNL_RMG_RESULT_NOT_FOUND for a null or empty path, which leaves
+     *         the one before
+     */
+    int dvc_pnl_rmg_set_machine_specific_path(const char* path, int& error);
+    /** @return the path, owned by the instance; empty until one is set */
+    const char* dvc_pnl_rmg_get_machine_data_file();
 
 private:
     dvc_pnl_rmg_language_resource();

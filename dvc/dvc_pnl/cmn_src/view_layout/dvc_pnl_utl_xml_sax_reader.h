@@ -1,0 +1,45 @@
+#ifndef DVC_PNL_UTL_XML_SAX_READER_H
+#define DVC_PNL_UTL_XML_SAX_READER_H
+
+#include "dvc_pnl_export.h"
+
+#include <QtGlobal>
+
+QT_BEGIN_NAMESPACE
+class QXmlReader;
+QT_END_NAMESPACE
+
+namespace velarion {
+
+class dvc_pnl_utl_xml_parameter_handler;
+
+#pragma GCC diagnostic push
+#pragma GCC diagnostic ignored "-Wdeprecated-declarations" // as for the event handler
+
+/** Runs the toolkit's SAX reader on a file. */
+class DVC_PNL_EXPORT dvc_pnl_utl_xml_sax_reader {
+public:
+    /** @param reader  borrowed; must outlive this object */
+    explicit dvc_pnl_utl_xml_sax_reader(QXmlReader* reader);
+
+    /**
+     * Parses a file and reports its events.
+     *
+     * A document type declaration that could exhaust memory or stack ends the document where it does so,
+     * and the reader then reports an unexpected end of file.
+     *
+     * @param handler  receives events and errors; borrowed for the call; null: nobody does
+     * @param path     an 8-bit string; the file is opened by the first read
+     * @return whether the reader came to the end of a well-formed document without being stopped
+     */
+    bool parseExecute(dvc_pnl_utl_xml_parameter_handler* handler, const char* path);
+
+private:
+    QXmlReader* reader_;
+};
+
+#pragma GCC diagnostic pop
+
+} // namespace velarion
+
+#endif
