@@ -24,6 +24,12 @@ enum PLATFORM_CODE : int {
     PLATFORM_EXISTS = 16,        ///< a setting that is to be added is there already
     PLATFORM_LIBRARY_NOT_LOADED = 17,
     PLATFORM_SYMBOL_NOT_FOUND = 18,
+    PLATFORM_NOT_READY = 19,       ///< no process serves the name, or it has not greeted yet
+    PLATFORM_NO_ANSWER = 20,       ///< the service did not answer in time
+    PLATFORM_CONNECTION_LOST = 21, ///< the other end went away; it may have seen the request
+    PLATFORM_BAD_MESSAGE = 22,     ///< bytes that are no message of the message layer, or none to be expected
+    PLATFORM_WOULD_BLOCK = 23,     ///< nothing to receive yet, or no room to send
+    PLATFORM_ALREADY_SERVED = 24,  ///< another process serves the name
 };
 
 /** @return the code that stands for @p error, a non-zero value of errno */

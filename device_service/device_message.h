@@ -1,0 +1,44 @@
+#ifndef DEVICE_MESSAGE_H
+#define DEVICE_MESSAGE_H
+
+#include "device_protocol.h"
+#include "ipc_header.h"
+
+#include <cstddef>
+#include <cstdint>
+#include <vector>
+
+namespace panel_device {
+
+struct DEVICE_RECORD {
+    std::int32_t id;
+    std::int32_t value;
+};
+
+/** A message of the panel device service, unpacked. */
+struct DEVICE_MESSAGE {
+    std::int32_t func_id = 0;
+    std::int32_t result = DEVICE_OK;
+    std::vector<DEVICE_RECORD> records;
+};
+
+inline constexpr std::size_t DEVICE_LONGEST_MESSAGE = panel_platform::IPC_LONGEST_MESSAGE;
+
+/** @return a message whose records have the ids 0, 1, 2, ... and these values */
+DEVICE_MESSAGE make_message(std::int32_t func_id, const std::vector<std::int32_t>& values);
+
+/**
+ * Unpacks what arrived, trusting none of it.
+ *
+ * @param bytes    @p length bytes, the message layer's header included
+ * @param message  undefined on failure, but for its func_id: 0 when the bytes are too few to hold it
+ * @return DEVICE_OK; DEVICE_BAD_LENGTH or DEVICE_BAD_COUNT
+ */
+DEVICE_RESULT decode_message(const char* bytes, std::size_t length, DEVICE_MESSAGE& message);
+
+/** @return the message as it is sent; its length and function id are put into the header as well */
+std::vector<char> encode_message(const DEVICE_MESSAGE& message, panel_platform::IPC_HEADER header);
+
+} // namespace panel_device
+
+#endif

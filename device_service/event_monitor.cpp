@@ -1,0 +1,34 @@
+#include "event_monitor.h"
+
+#include <utility>
+
+namespace panel_device {
+
+event_monitor::event_monitor(MESSAGE_SENDER sender)
+    : sender_(std::move(sender)) {}
+
+void event_monitor::add(std::uint32_t connection, std::uint32_t interest) {
+    interests_[connection] = interest;
+}
+
+void event_monitor::forget(std::uint32_t connection) {
+    interests_.erase(connection);
+}
+
+void event_monitor::tell(EVENT_FUNCTION event, const std::vector<std::int32_t>& values) const {
+    panel_platform::IPC_HEADER header;
+    header.kind = panel_platform::IPC_NOTIFICATION;
+    for (const auto& [connection, interest] : interests_) {
+        if (event != EVENT_LED_EDGE || interest == ATTACH_EVENTS_AND_EDGES) {
+            sender_(connection, encode_message(make_message(event, values), header));
+        }
+    }
+}
+
+void event_monitor::tell(const std::vector<LED_CHANGE>& changes) const {
+    for (const LED_CHANGE& change : changes) {
+        tell(change.is_edge ? EVENT_LED_EDGE : EVENT_LED, {change.led, change.status, change.is_lit ? 1 : 0});
+    }
+}
+
+} // namespace panel_device

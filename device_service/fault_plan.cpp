@@ -1,0 +1,24 @@
+#include "fault_plan.h"
+
+namespace panel_device {
+
+DEVICE_RESULT fault_plan::set(std::int32_t kind, std::int32_t value, std::int32_t requests) {
+    const bool is_delay_wrong = kind == FAULT_DELAY && (value < 0 || value > LONGEST_DELAY);
+    if (kind < FAULT_NONE || kind >= FAULT_KIND_COUNT || requests < 0 || is_delay_wrong) {
+        return DEVICE_BAD_VALUE;
+    }
+    kind_ = static_cast<FAULT_KIND>(kind);
+    value_ = value;
+    requests_ = requests;
+    return DEVICE_OK;
+}
+
+FAULT_KIND fault_plan::take() {
+    const FAULT_KIND kind = kind_;
+    if (kind != FAULT_NONE && requests_ > 0 && --requests_ == 0) {
+        kind_ = FAULT_NONE;
+    }
+    return kind;
+}
+
+} // namespace panel_device

@@ -1,0 +1,37 @@
+#ifndef FAULT_PLAN_H
+#define FAULT_PLAN_H
+
+#include "device_protocol.h"
+
+#include <cstdint>
+
+namespace panel_device {
+
+/** The misbehaviour that was ordered, and for how many requests. */
+class fault_plan {
+public:
+    /**
+     * Replaces what was ordered before.
+     *
+     * @param value     FAULT_DELAY: milliseconds, 0 to LONGEST_DELAY; FAULT_FAIL: the result code
+     * @param requests  how many it is for; 0: all until changed
+     * @return DEVICE_OK, DEVICE_BAD_VALUE
+     */
+    DEVICE_RESULT set(std::int32_t kind, std::int32_t value, std::int32_t requests);
+
+    /** @return the misbehaviour for the request that is at hand; counts it */
+    FAULT_KIND take();
+
+    FAULT_KIND kind() const { return kind_; }
+    std::int32_t value() const { return value_; }
+    std::int32_t requests() const { return requests_; }
+
+private:
+    FAULT_KIND kind_ = FAULT_NONE;
+    std::int32_t value_ = 0; ///< stays valid for the request that take() counted last
+    std::int32_t requests_ = 0;
+};
+
+} // namespace panel_device
+
+#endif

@@ -1,0 +1,315 @@
+#include "panel_service.h"
+
+#include "device_names.h"
+#include "dvc_pnl_dec_communication.h"
+#include "dvc_pnl_dec_types.h"
+#include "service_log.h"
+
+#include <algorithm>
+#include <csignal>
+#include <unistd.h>
+#include <utility>
+
+namespace panel_device {
+
+namespace {
+
+using panel_platform::IPC_HEADER;
+
+bool is_control(std::int32_t func_id) {
+    return func_id >= CONTROL_LIST_LEDS && func_id <= CONTROL_STATUS;
+}
+
+bool has_parameters(const DEVICE_MESSAGE& request, const std::vector<std::int32_t>& ids) {
+    return std::equal(ids.begin(), ids.end(), request.records.begin(), request.records.end(),
+                      [](std::int32_t id, const DEVICE_RECORD& record) { return id == record.id; });
+}
+
+[[noreturn]] void crash() {
+    write_log(SERVICE_LOG_WARNING, "crashing, as ordered");
+    for (;;) {
+        std::raise(SIGKILL);
+    }
+}
+
+} // namespace
+
+panel_service::panel_service(MESSAGE_SENDER sender, std::int64_t now)
+    : sender_(std::move(sender))
+    , monitor_(sender_)
+    , started_(now) {}
+
+const std::vector<panel_service::FUNCTION>& panel_service::functions() {
+    using namespace velarion;
+    static const std::vector<FUNCTION> table = {
+        {DVC_PNL_DEC_FUNCTION_SET_LED_STATUS,
+         {DVC_PNL_DEC_PARAMETER_ID, DVC_PNL_DEC_PARAMETER_STATUS},
+         &panel_service::set_led},
+        {DVC_PNL_DEC_FUNCTION_SET_ALL_LED_ON, {}, &panel_service::set_all_leds_on},
+        {DVC_PNL_DEC_FUNCTION_SET_ALL_LED_OFF, {}, &panel_service::set_all_leds_off},
+        {DVC_PNL_DEC_FUNCTION_SET_LED_AIRPRINT_TIMER_PROC,
+         {DVC_PNL_DEC_PARAMETER_TIMER, DVC_PNL_DEC_PARAMETER_TIMER_VALUE_1,
+          DVC_PNL_DEC_PARAMETER_TIMER_VALUE_2, DVC_PNL_DEC_PARAMETER_TIMER_VALUE_3,
+          DVC_PNL_DEC_PARAMETER_TIMER_VALUE_4},
+         &panel_service::run_led_timer},
+        {DVC_PNL_DEC_FUNCTION_ADD_KEY_OBSERVER,
+         {DVC_PNL_DEC_PARAMETER_OBSERVER},
+         &panel_service::add_observer},
+        {CONTROL_LIST_LEDS, {}, &panel_service::list_leds},
+        {CONTROL_KEY_EVENT, {0, 1}, &panel_service::send_key_event},
+        {CONTROL_SET_FAULT, {0, 1, 2}, &panel_service::set_fault},
+        {CONTROL_STATUS, {}, &panel_service::report_status},
+    };
+    return table;
+}
+
+void panel_service::connected(std::uint32_t connection, pid_t process) {
+    write_log(SERVICE_LOG_DEBUG, "connection %u: made by process %ld", connection,
+              static_cast<long>(process));
+    connections_[connection] = {process, 0, false};
+    IPC_HEADER header;
+    header.kind = panel_platform::IPC_GREETING;
+    std::vector<char> greeting(panel_platform::IPC_HEADER_LENGTH);
+    header.length = static_cast<std::uint32_t>(greeting.size());
+    panel_platform::write_ipc_header(header, greeting.data());
+    sender_(connection, std::move(greeting));
+    monitor_.tell(EVENT_HOST_CAME, {static_cast<std::int32_t>(connection), process});
+}
+
+void panel_service::disconnected(std::uint32_t connection) {
+    const auto found = connections_.find(connection);
+    if (found == connections_.end()) {
+        return;
+    }
+    const pid_t process = found->second.process;
+    write_log(SERVICE_LOG_DEBUG, "connection %u: gone", connection);
+    connections_.erase(found);
+    observers_.forget(connection);
+    monitor_.forget(connection);
+    monitor_.tell(EVENT_HOST_GONE, {static_cast<std::int32_t>(connection), process});
+}
+
+bool panel_service::receive(std::uint32_t connection, const IPC_HEADER& header, const char* bytes,
+                            std::int64_t now) {
+    CONNECTION& sender = connections_.at(connection);
+    if (sender.host == 0) {
+        sender.host = header.host;
+    }
+    if (sender.host != header.host) {
+        return false;
+    }
+    if (header.kind == panel_platform::IPC_ATTACH) {
+        return attach(connection, header);
+    }
+    if (header.kind != panel_platform::IPC_REQUEST) {
+        return false;
+    }
+    advance(now);
+    answer(connection, header, bytes, now);
+    return true;
+}
+
+bool panel_service::attach(std::uint32_t number, const IPC_HEADER& header) {
+    if (header.host == 0 || header.length != panel_platform::IPC_HEADER_LENGTH ||
+        header.destination > ATTACH_EVENTS_AND_EDGES) {
+        return false;
+    }
+    connections_.at(number).takes_notifications = true;
+    if (header.destination != ATTACH_OWN) {
+        monitor_.add(number, header.destination);
+    }
+    return true;
+}
+
+void panel_service::answer(std::uint32_t number, const IPC_HEADER& header, const char* bytes,
+                           std::int64_t now) {
+    const bool is_faulty = !is_control(header.func_id);
+    const FAULT_KIND fault = is_faulty ? take_fault(number) : FAULT_NONE;
+    DEVICE_MESSAGE reply;
+    reply.result = fault == FAULT_FAIL ? faults_.value() : carry_out(number, header, bytes, now, reply);
+    reply.func_id = header.func_id;
+    request_count_ += is_faulty ? 1U : 0U;
+    if (reply.result != DEVICE_OK) {
+        refused_count_ += is_faulty ? 1U : 0U;
+        write_log(SERVICE_LOG_INFO, "connection %u: function %d: %s", number, header.func_id,
+                  result_text(reply.result).c_str());
+        monitor_.tell(EVENT_REFUSED, {static_cast<std::int32_t>(number), header.func_id, reply.result});
+    }
+    IPC_HEADER reply_header;
+    reply_header.kind = panel_platform::IPC_REPLY;
+    reply_header.sequence = header.sequence;
+    std::vector<char> message = encode_message(reply, reply_header);
+    if (fault == FAULT_DELAY) {
+        delayed_.insert({now + faults_.value(), {number, std::move(message)}});
+    } else if (fault != FAULT_DROP) {
+        sender_(number, std::move(message));
+    }
+}
+
+FAULT_KIND panel_service::take_fault(std::uint32_t connection) {
+    const FAULT_KIND fault = faults_.take();
+    if (fault != FAULT_NONE) {
+        write_log(SERVICE_LOG_INFO, "connection %u: fault %s, as ordered", connection,
+                  fault_name(fault).c_str());
+        monitor_.tell(EVENT_FAULT, {static_cast<std::int32_t>(connection), fault});
+    }
+    if (fault == FAULT_CRASH) {
+        crash();
+    }
+    return fault;
+}
+
+DEVICE_RESULT panel_service::carry_out(std::uint32_t number, const IPC_HEADER& header, const char* bytes,
+                                       std::int64_t now, DEVICE_MESSAGE& reply) {
+    DEVICE_MESSAGE request;
+    const DEVICE_RESULT result = decode_message(bytes, header.length, request);
+    if (result != DEVICE_OK) {
+        return result;
+    }
+    const auto function = std::find_if(functions().begin(), functions().end(), [&](const FUNCTION& known) {
+        return known.func_id == request.func_id;
+    });
+    if (function == functions().end() || request.func_id != header.func_id) {
+        return DEVICE_UNKNOWN_FUNCTION;
+    }
+    if (request.records.size() != function->parameter_ids.size()) {
+        return DEVICE_BAD_COUNT;
+    }
+    if (!has_parameters(request, function->parameter_ids)) {
+        return DEVICE_BAD_PARAMETER;
+    }
+    CALL call = {number, header.host, {}, now};
+    for (const DEVICE_RECORD& record : request.records) {
+        call.values.push_back(record.value);
+    }
+    return (this->*function->run)(call, reply);
+}
+
+void panel_service::advance(std::int64_t now) {
+    std::vector<LED_CHANGE> changes;
+    leds_.advance(now, changes);
+    monitor_.tell(changes);
+    while (!delayed_.empty() && delayed_.begin()->first <= now) {
+        DELAYED due = std::move(delayed_.begin()->second);
+        delayed_.erase(delayed_.begin());
+        sender_(due.connection, std::move(due.message));
+    }
+}
+
+std::int64_t panel_service::next_deadline() const {
+    const std::int64_t led = leds_.next_change();
+    if (delayed_.empty()) {
+        return led;
+    }
+    const std::int64_t reply = delayed_.begin()->first;
+    return led < 0 ? reply : std::min(led, reply);
+}
+
+DEVICE_RESULT panel_service::set_led(const CALL& call, DEVICE_MESSAGE&) {
+    std::vector<LED_CHANGE> changes;
+    const DEVICE_RESULT result = leds_.set(call.values[0], call.values[1], call.now, changes);
+    monitor_.tell(changes);
+    return result;
+}
+
+DEVICE_RESULT panel_service::set_all_leds_on(const CALL& call, DEVICE_MESSAGE&) {
+    std::vector<LED_CHANGE> changes;
+    leds_.set_all(velarion::DVC_PNL_DEC_LED_STATUS_ON, call.now, changes);
+    monitor_.tell(changes);
+    return DEVICE_OK;
+}
+
+DEVICE_RESULT panel_service::set_all_leds_off(const CALL& call, DEVICE_MESSAGE&) {
+    std::vector<LED_CHANGE> changes;
+    leds_.set_all(velarion::DVC_PNL_DEC_LED_STATUS_OFF, call.now, changes);
+    monitor_.tell(changes);
+    return DEVICE_OK;
+}
+
+DEVICE_RESULT panel_service::run_led_timer(const CALL& call, DEVICE_MESSAGE&) {
+    const LED_TIMER timer = {call.host,      call.values[0], call.values[1],
+                             call.values[2], call.values[3], call.values[4]};
+    std::vector<LED_CHANGE> changes;
+    const DEVICE_RESULT result = leds_.run_timer(timer, call.now, changes);
+    monitor_.tell(changes);
+    return result;
+}
+
+DEVICE_RESULT panel_service::add_observer(const CALL& call, DEVICE_MESSAGE&) {
+    const DEVICE_RESULT result =
+        observers_.add({call.connection, call.host, static_cast<std::uint32_t>(call.values[0])});
+    if (result == DEVICE_OK) {
+        monitor_.tell(EVENT_OBSERVER, {static_cast<std::int32_t>(call.connection), call.values[0]});
+    }
+    return result;
+}
+
+DEVICE_RESULT panel_service::list_leds(const CALL&, DEVICE_MESSAGE& reply) {
+    std::vector<std::int32_t> values;
+    for (std::int32_t led = 0; led < LED_COUNT; ++led) {
+        values.insert(values.end(), {led, leds_.status(led), leds_.is_lit(led) ? 1 : 0});
+    }
+    reply = make_message(CONTROL_LIST_LEDS, values);
+    return DEVICE_OK;
+}
+
+DEVICE_RESULT panel_service::send_key_event(const CALL& call, DEVICE_MESSAGE& reply) {
+    const std::int32_t key = call.values[0];
+    const std::int32_t status = call.values[1];
+    if (key < 0 || key >= KEY_COUNT) {
+        return DEVICE_UNKNOWN_KEY;
+    }
+    if (status != velarion::DVC_PNL_DEC_KEY_RELEASED && status != velarion::DVC_PNL_DEC_KEY_PRESSED) {
+        return DEVICE_UNKNOWN_STATUS;
+    }
+    const std::int32_t told = notify_observers(key, status);
+    reply = make_message(CONTROL_KEY_EVENT, {told});
+    monitor_.tell(EVENT_KEY, {key, status, told});
+    return DEVICE_OK;
+}
+
+/** @return how many observers a notification went to: those whose process takes notifications */
+std::int32_t panel_service::notify_observers(std::int32_t key, std::int32_t status) {
+    const DEVICE_MESSAGE message = {
+        velarion::DVC_PNL_DEC_FUNCTION_NOTIFY_KEY_EVENT,
+        DEVICE_OK,
+        {{velarion::DVC_PNL_DEC_PARAMETER_ID, key}, {velarion::DVC_PNL_DEC_PARAMETER_STATUS, status}}};
+    std::int32_t told = 0;
+    IPC_HEADER header;
+    header.kind = panel_platform::IPC_NOTIFICATION;
+    for (const KEY_OBSERVER& observer : observers_.observers()) {
+        header.destination = observer.number;
+        for (const auto& [number, connection] : connections_) {
+            if (connection.takes_notifications && connection.host == observer.host) {
+                sender_(number, encode_message(message, header));
+                ++told;
+            }
+        }
+    }
+    return told;
+}
+
+DEVICE_RESULT panel_service::set_fault(const CALL& call, DEVICE_MESSAGE&) {
+    const DEVICE_RESULT result = faults_.set(call.values[0], call.values[1], call.values[2]);
+    if (result == DEVICE_OK && faults_.kind() == FAULT_CRASH_NOW) {
+        crash();
+    }
+    return result;
+}
+
+DEVICE_RESULT panel_service::report_status(const CALL& call, DEVICE_MESSAGE& reply) {
+    std::vector<std::int32_t> values(STATUS_FIELD_COUNT);
+    values[STATUS_PROCESS] = ::getpid();
+    values[STATUS_UPTIME] = static_cast<std::int32_t>((call.now - started_) / 1000);
+    values[STATUS_CONNECTIONS] = static_cast<std::int32_t>(connections_.size());
+    values[STATUS_OBSERVERS] = static_cast<std::int32_t>(observers_.observers().size());
+    values[STATUS_REQUESTS] = static_cast<std::int32_t>(request_count_);
+    values[STATUS_REFUSED] = static_cast<std::int32_t>(refused_count_);
+    values[STATUS_FAULT] = faults_.kind();
+    values[STATUS_FAULT_VALUE] = faults_.value();
+    values[STATUS_FAULT_REQUESTS] = faults_.requests();
+    reply = make_message(CONTROL_STATUS, values);
+    return DEVICE_OK;
+}
+
+} // namespace panel_device

@@ -1,0 +1,102 @@
+#ifndef PANEL_SERVICE_H
+#define PANEL_SERVICE_H
+
+#include "device_message.h"
+#include "event_monitor.h"
+#include "fault_plan.h"
+#include "led_board.h"
+#include "observer_registry.h"
+
+#include <cstdint>
+#include <map>
+#include <sys/types.h>
+#include <vector>
+
+namespace panel_device {
+
+/**
+ * What the service does with what its connections send. Knows neither sockets nor a clock: messages go
+ * out through the sender, the time is passed in, in milliseconds.
+ */
+class panel_service {
+public:
+    panel_service(MESSAGE_SENDER sender, std::int64_t now);
+
+    /** Greets a new connection. @param connection  a number that is never used again */
+    void connected(std::uint32_t connection, pid_t process);
+    /** Forgets a connection and its observers. */
+    void disconnected(std::uint32_t connection);
+
+    /**
+     * Takes a message that a connection sent.
+     *
+     * @param header  its header, which agrees with its length
+     * @return false when the other end does not keep to the protocol, so that the connection is to be closed
+     */
+    bool receive(std::uint32_t connection, const panel_platform::IPC_HEADER& header, const char* bytes,
+                 std::int64_t now);
+
+    /** Does what is due: LEDs that blink, replies that were delayed. */
+    void advance(std::int64_t now);
+    /** @return when advance() will have something to do; -1: never */
+    std::int64_t next_deadline() const;
+
+private:
+    struct CONNECTION {
+        pid_t process;
+        std::uint64_t host;
+        bool takes_notifications;
+    };
+    /** A request whose number and ids of parameters were found right. */
+    struct CALL {
+        std::uint32_t connection;
+        std::uint64_t host;
+        std::vector<std::int32_t> values;
+        std::int64_t now;
+    };
+    /** A function, the ids of its parameters in their order, and what carries it out. */
+    struct FUNCTION {
+        std::int32_t func_id;
+        std::vector<std::int32_t> parameter_ids;
+        DEVICE_RESULT (panel_service::*run)(const CALL& call, DEVICE_MESSAGE& reply);
+    };
+    struct DELAYED {
+        std::uint32_t connection;
+        std::vector<char> message;
+    };
+
+    static const std::vector<FUNCTION>& functions();
+    bool attach(std::uint32_t number, const panel_platform::IPC_HEADER& header);
+    void answer(std::uint32_t number, const panel_platform::IPC_HEADER& header, const char* bytes,
+                std::int64_t now);
+    FAULT_KIND take_fault(std::uint32_t connection);
+    DEVICE_RESULT carry_out(std::uint32_t number, const panel_platform::IPC_HEADER& header, const char* bytes,
+                            std::int64_t now, DEVICE_MESSAGE& reply);
+
+    DEVICE_RESULT set_led(const CALL& call, DEVICE_MESSAGE& reply);
+    DEVICE_RESULT set_all_leds_on(const CALL& call, DEVICE_MESSAGE& reply);
+    DEVICE_RESULT set_all_leds_off(const CALL& call, DEVICE_MESSAGE& reply);
+    DEVICE_RESULT run_led_timer(const CALL& call, DEVICE_MESSAGE& reply);
+    DEVICE_RESULT add_observer(const CALL& call, DEVICE_MESSAGE& reply);
+    DEVICE_RESULT list_leds(const CALL& call, DEVICE_MESSAGE& reply);
+    DEVICE_RESULT send_key_event(const CALL& call, DEVICE_MESSAGE& reply);
+    DEVICE_RESULT set_fault(const CALL& call, DEVICE_MESSAGE& reply);
+    DEVICE_RESULT report_status(const CALL& call, DEVICE_MESSAGE& reply);
+
+    std::int32_t notify_observers(std::int32_t key, std::int32_t status);
+
+    MESSAGE_SENDER sender_;
+    event_monitor monitor_;
+    led_board leds_;
+    observer_registry observers_;
+    fault_plan faults_;
+    std::map<std::uint32_t, CONNECTION> connections_;
+    std::multimap<std::int64_t, DELAYED> delayed_; // by the time they are due
+    std::int64_t started_;
+    std::uint32_t request_count_ = 0;
+    std::uint32_t refused_count_ = 0;
+};
+
+} // namespace panel_device
+
+#endif

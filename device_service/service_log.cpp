@@ -1,0 +1,52 @@
+#include "service_log.h"
+
+#include <cstdarg>
+#include <cstdio>
+#include <cstdlib>
+
+namespace panel_device {
+
+namespace {
+
+struct LEVEL {
+    const char* name;
+    int journal_priority;
+};
+
+const LEVEL LEVELS[] = {{"error", 3}, {"warning", 4}, {"info", 6}, {"debug", 7}};
+
+SERVICE_LOG_LEVEL g_highest_level = SERVICE_LOG_INFO;
+
+} // namespace
+
+bool find_log_level(const std::string& name, SERVICE_LOG_LEVEL& level) {
+    for (int number = SERVICE_LOG_ERROR; number <= SERVICE_LOG_DEBUG; ++number) {
+        if (name == LEVELS[number].name) {
+            level = static_cast<SERVICE_LOG_LEVEL>(number);
+            return true;
+        }
+    }
+    return false;
+}
+
+void set_log_level(SERVICE_LOG_LEVEL level) {
+    g_highest_level = level;
+}
+
+void write_log(SERVICE_LOG_LEVEL level, const char* format, ...) {
+    if (level > g_highest_level) {
+        return;
+    }
+    char text[512];
+    va_list arguments;
+    va_start(arguments, format);
+    std::vsnprintf(text, sizeof text, format, arguments);
+    va_end(arguments);
+    char priority[8] = "";
+    if (std::getenv("JOURNAL_STREAM")) {
+        std::snprintf(priority, sizeof priority, "<%d>", LEVELS[level].journal_priority);
+    }
+    std::fprintf(stderr, "%spanel_device_service: %s: %s\n", priority, LEVELS[level].name, text);
+}
+
+} // namespace panel_device

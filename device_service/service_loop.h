@@ -1,0 +1,56 @@
+#ifndef SERVICE_LOOP_H
+#define SERVICE_LOOP_H
+
+#include "file_descriptor.h"
+#include "message_socket.h"
+#include "panel_service.h"
+
+#include <cstdint>
+#include <deque>
+#include <map>
+#include <poll.h>
+#include <set>
+#include <string>
+#include <vector>
+
+namespace panel_device {
+
+/** The sockets of the service and the one thread that serves them. */
+class service_loop {
+public:
+    service_loop();
+
+    /** Takes the service's name. @return PLATFORM_OK, or why it cannot be taken, see message_listener */
+    int listen(const std::string& name);
+
+    /** Serves until a descriptor can be read. @param stop  that descriptor, such as one of signals */
+    void run(int stop);
+
+private:
+    struct PEER {
+        panel_platform::file_descriptor socket;
+        std::deque<std::vector<char>> unsent;
+    };
+
+    void send(std::uint32_t number, std::vector<char> message);
+    void send_unsent(std::uint32_t number, PEER& peer);
+    void receive(std::uint32_t number, PEER& peer);
+    void accept();
+    void drop(std::uint32_t number, const char* reason);
+    void close_dropped();
+    bool can_accept() const;
+    int milliseconds_to_wait() const;
+    std::vector<pollfd> watched(int stop) const;
+    void serve(const std::vector<pollfd>& events);
+
+    panel_platform::message_listener listener_;
+    panel_service service_;
+    std::map<std::uint32_t, PEER> peers_;
+    std::set<std::uint32_t> dropped_;
+    std::uint32_t last_number_ = 0;
+    bool is_out_of_descriptors_ = false;
+};
+
+} // namespace panel_device
+
+#endif

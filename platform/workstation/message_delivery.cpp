@@ -1,0 +1,103 @@
+#include "message_delivery.h"
+
+#include "message_socket.h"
+#include "platform_codes.h"
+
+#include <cerrno>
+#include <cstring>
+#include <poll.h>
+#include <sys/eventfd.h>
+#include <utility>
+
+namespace panel_platform {
+
+namespace {
+
+const int RETRY_PAUSE = 100; // milliseconds
+const int FOR_EVER = -1;
+
+} // namespace
+
+message_delivery::message_delivery(velarion::facade_template& receiver, std::string name,
+                                   std::uint32_t interest)
+    : receiver_(receiver)
+    , name_(std::move(name))
+    , interest_(interest)
+    , stop_(::eventfd(0, EFD_CLOEXEC | EFD_NONBLOCK))
+    , thread_([this] { run(); }) {}
+
+message_delivery::~message_delivery() {
+    ::eventfd_write(stop_.get(), 1);
+    thread_.join();
+}
+
+void message_delivery::run() {
+    do {
+        file_descriptor socket;
+        if (connect_to_service(name_, socket) == PLATFORM_OK) {
+            serve_connection(socket.get());
+        }
+    } while (wait_while_running(-1, RETRY_PAUSE));
+}
+
+/** @return false when this object is being destroyed */
+bool message_delivery::wait_while_running(int socket, int milliseconds) {
+    pollfd watched[2] = {{stop_.get(), POLLIN, 0}, {socket, POLLIN, 0}};
+    int found = -1;
+    do {
+        found = ::poll(watched, 2, milliseconds);
+    } while (found < 0 && errno == EINTR);
+    return watched[0].revents == 0;
+}
+
+int message_delivery::attach(int socket) {
+    IPC_HEADER header;
+    header.kind = IPC_ATTACH;
+    header.destination = interest_;
+    header.host = host_number();
+    return send_message(socket, header, nullptr, 0);
+}
+
+/** @return false when the connection is of no use any more */
+bool message_delivery::deliver_next(int socket, bool& is_greeted) {
+    char message[IPC_LONGEST_MESSAGE];
+    IPC_HEADER header;
+    const int code = receive_message(socket, message, header);
+    if (code != PLATFORM_OK) {
+        return code == PLATFORM_WOULD_BLOCK;
+    }
+    if (header.kind != (is_greeted ? IPC_NOTIFICATION : IPC_GREETING)) {
+        return false;
+    }
+    if (!is_greeted && attach(socket) != PLATFORM_OK) {
+        return false;
+    }
+    is_greeted = true;
+    dispatch(header, message);
+    return true;
+}
+
+void message_delivery::serve_connection(int socket) {
+    bool is_greeted = false;
+    while (wait_while_running(socket, FOR_EVER)) {
+        if (!deliver_next(socket, is_greeted)) {
+            break;
+        }
+    }
+    if (is_greeted) {
+        IPC_HEADER header;
+        header.kind = IPC_LOST;
+        header.length = IPC_HEADER_LENGTH;
+        char message[IPC_HEADER_LENGTH];
+        write_ipc_header(header, message);
+        dispatch(header, message);
+    }
+}
+
+void message_delivery::dispatch(const IPC_HEADER& header, char* message) {
+    gen_ipc_msghdr head;
+    std::memcpy(head.bytes, message, sizeof head.bytes);
+    receiver_.dispatch(header.func_id, message, header.length, head);
+}
+
+} // namespace panel_platform

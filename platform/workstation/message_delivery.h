@@ -1,0 +1,52 @@
+#ifndef MESSAGE_DELIVERY_H
+#define MESSAGE_DELIVERY_H
+
+#include "file_descriptor.h"
+#include "ipc_header.h"
+#include "message_layer.h"
+#include "panel_platform_export.h"
+
+#include <cstdint>
+#include <string>
+#include <thread>
+
+namespace panel_platform {
+
+/**
+ * Hands what a service notifies to a facade, for as long as this object lives.
+ *
+ * A thread of its own keeps a connection to the service, makes it again after the service was started
+ * anew, and calls the facade's dispatch() with every message that arrives. The kind in the message's IPC
+ * header tells what it is: IPC_NOTIFICATION; IPC_GREETING after each connecting, when the service knows
+ * nothing of this process yet; IPC_LOST when the connection is gone, the last call until the next greeting.
+ */
+class PANEL_PLATFORM_EXPORT message_delivery {
+public:
+    /**
+     * @param receiver  must live as long as this object; called on the thread of this object
+     * @param interest  what the service is told to be of interest; 0: notifications for this process
+     */
+    message_delivery(velarion::facade_template& receiver, std::string name, std::uint32_t interest = 0);
+    /** Waits until a running dispatch() has returned; none follows. Not to be called from dispatch(). */
+    ~message_delivery();
+    message_delivery(const message_delivery&) = delete;
+    message_delivery& operator=(const message_delivery&) = delete;
+
+private:
+    void run();
+    bool wait_while_running(int socket, int milliseconds);
+    int attach(int socket);
+    bool deliver_next(int socket, bool& is_greeted);
+    void serve_connection(int socket);
+    void dispatch(const IPC_HEADER& header, char* message);
+
+    velarion::facade_template& receiver_;
+    const std::string name_;
+    const std::uint32_t interest_;
+    file_descriptor stop_;
+    std::thread thread_;
+};
+
+} // namespace panel_platform
+
+#endif

@@ -1,0 +1,235 @@
+#include "dvc_pnl_dec_communication.h"
+#include "panel_service.h"
+#include "service_log.h"
+
+#include <cstring>
+#include <gtest/gtest.h>
+#include <utility>
+
+namespace {
+
+using namespace panel_device;
+using namespace panel_platform;
+using namespace velarion;
+
+const std::uint64_t HOST = 11;
+
+/** The service without sockets: what it sends to each connection is kept. */
+class test_panel_service : public testing::Test {
+protected:
+    test_panel_service()
+        : service_([this](std::uint32_t connection,
+                          std::vector<char> message) { sent_[connection].push_back(std::move(message)); },
+                   0) {
+        set_log_level(SERVICE_LOG_ERROR);
+        for (std::uint32_t connection = 1; connection <= 3; ++connection) {
+            service_.connected(connection, 1);
+        }
+        sent_.clear();
+    }
+
+    bool send(std::uint32_t connection, IPC_HEADER header, const std::vector<char>& bytes,
+              std::int64_t now = 0) {
+        header.length = static_cast<std::uint32_t>(bytes.size());
+        return service_.receive(connection, header, bytes.data(), now);
+    }
+
+    bool attach(std::uint32_t connection, std::uint64_t host, std::uint32_t interest = ATTACH_OWN) {
+        IPC_HEADER header;
+        header.kind = IPC_ATTACH;
+        header.destination = interest;
+        header.host = host;
+        return send(connection, header, std::vector<char>(IPC_HEADER_LENGTH));
+    }
+
+    /** Sends a request. @return the reply's result; -1: no reply was sent */
+    std::int32_t ask(std::uint32_t connection, const std::vector<char>& bytes, std::int32_t func_id,
+                     std::int64_t now = 0, std::uint64_t host = HOST) {
+        IPC_HEADER header;
+        header.func_id = func_id;
+        header.host = host;
+        sent_[connection].clear();
+        EXPECT_TRUE(send(connection, header, bytes, now));
+        return result_of_reply(connection);
+    }
+
+    std::int32_t ask(std::uint32_t connection, const DEVICE_MESSAGE& request, std::int64_t now = 0,
+                     std::uint64_t host = HOST) {
+        return ask(connection, encode_message(request, {}), request.func_id, now, host);
+    }
+
+    std::int32_t result_of_reply(std::uint32_t connection) {
+        for (const DEVICE_MESSAGE& message : messages_to(connection, IPC_REPLY)) {
+            return message.result;
+        }
+        return -1;
+    }
+
+    std::vector<DEVICE_MESSAGE> messages_to(std::uint32_t connection, IPC_KIND kind) {
+        std::vector<DEVICE_MESSAGE> found;
+        for (const std::vector<char>& bytes : sent_[connection]) {
+            IPC_HEADER header;
+            DEVICE_MESSAGE message;
+            EXPECT_TRUE(read_ipc_header(bytes.data(), bytes.size(), header));
+            EXPECT_EQ(DEVICE_OK, decode_message(bytes.data(), bytes.size(), message));
+            if (header.kind == kind) {
+                found.push_back(message);
+            }
+        }
+        return found;
+    }
+
+    std::int32_t add_observer(std::uint32_t connection, std::int32_t number, std::uint64_t host = HOST) {
+        const DEVICE_MESSAGE request = {
+            DVC_PNL_DEC_FUNCTION_ADD_KEY_OBSERVER, 0, {{DVC_PNL_DEC_PARAMETER_OBSERVER, number}}};
+        return ask(connection, request, 0, host);
+    }
+
+    std::map<std::uint32_t, std::vector<std::vector<char>>> sent_;
+    panel_service service_;
+};
+
+TEST_F(test_panel_service, every_request_is_checked_before_it_is_believed) {
+    const struct {
+        const char* name;
+        DEVICE_MESSAGE request;
+        std::int32_t result;
+    } rows[] = {
+        {"right", make_message(101, {1, 1}), DEVICE_OK},
+        {"no parameters", make_message(101, {}), DEVICE_BAD_COUNT},
+        {"one too many", make_message(101, {1, 1, 1}), DEVICE_BAD_COUNT},
+        {"parameters in the wrong order", {101, 0, {{1, 1}, {0, 1}}}, DEVICE_BAD_PARAMETER},
+        {"unknown parameter", {101, 0, {{0, 1}, {2, 1}}}, DEVICE_BAD_PARAMETER},
+        {"unknown LED", make_message(101, {8, 1}), DEVICE_UNKNOWN_LED},
+        {"unknown status", make_message(101, {1, 4}), DEVICE_UNKNOWN_STATUS},
+        {"parameter where none belongs", make_message(103, {1}), DEVICE_BAD_COUNT},
+        {"function the panel does not send", make_message(102, {}), DEVICE_UNKNOWN_FUNCTION},
+        {"notification as a request", make_message(110, {1, 1}), DEVICE_UNKNOWN_FUNCTION},
+        {"timer without values", {108, 0, {{4, 1}}}, DEVICE_BAD_COUNT},
+        {"key beyond the last", make_message(CONTROL_KEY_EVENT, {256, 1}), DEVICE_UNKNOWN_KEY},
+        {"key before the first", make_message(CONTROL_KEY_EVENT, {-1, 1}), DEVICE_UNKNOWN_KEY},
+        {"key neither pressed nor released", make_message(CONTROL_KEY_EVENT, {1, 2}), DEVICE_UNKNOWN_STATUS},
+        {"unknown fault", make_message(CONTROL_SET_FAULT, {6, 0, 0}), DEVICE_BAD_VALUE},
+        {"delay before the request", make_message(CONTROL_SET_FAULT, {1, -1, 0}), DEVICE_BAD_VALUE},
+        {"fault for fewer than no requests", make_message(CONTROL_SET_FAULT, {2, 0, -1}), DEVICE_BAD_VALUE},
+    };
+    for (const auto& row : rows) {
+        SCOPED_TRACE(row.name);
+        EXPECT_EQ(row.result, ask(1, row.request));
+    }
+}
+
+TEST_F(test_panel_service, lengths_and_counts_that_lie_are_answered_with_a_code) {
+    const struct {
+        const char* name;
+        std::size_t length;
+        std::int32_t count;
+        std::int32_t result;
+    } rows[] = {
+        {"header alone", 72, 0, DEVICE_BAD_LENGTH},
+        {"cut in its own header", 87, 0, DEVICE_BAD_LENGTH},
+        {"half a record", 88 + 12, 1, DEVICE_BAD_LENGTH},
+        {"negative count", 88, -1, DEVICE_BAD_COUNT},
+        {"smallest count", 104, INT32_MIN, DEVICE_BAD_COUNT},
+        {"largest count", 104, INT32_MAX, DEVICE_BAD_LENGTH},
+        {"count too small", 104, 1, DEVICE_BAD_LENGTH},
+        {"count too large", 104, 3, DEVICE_BAD_LENGTH},
+        {"count that wraps to the length", 104, 0x20000002, DEVICE_BAD_LENGTH},
+    };
+    for (const auto& row : rows) {
+        SCOPED_TRACE(row.name);
+        std::vector<char> bytes = encode_message(make_message(101, {1, 1}), {});
+        dvc_pnl_dec_store(&bytes[DVC_PNL_DEC_PCNT_OFFSET], row.count);
+        bytes.resize(row.length);
+        EXPECT_EQ(row.result, ask(1, bytes, 101));
+    }
+    EXPECT_EQ(DEVICE_UNKNOWN_FUNCTION, ask(1, encode_message(make_message(103, {}), {}), 104));
+}
+
+TEST_F(test_panel_service, connections_that_leave_the_protocol_are_closed) {
+    IPC_HEADER header;
+    header.host = HOST;
+    const std::vector<char> request = encode_message(make_message(103, {}), {});
+    for (const IPC_KIND kind : {IPC_REPLY, IPC_NOTIFICATION, IPC_GREETING, IPC_LOST}) {
+        header.kind = kind;
+        EXPECT_FALSE(send(1, header, request));
+    }
+    header.kind = IPC_ATTACH;
+    EXPECT_FALSE(send(1, header, request)); // an attach has no payload
+    EXPECT_FALSE(attach(1, HOST, ATTACH_EVENTS_AND_EDGES + 1));
+    EXPECT_FALSE(attach(2, 0)); // no process has the number 0
+    EXPECT_TRUE(attach(1, HOST));
+    EXPECT_FALSE(attach(1, HOST + 1)); // a connection cannot change hands
+}
+
+TEST_F(test_panel_service, key_events_reach_the_observers_of_each_host_and_no_others) {
+    ASSERT_TRUE(attach(2, HOST));
+    ASSERT_TRUE(attach(3, HOST + 1));
+    EXPECT_EQ(DEVICE_OK, add_observer(1, 77));
+    EXPECT_EQ(DEVICE_OK, add_observer(1, 77)); // once more has no effect
+    EXPECT_EQ(DEVICE_OK, add_observer(1, -2)); // an address beyond 31 bits
+    sent_.clear();
+    EXPECT_EQ(DEVICE_OK, ask(1, make_message(CONTROL_KEY_EVENT, {5, DVC_PNL_DEC_KEY_PRESSED})));
+    ASSERT_EQ(2U, sent_[2].size());
+    EXPECT_TRUE(sent_[3].empty());
+    IPC_HEADER header;
+    ASSERT_TRUE(read_ipc_header(sent_[2][1].data(), sent_[2][1].size(), header));
+    EXPECT_EQ(0xFFFFFFFEU, header.destination);
+    const DEVICE_MESSAGE event = messages_to(2, IPC_NOTIFICATION)[0];
+    EXPECT_EQ(DVC_PNL_DEC_FUNCTION_NOTIFY_KEY_EVENT, event.func_id);
+    EXPECT_EQ(5, event.records[0].value);
+    EXPECT_EQ(DVC_PNL_DEC_KEY_PRESSED, event.records[1].value);
+    EXPECT_EQ(2, messages_to(1, IPC_REPLY)[0].records[0].value);
+
+    service_.disconnected(1);
+    sent_.clear();
+    EXPECT_EQ(DEVICE_OK, ask(3, make_message(CONTROL_KEY_EVENT, {5, 0}), 0, HOST + 1));
+    EXPECT_TRUE(sent_[2].empty()); // forgotten with the connection that registered them
+}
+
+TEST_F(test_panel_service, a_connection_registers_64_observers_at_most) {
+    for (std::int32_t number = 0; number < MOST_OBSERVERS; ++number) {
+        ASSERT_EQ(DEVICE_OK, add_observer(1, number));
+    }
+    EXPECT_EQ(DEVICE_TOO_MANY_OBSERVERS, add_observer(1, 64));
+    EXPECT_EQ(DEVICE_OK, add_observer(1, 0));
+    EXPECT_EQ(DEVICE_OK, add_observer(2, 64));
+}
+
+TEST_F(test_panel_service, faults_are_for_so_many_requests_of_the_library) {
+    const DEVICE_MESSAGE all_on = make_message(103, {});
+    ASSERT_EQ(DEVICE_OK, ask(1, make_message(CONTROL_SET_FAULT, {FAULT_FAIL, 55, 2})));
+    EXPECT_EQ(55, ask(1, all_on));
+    EXPECT_EQ(DEVICE_OK, ask(1, make_message(CONTROL_LIST_LEDS, {}))); // no fault, and not counted
+    EXPECT_EQ(0, messages_to(1, IPC_REPLY)[0].records[2].value);       // the request was not carried out
+    EXPECT_EQ(55, ask(1, all_on));
+    EXPECT_EQ(DEVICE_OK, ask(1, all_on));
+    ASSERT_EQ(DEVICE_OK, ask(1, make_message(CONTROL_SET_FAULT, {FAULT_DROP, 0, 1})));
+    EXPECT_EQ(-1, ask(1, make_message(104, {})));
+    EXPECT_EQ(DEVICE_OK, ask(1, make_message(CONTROL_LIST_LEDS, {})));
+    EXPECT_EQ(0, messages_to(1, IPC_REPLY)[0].records[2].value); // carried out all the same
+    ASSERT_EQ(DEVICE_OK, ask(1, make_message(CONTROL_SET_FAULT, {FAULT_DELAY, 300, 0})));
+    EXPECT_EQ(-1, ask(1, all_on, 1000));
+    EXPECT_EQ(1300, service_.next_deadline());
+    service_.advance(1299);
+    EXPECT_EQ(-1, result_of_reply(1));
+    service_.advance(1300);
+    EXPECT_EQ(DEVICE_OK, result_of_reply(1));
+    EXPECT_EQ(-1, service_.next_deadline());
+}
+
+TEST_F(test_panel_service, watchers_are_told_what_they_asked_for) {
+    ASSERT_TRUE(attach(2, HOST + 1, ATTACH_EVENTS));
+    ASSERT_TRUE(attach(3, HOST + 2, ATTACH_EVENTS_AND_EDGES));
+    EXPECT_EQ(DEVICE_OK, ask(1, make_message(101, {5, 2}), 1000));
+    service_.advance(1500);
+    EXPECT_EQ(DEVICE_UNKNOWN_LED, ask(1, make_message(101, {8, 2}), 1500));
+    std::vector<std::int32_t> told;
+    for (const DEVICE_MESSAGE& message : messages_to(3, IPC_NOTIFICATION)) {
+        told.push_back(message.func_id);
+    }
+    EXPECT_EQ((std::vector<std::int32_t>{EVENT_LED, EVENT_LED_EDGE, EVENT_REFUSED}), told);
+    EXPECT_EQ(2U, messages_to(2, IPC_NOTIFICATION).size());
+}
+
+} // namespace

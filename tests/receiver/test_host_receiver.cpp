@@ -1,0 +1,183 @@
+#include "dvc_pnl_dec_communication.h"
+#include "host_receiver.h"
+#include "ipc_header.h"
+#include "message_delivery.h"
+#include "raw_connection.h"
+#include "service_process.h"
+
+#include <QCoreApplication>
+#include <QEventLoop>
+#include <QThread>
+
+#include <csignal>
+#include <functional>
+#include <memory>
+#include <utility>
+
+namespace {
+
+using namespace panel_device;
+using namespace velarion;
+
+using EVENTS = std::vector<std::pair<int, int>>; // key, DVC_PNL_DEC_KEY_STATUS
+
+/** Keeps what it is told, and the thread it is told on. */
+class test_observer : public dvc_pnl_dec_key_event_observer {
+public:
+    void dvc_pnl_dec_key_pressed(int key_id) override { take(key_id, DVC_PNL_DEC_KEY_PRESSED); }
+    void dvc_pnl_dec_key_released(int key_id) override { take(key_id, DVC_PNL_DEC_KEY_RELEASED); }
+
+    /** Runs the event loop until so many events have come. */
+    const EVENTS& wait_for(std::size_t count) {
+        while (events_.size() < count) {
+            QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
+        }
+        return events_;
+    }
+    const EVENTS& events() const { return events_; }
+
+    std::function<void()> on_event;
+
+private:
+    void take(int key, int status) {
+        EXPECT_EQ(QCoreApplication::instance()->thread(), QThread::currentThread());
+        events_.push_back({key, status});
+        if (on_event) {
+            on_event();
+        }
+    }
+
+    EVENTS events_;
+};
+
+std::uint32_t number_of(const dvc_pnl_dec_key_event_observer* observer) {
+    return static_cast<std::uint32_t>(reinterpret_cast<std::uintptr_t>(observer));
+}
+
+void dispatch(host_receiver& receiver, const std::vector<char>& message) {
+    std::vector<char> bytes = message;
+    receiver.dispatch(DVC_PNL_DEC_FUNCTION_NOTIFY_KEY_EVENT, bytes.data(),
+                      static_cast<unsigned int>(bytes.size()), {});
+}
+
+std::vector<char> key_event(const dvc_pnl_dec_key_event_observer* observer, int key, int status) {
+    panel_platform::IPC_HEADER header;
+    header.kind = panel_platform::IPC_NOTIFICATION;
+    header.destination = number_of(observer);
+    return encode_message(make_message(DVC_PNL_DEC_FUNCTION_NOTIFY_KEY_EVENT, {key, status}), header);
+}
+
+class test_host_receiver : public scratch_service {
+protected:
+    /** Waits until this process takes notifications and has this many observers in the service. */
+    static void wait_until_told(int key, std::size_t observers) {
+        raw_connection control(1);
+        DEVICE_MESSAGE reply;
+        do {
+            QCoreApplication::processEvents();
+            ASSERT_TRUE(control.send(make_message(CONTROL_KEY_EVENT, {key, 1})));
+            ASSERT_TRUE(control.receive(reply));
+        } while (reply.records.at(0).value != static_cast<int>(observers));
+    }
+};
+
+TEST_F(test_host_receiver, a_key_press_comes_round_to_its_observers) {
+    service_process service;
+    host_receiver receiver;
+    test_observer first;
+    test_observer second;
+    ASSERT_EQ(0, receiver.add_observer(&first));
+    ASSERT_EQ(0, receiver.add_observer(&second));
+    const panel_platform::message_delivery delivery(receiver, DVC_PNL_DEC_SERVICE_NAME);
+    wait_until_told(1, 2);
+    std::string output;
+    EXPECT_EQ(0, run_panelctl("key press 30", output));
+    EXPECT_EQ(0, run_panelctl("key release 30", output));
+    EXPECT_EQ((EVENTS{{1, 1}, {30, 1}, {30, 0}}), first.wait_for(3));
+    EXPECT_EQ((EVENTS{{1, 1}, {30, 1}, {30, 0}}), second.wait_for(3));
+    receiver.forget_observer(&first);
+    receiver.forget_observer(&second);
+}
+
+TEST_F(test_host_receiver, observers_are_registered_again_with_a_new_service) {
+    host_receiver receiver;
+    test_observer observer;
+    const panel_platform::message_delivery delivery(receiver, DVC_PNL_DEC_SERVICE_NAME);
+    EXPECT_EQ(-1, receiver.add_observer(&observer)); // no service yet
+    for (int start = 1; start <= 2; ++start) {
+        SCOPED_TRACE(start);
+        service_process service;
+        wait_until_told(start, 1);
+        EXPECT_EQ((std::pair<int, int>{start, 1}), observer.wait_for(static_cast<std::size_t>(start)).back());
+        service.end_by(SIGKILL);
+    }
+    receiver.forget_observer(&observer);
+}
+
+TEST_F(test_host_receiver, no_observer_is_called_after_it_was_destroyed_or_forgotten) {
+    service_process service;
+    host_receiver receiver;
+    test_observer forgetting;
+    test_observer last;
+    auto destroyed = std::make_unique<test_observer>();
+    auto owner = std::make_unique<QObject>();
+    const auto event_of_destroyed = key_event(destroyed.get(), 3, 1);
+    ASSERT_EQ(0, receiver.add_observer(&forgetting));
+    ASSERT_EQ(0, receiver.add_observer(destroyed.get(), owner.get()));
+    ASSERT_EQ(0, receiver.add_observer(&last, owner.get()));
+    receiver.forget_observer(&last);
+    ASSERT_EQ(0, receiver.add_observer(&last)); // without an owner from now on
+    forgetting.on_event = [&] { receiver.forget_observer(&forgetting); };
+
+    dispatch(receiver, event_of_destroyed); // still waits in the event loop when the observer goes
+    destroyed.reset();
+    owner.reset();
+    dispatch(receiver, event_of_destroyed);
+    dispatch(receiver, key_event(&forgetting, 4, 1));
+    dispatch(receiver, key_event(&forgetting, 5, 1));
+    dispatch(receiver, key_event(&last, 6, 1));
+    EXPECT_EQ((EVENTS{{6, 1}}), last.wait_for(1));
+    EXPECT_EQ((EVENTS{{4, 1}}), forgetting.events());
+    {
+        host_receiver short_lived;
+        ASSERT_EQ(0, short_lived.add_observer(&last));
+        dispatch(short_lived, key_event(&last, 7, 1));
+    }
+    QCoreApplication::processEvents();
+    EXPECT_EQ(1U, last.events().size());
+}
+
+TEST_F(test_host_receiver, notifications_that_are_wrong_reach_nobody) {
+    service_process service;
+    host_receiver receiver;
+    test_observer observer;
+    ASSERT_EQ(0, receiver.add_observer(&observer));
+    receiver.dispatch(110, nullptr, 0, {});
+    const std::vector<char> right = key_event(&observer, 1, 1);
+    for (std::size_t length = 0; length < right.size(); ++length) {
+        dispatch(receiver, {right.begin(), right.begin() + static_cast<std::ptrdiff_t>(length)});
+    }
+    for (const std::int32_t count : {-1, 0, 3, 0x20000002, INT32_MIN, INT32_MAX}) {
+        std::vector<char> lying = right;
+        dvc_pnl_dec_store(&lying[DVC_PNL_DEC_PCNT_OFFSET], count);
+        dispatch(receiver, lying);
+    }
+    std::vector<char> other_function = right;
+    dvc_pnl_dec_store(&other_function[DVC_PNL_DEC_FUNC_ID_OFFSET], 111);
+    dispatch(receiver, other_function);
+    std::vector<char> other_parameter = right;
+    dvc_pnl_dec_store(&other_parameter[DVC_PNL_DEC_PARAMETERS_OFFSET], 9);
+    dispatch(receiver, other_parameter);
+    dispatch(receiver, key_event(&observer, 1, 2)); // neither pressed nor released
+    dispatch(receiver, key_event(&observer + 1, 1, 1));
+    dispatch(receiver, key_event(&observer, 8, 0));
+    EXPECT_EQ((EVENTS{{8, 0}}), observer.wait_for(1));
+}
+
+} // namespace
+
+int main(int argc, char** argv) {
+    testing::InitGoogleTest(&argc, argv);
+    const QCoreApplication application(argc, argv);
+    return RUN_ALL_TESTS();
+}
