@@ -1,0 +1,80 @@
+#include "device.h"
+
+#include <filesystem>
+
+namespace {
+
+using device_shell = device;
+
+bool exists(const std::string& path) {
+    return std::filesystem::exists(path);
+}
+
+} // namespace
+
+TEST_F(device_shell, the_command_gets_its_words_and_gives_its_exit_code) {
+    const process_result result =
+        run_shell({"--scratch", "--", "sh", "-c", "printf '<%s>' \"$@\"; echo remark >&2; exit 7", "sh",
+                   "a  b", "", "*", "--tree", "\"'$HOME"});
+    EXPECT_EQ(result.exit_code, 7);
+    EXPECT_EQ(result.output, "<a  b><><*><--tree><\"'$HOME>");
+    EXPECT_EQ(result.errors, "remark\n");
+}
+
+TEST_F(device_shell, wrong_usage_and_a_missing_tree_are_told_apart) {
+    const struct {
+        std::vector<std::string> words;
+        int exit_code;
+        const char* reason;
+    } rows[] = {
+        {{"--device", "true"}, 2, "unknown option --device"},
+        {{"--tree"}, 2, "--tree needs a folder"},
+        {{"--build"}, 2, "--build needs a folder"},
+        {{"--tree", scratch_.path("none"), "true"}, 3, "no device tree at"},
+        {{"--build", scratch_.path("none"), "true"}, 3, "no device tree at"},
+    };
+    for (const auto& row : rows) {
+        SCOPED_TRACE(row.reason);
+        const process_result result = run_shell(row.words);
+        EXPECT_EQ(result.exit_code, row.exit_code);
+        EXPECT_EQ(result.output, "");
+        EXPECT_EQ(result.errors.rfind("device-shell: ", 0), 0U);
+        EXPECT_NE(result.errors.find(row.reason), std::string::npos) << result.errors;
+    }
+    EXPECT_EQ(run_shell({"--help"}).exit_code, 0);
+}
+
+TEST_F(device_shell, a_scratch_device_is_empty_and_leaves_nothing) {
+    const std::string name = std::filesystem::path(scratch_.path(".")).parent_path().filename();
+    const std::string folders = "/usr/local/vuk_app /usr/local/vuk_plp /mnt/optlang /mnt/sheetext /tmp";
+    const process_result result = run_shell(
+        {"--scratch", "sh", "-c",
+         "for folder in " + folders + "; do ls -A $folder; echo x >$folder/" + name + " || exit 1; done"});
+    EXPECT_EQ(result.exit_code, 0) << result.errors;
+    EXPECT_EQ(result.output.find(name), std::string::npos);
+    for (const std::string folder : {"/usr/local/vuk_app/", "/usr/local/vuk_plp/", "/mnt/optlang/",
+                                     "/mnt/sheetext/", "/mnt/", "/tmp/"}) {
+        EXPECT_FALSE(exists(folder + name)) << folder;
+    }
+    EXPECT_EQ(run_shell({"--scratch", "ls", "-A", "/mnt/optlang", "/usr/local/vuk_app"}).output,
+              "/mnt/optlang:\n\n/usr/local/vuk_app:\n");
+}
+
+TEST_F(device_shell, a_tree_lies_at_the_paths_of_the_device_and_nowhere_else) {
+    const bool had_fonts = exists("/tmp/fonts");
+    const std::string name = std::filesystem::path(scratch_.path(".")).parent_path().filename();
+    scratch_.write("tree/mnt/sheetext/note", "of the tree");
+    const process_result result = run_shell({"--tree", scratch_.path("tree"), "sh", "-c",
+                                             "cat /mnt/sheetext/note; echo x >/tmp/" + name +
+                                                 "; panelctl message 1 >/dev/null; command -v panelctl"},
+                                            {{"PANEL_PLATFORM_DIR", ""}});
+    EXPECT_EQ(result.output, std::string("of the tree") + PANELCTL "\n");
+    EXPECT_EQ(scratch_.read("tree/tmp/" + name), "x\n");
+    EXPECT_TRUE(exists(scratch_.path("tree/tmp/fonts")));
+    EXPECT_FALSE(exists("/tmp/" + name));
+    EXPECT_EQ(exists("/tmp/fonts"), had_fonts);
+    EXPECT_EQ(run_shell({"--tree", scratch_.path("tree"), "sh", "-c", "echo $PANEL_PLATFORM_DIR"},
+                        {{"PANEL_PLATFORM_DIR", ""}})
+                  .output,
+              scratch_.path("tree/platform") + "\n");
+}
