@@ -4,18 +4,21 @@ include(CheckLinkerFlag)
 include(CMakePackageConfigHelpers)
 
 add_library(panel_view_support SHARED)
-set(subsystems panel_view_layout panel_view_language panel_view_tables)
+set(subsystems panel_view_device_controller panel_view_data_file panel_view_layout panel_view_language
+    panel_view_tables)
 foreach(subsystem IN LISTS subsystems)
     target_sources(panel_view_support PRIVATE $<TARGET_OBJECTS:${subsystem}>)
 endforeach()
 target_include_directories(panel_view_support PUBLIC
     $<BUILD_INTERFACE:${PROJECT_SOURCE_DIR}/dvc/dvc_pnl/cmn_src>
+    $<BUILD_INTERFACE:${PROJECT_SOURCE_DIR}/dvc/dvc_pnl/cmn_src/device_controller>
     $<BUILD_INTERFACE:${PROJECT_SOURCE_DIR}/dvc/dvc_pnl/cmn_src/view_layout>
     $<BUILD_INTERFACE:${PROJECT_SOURCE_DIR}/resource_manager/language>
     $<INSTALL_INTERFACE:${CMAKE_INSTALL_INCLUDEDIR}/panel_view_support>)
 target_link_libraries(panel_view_support PUBLIC panel_platform_headers ${PANEL_VIEW_QT_TARGETS})
 # A host compiled with -fPIE alone would get copies of the exported tables, 1.4 MB of them at each start.
 target_compile_options(panel_view_support INTERFACE -fPIC)
+target_compile_features(panel_view_support PUBLIC cxx_std_17)
 set_target_properties(panel_view_support PROPERTIES
     VERSION ${PROJECT_VERSION} SOVERSION ${PROJECT_VERSION_MAJOR} EXPORT_NAME panel_view_support)
 
@@ -25,23 +28,57 @@ if(PANEL_VIEW_HAS_PACKED_RELOCATIONS)
     target_link_options(panel_view_support PRIVATE "-Wl,-z,pack-relative-relocs")
 endif()
 
+# Components: "library" and "platform" are what runs, "tools" the programs, "development" all else.
+set(header_folder ${CMAKE_INSTALL_INCLUDEDIR}/panel_view_support)
 install(TARGETS panel_view_support panel_platform_headers EXPORT panel_view_support_targets
-    LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR})
+    LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR} COMPONENT library NAMELINK_COMPONENT development)
 file(GLOB public_headers
     dvc/dvc_pnl/cmn_src/dvc_pnl_export.h
-    dvc/dvc_pnl/cmn_src/view_layout/dvc_pnl_common_utility.h
+    dvc/dvc_pnl/cmn_src/device_controller/*.h
+    dvc/dvc_pnl/cmn_src/view_layout/*.h
     resource_manager/language/*.h
     platform/*.h)
-install(FILES ${public_headers} DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/panel_view_support)
+list(FILTER public_headers EXCLUDE REGEX "(utl_toolkit|utl_xml_guarded_source)\\.h$")
+install(FILES ${public_headers} DESTINATION ${header_folder} COMPONENT development)
 
+if(PANEL_VIEW_QT EQUAL 5)
+    set(PANEL_VIEW_QT_MINIMUM 5.15)
+else()
+    set(PANEL_VIEW_QT_MINIMUM 4.8)
+endif()
+string(REGEX REPLACE "Qt[45]::" "" PANEL_VIEW_QT_COMPONENTS "${PANEL_VIEW_QT_TARGETS}")
+list(JOIN PANEL_VIEW_QT_COMPONENTS " " PANEL_VIEW_QT_COMPONENTS)
 set(package_folder ${CMAKE_INSTALL_LIBDIR}/cmake/panel_view_support)
-install(EXPORT panel_view_support_targets NAMESPACE panel_view_support:: DESTINATION ${package_folder})
+install(EXPORT panel_view_support_targets NAMESPACE panel_view_support:: DESTINATION ${package_folder}
+    COMPONENT development)
 configure_package_config_file(cmake/panel_view_support-config.cmake.in
     ${PROJECT_BINARY_DIR}/panel_view_support-config.cmake INSTALL_DESTINATION ${package_folder})
 write_basic_package_version_file(${PROJECT_BINARY_DIR}/panel_view_support-config-version.cmake
     COMPATIBILITY SameMajorVersion)
 install(FILES ${PROJECT_BINARY_DIR}/panel_view_support-config.cmake
-    ${PROJECT_BINARY_DIR}/panel_view_support-config-version.cmake DESTINATION ${package_folder})
-configure_file(cmake/panel_view_support.pc.in ${PROJECT_BINARY_DIR}/panel_view_support.pc @ONLY)
-install(FILES ${PROJECT_BINARY_DIR}/panel_view_support.pc
-    DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgconfig)
+    ${PROJECT_BINARY_DIR}/panel_view_support-config-version.cmake DESTINATION ${package_folder}
+    COMPONENT development)
+
+# The pkg-config files find their prefix from where they lie, so that an installed tree may be moved.
+set(PANEL_VIEW_PC_FOLDER ${CMAKE_INSTALL_LIBDIR}/pkgconfig)
+file(RELATIVE_PATH PANEL_VIEW_PC_TO_PREFIX /prefix/${PANEL_VIEW_PC_FOLDER} /prefix)
+string(REGEX REPLACE "Qt4::|::" "" PANEL_VIEW_PC_REQUIRES "${PANEL_VIEW_QT_TARGETS}")
+list(JOIN PANEL_VIEW_PC_REQUIRES " " PANEL_VIEW_PC_REQUIRES)
+function(panel_view_install_pc name)
+    configure_file(cmake/${name}.pc.in ${PROJECT_BINARY_DIR}/${name}.pc @ONLY)
+    install(FILES ${PROJECT_BINARY_DIR}/${name}.pc DESTINATION ${PANEL_VIEW_PC_FOLDER} COMPONENT development)
+endfunction()
+panel_view_install_pc(panel_view_support)
+
+if(TARGET panel_platform)
+    set(platform_header_folder ${CMAKE_INSTALL_INCLUDEDIR}/panel_platform)
+    target_include_directories(panel_platform
+        INTERFACE $<INSTALL_INTERFACE:${header_folder}> $<INSTALL_INTERFACE:${platform_header_folder}>)
+    install(TARGETS panel_platform EXPORT panel_platform_targets
+        LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR} COMPONENT platform NAMELINK_COMPONENT development)
+    install(FILES platform/workstation/platform_codes.h platform/workstation/settings_database.h
+        DESTINATION ${platform_header_folder} COMPONENT development)
+    install(EXPORT panel_platform_targets NAMESPACE panel_view_support:: DESTINATION ${package_folder}
+        COMPONENT development)
+    panel_view_install_pc(panel_platform)
+endif()

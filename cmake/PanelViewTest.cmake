@@ -5,13 +5,31 @@ set(PANEL_VIEW_SANITIZER_ENVIRONMENT
 
 # panel_view_add_test(NAME target [DEVICE])
 #
-# Registers a test executable. With DEVICE it runs in a device tree of its own, empty and writable.
+# Registers a test executable. With DEVICE it runs in a device tree of its own, empty and writable. A cross build's
+# runs under its emulator, if it needs one.
 function(panel_view_add_test name target)
-    set(command $<TARGET_FILE:${target}>)
+    set(command ${CMAKE_CROSSCOMPILING_EMULATOR} $<TARGET_FILE:${target}>)
     if("DEVICE" IN_LIST ARGN)
         set(command "${PROJECT_SOURCE_DIR}/scripts/device-shell" --scratch ${command})
     endif()
     add_test(NAME ${name} COMMAND ${command})
     set_tests_properties(${name} PROPERTIES TIMEOUT 300 ENVIRONMENT
         "QT_QPA_PLATFORM=offscreen;${PANEL_VIEW_SANITIZER_ENVIRONMENT}")
+endfunction()
+
+# panel_view_program(VARIABLE TARGET)
+#
+# VARIABLE receives the path by which tests start a program as a process: that of its file or, where an emulator must
+# run it, of a script that starts the emulator.
+function(panel_view_program variable target)
+    if(NOT CMAKE_CROSSCOMPILING_EMULATOR)
+        set(${variable} $<TARGET_FILE:${target}> PARENT_SCOPE)
+        return()
+    endif()
+    set(launcher "${PROJECT_BINARY_DIR}/launch/${target}")
+    list(JOIN CMAKE_CROSSCOMPILING_EMULATOR " " emulator)
+    file(GENERATE OUTPUT "${launcher}"
+        CONTENT "#!/bin/sh\nexec ${emulator} $<TARGET_FILE:${target}> \"$@\"\n"
+        FILE_PERMISSIONS OWNER_READ OWNER_WRITE OWNER_EXECUTE GROUP_READ GROUP_EXECUTE WORLD_READ WORLD_EXECUTE)
+    set(${variable} "${launcher}" PARENT_SCOPE)
 endfunction()

@@ -4,6 +4,10 @@
 #include <QCommandLineParser>
 #include <QStringList>
 
+namespace velarion {
+class dvc_pnl_rmg_language_resource;
+}
+
 /** Exit codes of panelctl. */
 enum EXIT_CODE : int {
     EXIT_FOUND = 0,
@@ -24,6 +28,15 @@ int run_languages_command(const QStringList& arguments);
 int run_packs_command(const QStringList& arguments);
 int run_settings_command(const QStringList& arguments);
 int run_units_command(const QStringList& arguments);
+int run_font_command(const QStringList& arguments);
+int run_attribute_command(const QStringList& arguments);
+int run_keyboard_command(const QStringList& arguments);
+int run_xml_command(const QStringList& arguments);
+int run_strings_command(const QStringList& arguments);
+int run_led_command(const QStringList& arguments);
+int run_key_command(const QStringList& arguments);
+int run_monitor_command(const QStringList& arguments);
+int run_service_command(const QStringList& arguments);
 
 /**
  * Reads the words behind a command's name; adds --json and --help to its options.
@@ -33,6 +46,13 @@ int run_units_command(const QStringList& arguments);
  */
 bool read_arguments(QCommandLineParser& parser, const QString& command, const QStringList& arguments,
                     int& exit_code);
+
+/**
+ * The language that --language asks for, or the one in force.
+ * @return false after a fault, which is reported
+ */
+bool read_language_option(const QCommandLineParser& parser, const QString& command,
+                          velarion::dvc_pnl_rmg_language_resource& language, int& language_id);
 
 /** Reports a fault of usage. @return EXIT_USAGE */
 int usage_fault(const QString& command, const QString& fault);

@@ -16,10 +16,19 @@ const panelctl_command COMMANDS[] = {
     {"packs", "the option language packs in the five slots", run_packs_command},
     {"settings", "the device settings: list, get, set, reset", run_settings_command},
     {"units", "sizes in dp, px and mm", run_units_command},
+    {"font", "the font of a language", run_font_command},
+    {"attribute", "whether an attribute of a language is set", run_attribute_command},
+    {"keyboard", "the keyboard and language files of a language", run_keyboard_command},
+    {"xml", "what message or image documents hold", run_xml_command},
+    {"strings", "texts of a string document, by name", run_strings_command},
+    {"led", "the LEDs of the panel: list, set, all-on, all-off, timer", run_led_command},
+    {"key", "the hard keys of the panel: press, release", run_key_command},
+    {"monitor", "what happens at the panel hardware, a line per event", run_monitor_command},
+    {"service", "the panel device service: status and faults on purpose", run_service_command},
 };
 
 void print_help() {
-    print_line(QStringLiteral("panelctl - the panel's texts, languages and units from a command line\n\n"
+    print_line(QStringLiteral("panelctl - the panel's texts, languages, units and hardware from a command line\n\n"
                               "Usage: panelctl COMMAND [ARGUMENT...]\n\nCommands:"));
     std::vector<QStringList> rows;
     for (const panelctl_command& command : COMMANDS) {
@@ -49,6 +58,15 @@ int run_command(const QString& name, const QStringList& arguments) {
     return EXIT_USAGE;
 }
 
+/** @return the exit code, or EXIT_SERVICE when not all of the output could be written */
+int finish_output(int exit_code) {
+    if (std::fflush(stdout) == 0 && std::ferror(stdout) == 0) {
+        return exit_code;
+    }
+    report_fault(QStringLiteral("standard output cannot be written"));
+    return EXIT_SERVICE;
+}
+
 } // namespace
 
 void report_fault(const QString& text) {
@@ -71,8 +89,10 @@ bool read_arguments(QCommandLineParser& parser, const QString& command, const QS
         return false;
     }
     if (parser.isSet(help)) {
+        const QString usage = QStringLiteral("Usage: ");
         QString text = parser.helpText();
-        text.replace(QCoreApplication::applicationFilePath(), QStringLiteral("panelctl ") + command);
+        text.replace(usage + QCoreApplication::arguments().at(0),
+                     usage + QStringLiteral("panelctl ") + command);
         print_line(text.trimmed());
         exit_code = EXIT_FOUND;
         return false;
@@ -99,11 +119,11 @@ int main(int argc, char** argv) {
     const QString name = arguments.takeFirst();
     if (name == QLatin1String("--help") || name == QLatin1String("-h")) {
         print_help();
-        return EXIT_FOUND;
+        return finish_output(EXIT_FOUND);
     }
     if (name == QLatin1String("--version")) {
         print_line(QStringLiteral("panelctl " PANEL_VIEW_VERSION));
-        return EXIT_FOUND;
+        return finish_output(EXIT_FOUND);
     }
-    return run_command(name, arguments);
+    return finish_output(run_command(name, arguments));
 }

@@ -9,6 +9,8 @@
 #include <QJsonArray>
 #include <QJsonObject>
 
+#include <algorithm>
+
 namespace {
 
 using velarion::dvc_pnl_rmg_language_resource;
@@ -19,16 +21,19 @@ const QString COMMAND = QStringLiteral("message");
 struct message_entry {
     QString key;
     bool is_found = false;
-    bool is_table_message = false; ///< otherwise a data file
+    int exit_code = EXIT_NOT_FOUND; ///< while it is not found: the reason
+    bool is_table_message = false;  ///< otherwise a data file
     DVC_PNL_RMG_IMPL_MESSAGE record = {0, "", 0};
     std::vector<std::pair<int, QString>> texts; ///< by language id
 };
 
-bool holds_file(dvc_pnl_rmg_language_resource& language, const QByteArray& key) {
+/** @return whether there is a data file with a text; @p exit_code tells a missing one from a bad one */
+bool holds_file(dvc_pnl_rmg_language_resource& language, const QByteArray& key, int& exit_code) {
     std::string text;
     int error = 0;
-    return language.dvc_pnl_rmg_get_message_data(key.constData(), text, error) ==
-           velarion::DVC_PNL_RMG_RESULT_OK;
+    const int result = language.dvc_pnl_rmg_get_message_data(key.constData(), text, error);
+    exit_code = result == velarion::DVC_PNL_RMG_RESULT_IO_ERROR ? EXIT_SERVICE : EXIT_NOT_FOUND;
+    return result == velarion::DVC_PNL_RMG_RESULT_OK;
 }
 
 message_entry look_up(dvc_pnl_rmg_language_resource& language, const QString& key,
@@ -40,7 +45,7 @@ message_entry look_up(dvc_pnl_rmg_language_resource& language, const QString& ke
     entry.is_table_message =
         velarion::dvc_pnl_common_utility::string_to_int(bytes.constData(), wanted.message_id);
     entry.is_found = entry.is_table_message ? language.search_message_element(wanted, entry.record)
-                                            : holds_file(language, bytes);
+                                            : holds_file(language, bytes, entry.exit_code);
     if (entry.is_found) {
         for (const int id : language_ids) {
             entry.texts.emplace_back(id, language.dvc_pnl_rmg_get_message(bytes.constData(), id));
@@ -65,13 +70,15 @@ QJsonObject to_json(const message_entry& entry) {
     return object;
 }
 
+void report_missing(const message_entry& entry) {
+    const QString text = entry.is_table_message ? QStringLiteral("there is no message %1")
+                         : entry.exit_code == EXIT_SERVICE
+                             ? QStringLiteral("message data file \"%1\" is empty or cannot be read")
+                             : QStringLiteral("there is no message data file \"%1\"");
+    report_fault(text.arg(entry.key));
+}
+
 void print_entry(const message_entry& entry) {
-    if (!entry.is_found) {
-        report_fault(entry.is_table_message
-                         ? QStringLiteral("there is no message %1").arg(entry.key)
-                         : QStringLiteral("there is no message data file \"%1\"").arg(entry.key));
-        return;
-    }
     if (entry.texts.size() == 1) {
         print_line(entry.texts.front().second);
         return;
@@ -160,11 +167,12 @@ int run_message_command(const QStringList& arguments) {
     for (const QString& key : parser.positionalArguments()) {
         const message_entry entry = look_up(session.language(), key, ids);
         if (!entry.is_found) {
-            exit_code = EXIT_NOT_FOUND;
+            exit_code = std::max(exit_code, entry.exit_code);
+            report_missing(entry);
         }
         if (parser.isSet(QLatin1String(JSON_OPTION))) {
             entries.append(to_json(entry));
-        } else {
+        } else if (entry.is_found) {
             print_entry(entry);
         }
     }

@@ -118,7 +118,7 @@ int get_setting(settings_database& database, const QStringList& arguments, bool 
 
 bool read_number(const QString& text, qint64& number) {
     bool is_number = false;
-    number = text.toLongLong(&is_number, 0); // also "0x5A"
+    number = text.toLongLong(&is_number, text.startsWith(QLatin1String("0x")) ? 16 : 10);
     if (!is_number) {
         usage_fault(COMMAND, QStringLiteral("\"%1\" is not a whole number").arg(text));
     }
@@ -155,7 +155,11 @@ bool read_attribute_key(const QStringList& arguments, int& language_id, int& att
     }
     language_id = static_cast<int>(language);
     attribute = static_cast<int>(number);
-    return true;
+    const bool is_in_range = language_id == language && attribute == number;
+    if (!is_in_range) {
+        usage_fault(COMMAND, QStringLiteral("a language or attribute number is out of range"));
+    }
+    return is_in_range;
 }
 
 int get_attribute(settings_database& database, const QStringList& arguments, bool as_json) {

@@ -6,6 +6,8 @@
 #include <QJsonArray>
 #include <QJsonObject>
 
+#include <cmath>
+
 namespace {
 
 using velarion::dvc_pnl_common_utility;
@@ -28,7 +30,7 @@ bool convert(const QCommandLineParser& parser, const QString& size,
         const int px = dvc_pnl_common_utility::get_mm_to_pixel_size(
             parser.value(QStringLiteral("mm")).toInt(), millimetre);
         result = QStringLiteral("%1px").arg(px);
-        return is_size;
+        return is_size && std::isfinite(millimetre);
     }
     if (parser.isSet(QStringLiteral("to-dp"))) {
         const int px = size.toInt(&is_size);
@@ -47,7 +49,8 @@ int run_units_command(const QStringList& arguments) {
     QCommandLineParser parser;
     parser.setApplicationDescription(QStringLiteral(
         "Converts sizes to device pixels as the panel does: \"10dp\", \"10dp+4\", \"100-8dp\".\n"
-        "A single size is always truncated; an operand that is no size makes the result 0.\n"
+        "A single size is always truncated. An operand that is no size makes the result 0; one without a\n"
+        "number before \"dp\" counts as 0.\n"
         "\"ceil\" is the panel's name for rounding to the nearest pixel."));
     parser.addPositionalArgument(QStringLiteral("size"), QStringLiteral("Size or sum or difference of two."),
                                  QStringLiteral("SIZE..."));

@@ -1,0 +1,44 @@
+#include "scratch_tree.h"
+
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+
+namespace fs = std::filesystem;
+
+namespace {
+
+const char* const DEVICE_FOLDERS[] = {"/mnt/optlang", "/mnt/sheetext", "/tmp/fonts", "/usr/local/vuk_app"};
+
+void empty_device() {
+    for (const char* folder : DEVICE_FOLDERS) {
+        if (fs::exists(folder)) {
+            for (const auto& entry : fs::directory_iterator(folder)) {
+                fs::remove_all(entry.path());
+            }
+        }
+    }
+}
+
+} // namespace
+
+void scratch_tree::SetUp() {
+    if (std::getenv("PANEL_DEVICE_SCRATCH") == nullptr) {
+        FAIL() << "run this test through scripts/device-shell --scratch";
+    }
+    platform_.reset();
+    unsetenv("TEST_ICON_MESSAGE");
+    empty_device();
+}
+
+void scratch_tree::TearDown() {
+    platform_.reset();
+    unsetenv("TEST_ICON_MESSAGE");
+}
+
+void scratch_tree::write_file(const std::string& path, const std::string& contents) {
+    fs::create_directories(fs::path(path).parent_path());
+    std::ofstream file(path, std::ios::binary);
+    file << contents;
+    ASSERT_TRUE(file.flush()) << path;
+}
