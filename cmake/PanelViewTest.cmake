@@ -3,12 +3,15 @@ set(PANEL_VIEW_SANITIZER_ENVIRONMENT
     "LSAN_OPTIONS=suppressions=${PROJECT_SOURCE_DIR}/tests/leaks.supp:print_suppressions=0"
     "UBSAN_OPTIONS=print_stacktrace=1")
 
+set(PANEL_VIEW_TEST_ARGUMENTS "" CACHE STRING
+    "Arguments of every test program, such as -qws with Qt for Embedded Linux")
+
 # panel_view_add_test(NAME target [DEVICE])
 #
 # Registers a test executable. With DEVICE it runs in a device tree of its own, empty and writable. A cross build's
 # runs under its emulator, if it needs one.
 function(panel_view_add_test name target)
-    set(command ${CMAKE_CROSSCOMPILING_EMULATOR} $<TARGET_FILE:${target}>)
+    set(command ${CMAKE_CROSSCOMPILING_EMULATOR} $<TARGET_FILE:${target}> ${PANEL_VIEW_TEST_ARGUMENTS})
     if("DEVICE" IN_LIST ARGN)
         set(command "${PROJECT_SOURCE_DIR}/scripts/device-shell" --scratch ${command})
     endif()
@@ -27,9 +30,13 @@ function(panel_view_program variable target)
         return()
     endif()
     set(launcher "${PROJECT_BINARY_DIR}/launch/${target}")
-    list(JOIN CMAKE_CROSSCOMPILING_EMULATOR " " emulator)
-    file(GENERATE OUTPUT "${launcher}"
-        CONTENT "#!/bin/sh\nexec ${emulator} $<TARGET_FILE:${target}> \"$@\"\n"
-        FILE_PERMISSIONS OWNER_READ OWNER_WRITE OWNER_EXECUTE GROUP_READ GROUP_EXECUTE WORLD_READ WORLD_EXECUTE)
+    get_target_property(has_launcher ${target} PANEL_VIEW_HAS_LAUNCHER)
+    if(NOT has_launcher)
+        list(JOIN CMAKE_CROSSCOMPILING_EMULATOR " " emulator)
+        file(GENERATE OUTPUT "${launcher}"
+            CONTENT "#!/bin/sh\nexec ${emulator} $<TARGET_FILE:${target}> \"$@\"\n"
+            FILE_PERMISSIONS OWNER_READ OWNER_WRITE OWNER_EXECUTE GROUP_READ GROUP_EXECUTE WORLD_READ WORLD_EXECUTE)
+        set_target_properties(${target} PROPERTIES PANEL_VIEW_HAS_LAUNCHER TRUE)
+    endif()
     set(${variable} "${launcher}" PARENT_SCOPE)
 endfunction()

@@ -70,7 +70,7 @@ TEST_F(documents, faults_have_their_exit_codes_and_places) {
         const char* output;
         const char* reason;
     } rows[] = {
-        {{"xml", "messages", bad}, 3, "A  7\n", "lines:2 column:3 tag mismatch"},
+        {{"xml", "messages", bad}, 3, "A  7\n", "lines:2 column:4 tag mismatch"},
         {{"xml", "messages", "none.xml"}, 3, "", "none.xml: there is no such file"},
         {{"xml", "images", "/mnt"}, 3, "", "unexpected end of file"},
         {{"xml", "texts", bad}, 2, "", "messages"},

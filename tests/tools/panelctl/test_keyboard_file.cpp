@@ -16,7 +16,8 @@ protected:
     std::string fault_of(const std::string& contents) const {
         keyboard board;
         QString fault;
-        EXPECT_EQ(read_keyboard(path_of(contents), board, fault), fault.isEmpty());
+        const bool is_read = read_keyboard(path_of(contents), board, fault);
+        EXPECT_EQ(is_read, fault.isEmpty());
         return fault.mid(fault.lastIndexOf(QLatin1Char('/')) + 1).toStdString();
     }
 
