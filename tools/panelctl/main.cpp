@@ -21,6 +21,10 @@ const panelctl_command COMMANDS[] = {
     {"keyboard", "the keyboard and language files of a language", run_keyboard_command},
     {"xml", "what message or image documents hold", run_xml_command},
     {"strings", "texts of a string document, by name", run_strings_command},
+    {"image", "one picture, as PNG", run_image_command},
+    {"images", "the rows of the image table", run_images_command},
+    {"sheet", "contact sheets of pictures", run_sheet_command},
+    {"data", "data files in the platform's store: put, get, exists, remove", run_data_command},
     {"led", "the LEDs of the panel: list, set, all-on, all-off, timer", run_led_command},
     {"key", "the hard keys of the panel: press, release", run_key_command},
     {"monitor", "what happens at the panel hardware, a line per event", run_monitor_command},
@@ -28,8 +32,9 @@ const panelctl_command COMMANDS[] = {
 };
 
 void print_help() {
-    print_line(QStringLiteral("panelctl - the panel's texts, languages, units and hardware from a command line\n\n"
-                              "Usage: panelctl COMMAND [ARGUMENT...]\n\nCommands:"));
+    print_line(
+        QStringLiteral("panelctl - the panel's texts, pictures, units and hardware from a command line\n\n"
+                       "Usage: panelctl COMMAND [ARGUMENT...]\n\nCommands:"));
     std::vector<QStringList> rows;
     for (const panelctl_command& command : COMMANDS) {
         rows.push_back(

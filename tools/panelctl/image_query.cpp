@@ -1,0 +1,73 @@
+#include "image_query.h"
+
+#include "command.h"
+#include "panel_session.h"
+
+#include <QSaveFile>
+
+image_session::image_session() {
+    report_missing_device_tree();
+    images_ = velarion::dvc_pnl_rmg_image_resource_manager::dvc_pnl_rmg_create_instance();
+}
+
+image_session::~image_session() {
+    velarion::dvc_pnl_rmg_image_resource_manager::dvc_pnl_rmg_delete_instance();
+}
+
+delivered_image image_session::request(const QString& id, const QString& suffix, const QSize& size) {
+    delivered_image image;
+    std::string found_name;
+    image.result =
+        images_->dvc_pnl_rmg_get_image(id, &image.pixmap, suffix, found_name, size.width(), size.height());
+    image.found_name = QString::fromUtf8(found_name.c_str());
+    return image;
+}
+
+std::vector<const DVC_PNL_RMG_IMPL_IMAGE_NAME*> find_images(const QString& text) {
+    std::vector<const DVC_PNL_RMG_IMPL_IMAGE_NAME*> found;
+    for (int i = 0; i < dvc_pnl_rmg_imple_image_name_table_size; ++i) {
+        const DVC_PNL_RMG_IMPL_IMAGE_NAME& row = dvc_pnl_rmg_impl_image_name_table[i];
+        if (text == QString::number(row.image_id) ||
+            QString::fromUtf8(row.image_name).contains(text, Qt::CaseInsensitive) ||
+            QString::fromUtf8(row.file_name).contains(text, Qt::CaseInsensitive)) {
+            found.push_back(&row);
+        }
+    }
+    return found;
+}
+
+QString describe_image_result(int result) {
+    switch (result) {
+    case velarion::DVC_PNL_RMG_IMAGE_OK:
+        return QStringLiteral("delivered");
+    case velarion::DVC_PNL_RMG_IMAGE_LOAD_FAILED:
+        return QStringLiteral("no bitmap can be loaded");
+    case velarion::DVC_PNL_RMG_IMAGE_NO_IMAGE_NAME:
+        return QStringLiteral("the image has no name");
+    case velarion::DVC_PNL_RMG_IMAGE_SVG_FAILED:
+        return QStringLiteral("no SVG picture can be drawn");
+    case velarion::DVC_PNL_RMG_IMAGE_NOT_FOUND:
+        return QStringLiteral("there is no such image");
+    default:
+        return QStringLiteral("unknown result");
+    }
+}
+
+bool read_size(const QString& text, QSize& size) {
+    const QStringList numbers = text.split(QLatin1Char('x'));
+    bool is_width = false;
+    bool is_height = false;
+    if (numbers.size() == 2) {
+        size = QSize(numbers.at(0).toInt(&is_width), numbers.at(1).toInt(&is_height));
+    }
+    return is_width && is_height && size.width() > 0 && size.height() > 0;
+}
+
+bool write_picture(const QImage& picture, const QString& file) {
+    QSaveFile output(file);
+    if (output.open(QIODevice::WriteOnly) && picture.save(&output, "PNG") && output.commit()) {
+        return true;
+    }
+    report_fault(QStringLiteral("%1 cannot be written: %2").arg(file, output.errorString()));
+    return false;
+}
