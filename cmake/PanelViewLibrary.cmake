@@ -4,8 +4,8 @@ include(CheckLinkerFlag)
 include(CMakePackageConfigHelpers)
 
 add_library(panel_view_support SHARED)
-set(subsystems panel_view_device_controller panel_view_data_file panel_view_layout panel_view_language
-    panel_view_tables)
+set(subsystems panel_view_device_controller panel_view_data_file panel_view_image panel_view_layout
+    panel_view_language panel_view_tables)
 foreach(subsystem IN LISTS subsystems)
     target_sources(panel_view_support PRIVATE $<TARGET_OBJECTS:${subsystem}>)
 endforeach()
@@ -13,6 +13,7 @@ target_include_directories(panel_view_support PUBLIC
     $<BUILD_INTERFACE:${PROJECT_SOURCE_DIR}/dvc/dvc_pnl/cmn_src>
     $<BUILD_INTERFACE:${PROJECT_SOURCE_DIR}/dvc/dvc_pnl/cmn_src/device_controller>
     $<BUILD_INTERFACE:${PROJECT_SOURCE_DIR}/dvc/dvc_pnl/cmn_src/view_layout>
+    $<BUILD_INTERFACE:${PROJECT_SOURCE_DIR}/resource_manager/image>
     $<BUILD_INTERFACE:${PROJECT_SOURCE_DIR}/resource_manager/language>
     $<INSTALL_INTERFACE:${CMAKE_INSTALL_INCLUDEDIR}/panel_view_support>)
 target_link_libraries(panel_view_support PUBLIC panel_platform_headers ${PANEL_VIEW_QT_TARGETS})
@@ -36,9 +37,10 @@ file(GLOB public_headers
     dvc/dvc_pnl/cmn_src/dvc_pnl_export.h
     dvc/dvc_pnl/cmn_src/device_controller/*.h
     dvc/dvc_pnl/cmn_src/view_layout/*.h
+    resource_manager/image/*.h
     resource_manager/language/*.h
     platform/*.h)
-list(FILTER public_headers EXCLUDE REGEX "(utl_toolkit|utl_xml_guarded_source)\\.h$")
+list(FILTER public_headers EXCLUDE REGEX "(utl_toolkit|utl_xml_guarded_source|rmg_image_inspection)\\.h$")
 install(FILES ${public_headers} DESTINATION ${header_folder} COMPONENT development)
 
 if(PANEL_VIEW_QT EQUAL 5)

@@ -4,6 +4,7 @@
 #include <cstdio>
 #include <cstdlib>
 #include <filesystem>
+#include <sys/prctl.h>
 #include <sys/wait.h>
 #include <unistd.h>
 #include <utility>
@@ -19,6 +20,7 @@ namespace {
         arguments.push_back(&word[0]);
     }
     arguments.push_back(nullptr);
+    ::prctl(PR_SET_PDEATHSIG, SIGKILL); // a test that is ended from outside leaves no service behind
     ::execv(DEVICE_SERVICE, arguments.data());
     ::_exit(127);
 }

@@ -42,11 +42,6 @@ void fake_platform::fail(const std::string& function, int code) {
     state_.failures[function] = code;
 }
 
-void fake_platform::work(const std::string& function) {
-    const lock_guard lock(mutex_);
-    state_.failures.erase(function);
-}
-
 void fake_platform::set_setting(std::uint32_t group, std::uint32_t item, int width, std::uint32_t value) {
     const lock_guard lock(mutex_);
     state_.settings[{group, item}] = {width, value, 0};
@@ -112,13 +107,7 @@ std::size_t fake_platform::open_file_count() const {
 
 void fake_platform::set_ready_after(unsigned long checks) {
     const lock_guard lock(mutex_);
-    state_.is_never_ready = false;
     state_.checks_until_ready = checks;
-}
-
-void fake_platform::set_never_ready() {
-    const lock_guard lock(mutex_);
-    state_.is_never_ready = true;
 }
 
 void fake_platform::add_reply(const std::string& bytes, long result) {

@@ -51,8 +51,6 @@ public:
 
     /** Lets a function that returns a result fail, without effect, in all calls from the next one on. */
     void fail(const std::string& function, int code = FAKE_FAILURE);
-    /** Lets it work again. */
-    void work(const std::string& function);
 
     /** @param width  bits: 8, 16 or 32; a read writes exactly so many */
     void set_setting(std::uint32_t group, std::uint32_t item, int width, std::uint32_t value);
@@ -80,7 +78,6 @@ public:
 
     /** Lets the first @p checks readiness checks answer no, and all later ones yes. */
     void set_ready_after(unsigned long checks);
-    void set_never_ready();
     /** Adds an answer to a sent message; the last one added answers all later messages too.
      *  @param bytes  copied as far as they fit, and only when @p result is 0 */
     void add_reply(const std::string& bytes, long result = 0);
@@ -119,10 +116,9 @@ private:
         std::map<std::string, LIBRARY> libraries;
         std::map<FILE_KEY, std::string> files;
         std::map<std::uintptr_t, OPEN_FILE> open_files;
-        std::int64_t stat_size = -1;  // negative: the real one
-        std::int64_t read_limit = -1; // negative: none
+        std::int64_t stat_size = -1; // negative: the real one
+        std::uint32_t read_limit = UINT32_MAX;
         std::int64_t read_count = -1; // negative: the real one
-        bool is_never_ready = false;
         unsigned long checks_until_ready = 0;
         std::deque<REPLY> replies;
         std::uint32_t last_timer_id = 0;

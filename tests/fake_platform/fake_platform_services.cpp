@@ -51,6 +51,7 @@ namespace {
 
 const int MODE_READ = 0;
 const int MODE_WRITE = 1;
+const std::size_t LONGEST_TRACE = 16384; // with the terminating NUL; more is cut
 
 std::string text_of(const char* text) {
     return text ? text : "";
@@ -64,28 +65,9 @@ void record(const char* function) {
     services call({function, {}, "", ""});
 }
 
-void copy_bytes(void* target, const std::string& bytes, std::size_t size) {
-    if (size > 0) {
-        std::memcpy(target, bytes.data(), size);
-    }
-}
-
 template <typename NUMBER> void copy_number(void* target, std::uint32_t value) {
     const NUMBER number = static_cast<NUMBER>(value);
     std::memcpy(target, &number, sizeof number);
-}
-
-std::string format_text(const char* format, va_list arguments) __attribute__((format(printf, 1, 0)));
-
-std::string format_text(const char* format, va_list arguments) {
-    va_list again;
-    va_copy(again, arguments);
-    const int length = std::vsnprintf(nullptr, 0, format, arguments);
-    std::string text(length > 0 ? static_cast<std::size_t>(length) + 1 : 1, '\0');
-    std::vsnprintf(&text[0], text.size(), format, again);
-    va_end(again);
-    text.pop_back(); // the terminating NUL
-    return text;
 }
 
 std::recursive_mutex& critical_section() {
@@ -152,11 +134,8 @@ int dvu_dio_fread(void* buffer, std::uint32_t size, DVU_DIO_HANDLE handle, std::
     if (call.code != 0 || !file) {
         return call.code != 0 ? call.code : FAKE_FAILURE;
     }
-    std::size_t delivered = std::min<std::size_t>(size, file->bytes.size() - file->position);
-    if (call.state.read_limit >= 0) {
-        delivered = std::min(delivered, static_cast<std::size_t>(call.state.read_limit));
-    }
-    copy_bytes(buffer, file->bytes.substr(file->position, delivered), delivered);
+    const std::size_t delivered =
+        file->bytes.copy(static_cast<char*>(buffer), std::min(size, call.state.read_limit), file->position);
     file->position += delivered;
     *count = call.state.read_count >= 0 ? static_cast<std::uint32_t>(call.state.read_count)
                                         : static_cast<std::uint32_t>(delivered);
@@ -224,7 +203,8 @@ int dvu_dio_stat(int area, int group, const char* name, DVU_DIO_STATUS* status) 
 int emwGENTrcPrintf(int module, int group, int kind, const char* format, ...) {
     va_list arguments;
     va_start(arguments, format);
-    const std::string text = format_text(format, arguments);
+    char text[LONGEST_TRACE];
+    std::vsnprintf(text, sizeof text, format, arguments);
     va_end(arguments);
     return services({"emwGENTrcPrintf", {module, group, kind}, text, ""}).code;
 }
@@ -337,9 +317,6 @@ bmc_mc_client::~bmc_mc_client() {
 
 long bmc_mc_client::bmc_mc_check_facade(const char* name, long mode) {
     services call({"bmc_mc_check_facade", {mode}, text_of(name), ""});
-    if (call.state.is_never_ready) {
-        return 0;
-    }
     if (call.state.checks_until_ready > 0) {
         --call.state.checks_until_ready;
         return 0;
@@ -361,8 +338,7 @@ long bmc_mc_client::bmc_mc_send_sync_message(long mode, long func_id, char* send
         call.state.replies.pop_front();
     }
     if (reply.result == 0 && rcv_buf && rcv_len) {
-        *rcv_len = static_cast<unsigned int>(std::min<std::size_t>(*rcv_len, reply.bytes.size()));
-        copy_bytes(rcv_buf, reply.bytes, *rcv_len);
+        *rcv_len = static_cast<unsigned int>(reply.bytes.copy(rcv_buf, *rcv_len));
     }
     return reply.result;
 }

@@ -25,11 +25,10 @@ public:
         if (qAlpha(pixel) == 0) {
             return TRANSPARENT_INDEX;
         }
-        const auto [entry, is_new] = indexes_.emplace(coarse(pixel), static_cast<unsigned char>(0));
-        if (is_new) {
-            entry->second = nearest(pixel);
-        }
-        return entry->second;
+        const QRgb color = coarse(pixel);
+        const auto known = indexes_.find(color);
+        return known != indexes_.end() ? known->second
+                                       : indexes_.emplace(color, nearest(pixel)).first->second;
     }
 
     std::vector<GifColorType> colors() const {

@@ -2,7 +2,6 @@
 
 #include "data_file_store.h"
 #include "scratch_platform.h"
-#include "settings_database.h"
 
 #include <cstdlib>
 #include <sys/stat.h>
@@ -30,7 +29,6 @@ TEST_F(test_platform_folder, the_first_variable_that_is_set_decides) {
         {"/p", "/s", "/h", "/p"},
         {"", "/s", "/h", "/s/panel_platform"},
         {nullptr, "relative", "/h", "/h/.local/state/panel_platform"},
-        {nullptr, nullptr, "/h", "/h/.local/state/panel_platform"},
         {nullptr, nullptr, nullptr, ""},
     };
     EXPECT_EQ(0, run_in_process([&] {
@@ -45,20 +43,14 @@ TEST_F(test_platform_folder, the_first_variable_that_is_set_decides) {
 }
 
 TEST_F(test_platform_folder, the_first_write_makes_it_private_with_its_parents) {
-    const std::string parents[] = {beside("by_settings"), beside("by_files")};
-    std::string fault;
-    ::setenv("PANEL_PLATFORM_DIR", (parents[0] + "/platform").c_str(), 1);
-    EXPECT_EQ(0, panel_platform::settings_database().write("destination", 2, fault)) << fault;
-    ::setenv("PANEL_PLATFORM_DIR", (parents[1] + "/platform").c_str(), 1);
-    DVU_DIO_HANDLE handle = nullptr;
+    ::setenv("PANEL_PLATFORM_DIR", beside("parent/platform").c_str(), 1);
     EXPECT_NE(0, dvu_dio_existfile(4, 33, "file"));
-    EXPECT_FALSE(is_private_folder(parents[1])) << "a question makes no folder";
+    EXPECT_FALSE(is_private_folder(beside("parent"))) << "a question makes no folder";
+    DVU_DIO_HANDLE handle = nullptr;
     ASSERT_EQ(0, dvu_dio_fopen(4, 33, "file", 1, &handle));
     EXPECT_EQ(0, dvu_dio_fclose(handle));
-    for (const std::string& parent : parents) {
-        EXPECT_TRUE(is_private_folder(parent)) << parent;
-        EXPECT_TRUE(is_private_folder(parent + "/platform")) << parent;
-    }
+    EXPECT_TRUE(is_private_folder(beside("parent")));
+    EXPECT_TRUE(is_private_folder(beside("parent/platform")));
 }
 
 } // namespace

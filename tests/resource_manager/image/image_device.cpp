@@ -46,9 +46,9 @@ void image_device::TearDown() {
 image_answer image_device::request(const std::string& id, const std::string& suffix, int width, int height) {
     image_answer answer = {-1, "left over", QPixmap(UNTOUCHED, UNTOUCHED)};
     const qint64 key = answer.pixmap.cacheKey();
-    answer.result = manager_->dvc_pnl_rmg_get_image(QString::fromUtf8(id.c_str()), &answer.pixmap,
-                                                    QString::fromUtf8(suffix.c_str()), answer.found_name,
-                                                    width, height);
+    answer.result =
+        manager_->dvc_pnl_rmg_get_image(QString::fromUtf8(id.c_str()), &answer.pixmap,
+                                        QString::fromUtf8(suffix.c_str()), answer.found_name, width, height);
     const bool is_placeholder = std::getenv("TEST_ICON_MESSAGE") != nullptr;
     EXPECT_EQ(answer.pixmap.cacheKey() == key, answer.result != 0 && !is_placeholder) << id;
     EXPECT_EQ(answer.found_name.empty(), answer.result != 0) << id;

@@ -10,8 +10,8 @@
 
 using image_manager = velarion::dvc_pnl_rmg_image_resource_manager;
 
-extern const std::string IMAGES;  ///< the image directory
-extern const std::string SHEETS;  ///< the sheet extension directory
+extern const std::string IMAGES; ///< the image directory
+extern const std::string SHEETS; ///< the sheet extension directory
 
 /** An SVG document of that natural size, filled to its middle. */
 std::string svg_picture(int width, int height);
@@ -32,7 +32,8 @@ protected:
     void TearDown() override;
 
     /** Requests a picture into a pixmap of 3 by 3, which stays when none is delivered. */
-    image_answer request(const std::string& id, const std::string& suffix = "", int width = 0, int height = 0);
+    image_answer request(const std::string& id, const std::string& suffix = "", int width = 0,
+                         int height = 0);
     /** "result found_name WIDTHxHEIGHT" of a request. */
     std::string answer(const std::string& id, const std::string& suffix = "", int width = 0, int height = 0);
     int register_image(const std::string& id, std::string bytes);

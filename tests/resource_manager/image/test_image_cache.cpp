@@ -104,8 +104,8 @@ TEST_F(image_cache, keeps_every_limit_in_range) {
         int kilobytes;
         int limit;
         const char* living;
-    } rows[] = {{2097151, 2097151, "a"}, {2147483647, 2097151, "a"}, {1, 1, "a"}, {0, 0, ""},
-                {-1, -1, ""},            {-2147483647, -2097152, ""}};
+    } rows[] = {{2097151, 2097151, "a"},    {2147483647, 2097151, "a"}, {1, 1, "a"}, {0, 0, ""}, {-1, -1, ""},
+                {-2147483647, -2097152, ""}};
     for (const auto& row : rows) {
         SCOPED_TRACE(row.kilobytes);
         cache_->dvc_pnl_rmg_set_cache_limit(16384);

@@ -83,8 +83,12 @@ TEST_F(image_identifier, makes_a_key_with_the_size_when_there_is_one) {
         int height;
         const char* key;
     } rows[] = {
-        {48, 32, "000048-000032-a.png"}, {1, 1, "000001-000001-a.png"}, {1234567, 8, "1234567-000008-a.png"},
-        {0, 0, "a.png"},                 {48, 0, "a.png"},              {0, 48, "a.png"},
+        {48, 32, "000048-000032-a.png"},
+        {1, 1, "000001-000001-a.png"},
+        {1234567, 8, "1234567-000008-a.png"},
+        {0, 0, "a.png"},
+        {48, 0, "a.png"},
+        {0, 48, "a.png"},
         {-5, 48, "a.png"},
     };
     for (const auto& row : rows) {

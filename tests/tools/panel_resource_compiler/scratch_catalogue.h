@@ -1,15 +1,15 @@
 #ifndef SCRATCH_CATALOGUE_H
 #define SCRATCH_CATALOGUE_H
 
-#include "diagnostics.h"
+#include "process.h"
 #include "scratch_folder.h"
 
-#include <functional>
 #include <string>
+#include <vector>
 
 /**
  * A small good catalogue in the folder "catalogue" of a scratch folder: the messages 1 on row 2 and 2 on
- * row 1, where row 2 holds the name of its language, and one image.
+ * row 1, where row 2 holds the name of its language, one image, and the pack 86.
  */
 class scratch_catalogue {
 public:
@@ -19,18 +19,21 @@ public:
     void write(const std::string& name, const std::string& contents) const {
         folder_.write("catalogue/" + name, contents);
     }
+    void write_pack(const std::string& id, const std::string& properties = "font_family = Pack Sans\n",
+                    const std::string& texts = "row\ttext\n4\tPack\n") const;
     std::string path() const { return folder_.path("catalogue"); }
     const scratch_folder& folder() const { return folder_; }
 
-    /** The lines that a piece of work reports; the catalogue's files are named from its folder. */
-    std::string reports_of(const std::function<void(diagnostics& report)>& work) const;
-    /** What reading the catalogue's messages and texts reports. */
-    std::string reports_of_reading() const;
-    /** A text that names files of the catalogue, with these named from its folder. */
-    std::string without_path(std::string text) const;
+    /** What reading the catalogue with one of its packs reports; its files are named from its folder. */
+    std::string reports_of_reading(const std::string& pack_id = "86") const;
+    /** Runs the compiler on it into the folder "out", or with @p arguments that say otherwise at the end. */
+    process_result run(const std::string& command, const std::vector<std::string>& arguments = {}) const;
 
 private:
     scratch_folder folder_;
 };
+
+/** Runs the compiler. */
+process_result run_compiler(std::vector<std::string> arguments);
 
 #endif

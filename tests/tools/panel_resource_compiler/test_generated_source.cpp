@@ -1,5 +1,4 @@
 #include "dvc_pnl_rmg_message_table.h"
-#include "process.h"
 #include "scratch_catalogue.h"
 
 #include <gtest/gtest.h>
@@ -36,7 +35,7 @@ std::string table_of_texts() {
     return table;
 }
 
-/** Generated sources as a loaded library; the trigraphs of old compilers are in force. */
+/** Generated sources as a library that stays loaded; the trigraphs of old compilers are in force. */
 class compiled_source {
 public:
     compiled_source(const std::string& folder, const std::vector<std::string>& sources) {
@@ -51,34 +50,24 @@ public:
         EXPECT_EQ(result.exit_code, 0) << result.errors;
         handle_ = dlopen(library.c_str(), RTLD_NOW | RTLD_LOCAL);
     }
-    ~compiled_source() {
-        if (handle_ != nullptr) {
-            dlclose(handle_);
-        }
-    }
-    compiled_source(const compiled_source&) = delete;
-    compiled_source& operator=(const compiled_source&) = delete;
 
     template <typename TYPE> TYPE symbol(const char* name) const {
         return reinterpret_cast<TYPE>(handle_ == nullptr ? nullptr : dlsym(handle_, name));
     }
 
 private:
-    void* handle_ = nullptr;
+    void* handle_;
 };
 
 } // namespace
 
 TEST(generated_source, message_tables_hold_what_the_catalogue_says) {
     const scratch_catalogue catalogue;
-    const std::string out = catalogue.folder().path("out");
     catalogue.write("messages.tsv", "id\tname\trow\n7\tNAME \"\\\\ ?\?=\\t\t1\n2147483647\tLAST\t21998\n");
     catalogue.write("texts/de.tsv", table_of_texts());
-    ASSERT_EQ(run_process({RESOURCE_COMPILER, "messages", "--catalogue", catalogue.path(), "--output", out,
-                           "-Wno-placeholders"})
-                  .exit_code,
-              0);
-    const compiled_source source(out, {"message_id_table.cpp", "message_text_table.cpp"});
+    ASSERT_EQ(catalogue.run("messages", {"-Wno-placeholders"}).exit_code, 0);
+    const compiled_source source(catalogue.folder().path("out"),
+                                 {"message_id_table.cpp", "message_text_table.cpp"});
     const auto* ids = source.symbol<const DVC_PNL_RMG_IMPL_MESSAGE*>("dvc_pnl_rmg_impl_message_table");
     const auto* size = source.symbol<const int*>("dvc_pnl_rmg_imple_message_table_size");
     using ROW = const char* const[DVC_PNL_RMG_STANDARD_LANGUAGE_COUNT];
@@ -105,14 +94,9 @@ TEST(generated_source, message_tables_hold_what_the_catalogue_says) {
 
 TEST(generated_source, a_pack_answers_for_its_own_language_and_rows) {
     const scratch_catalogue catalogue;
-    const std::string out = catalogue.folder().path("out");
-    catalogue.write("packs/86/pack.conf", "font_family = Pack \"Sans\"\n");
-    catalogue.write("packs/86/texts.tsv", table_of_texts() + "21998\tlast\n");
-    ASSERT_EQ(run_process({RESOURCE_COMPILER, "pack", "--catalogue", catalogue.path(), "--pack",
-                           catalogue.path() + "/packs/86", "--output", out})
-                  .exit_code,
-              0);
-    const compiled_source source(out, {"option_pack.cpp"});
+    catalogue.write_pack("86", "font_family = Pack \"Sans\"\n", table_of_texts() + "21998\tlast\n");
+    ASSERT_EQ(catalogue.run("pack", {"--pack", catalogue.path() + "/packs/86"}).exit_code, 0);
+    const compiled_source source(catalogue.folder().path("out"), {"option_pack.cpp"});
     const auto is_valid = source.symbol<int (*)(int)>("isValidOptionLanguage");
     const auto message = source.symbol<const char* (*)(long, int)>("optionMessage");
     const auto family = source.symbol<const char* (*)(int, int)>("optionFontFamily");

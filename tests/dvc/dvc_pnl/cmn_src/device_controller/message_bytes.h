@@ -12,12 +12,11 @@ struct RECORD {
     std::int32_t value;
 };
 
-/** @return 32 bits as this processor lays them into memory; @p number is read from its highest byte on */
-std::string word_bytes(std::int64_t number);
+/** @return 32 bits as this processor lays them into memory */
+std::string word_bytes(std::int32_t number);
 
 /** @return header and records as they lie in memory, without anything behind the last record */
-std::string message_bytes(std::int32_t func_id, std::int32_t pcnt, std::int32_t result,
-                          const std::vector<RECORD>& records);
+std::string message_bytes(std::int32_t func_id, std::int32_t pcnt, const std::vector<RECORD>& records);
 
 /** @return a request of the right length, all undefined bytes zero */
 std::string request_bytes(std::int32_t func_id, const std::vector<RECORD>& records);

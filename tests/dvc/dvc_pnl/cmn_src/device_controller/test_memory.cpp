@@ -1,7 +1,5 @@
 #include "dvc_pnl_dec_facade.h"
 
-#include "dvc_pnl_dec_key_event_observer.h"
-
 #include <gtest/gtest.h>
 
 #include <atomic>
@@ -30,23 +28,6 @@ void operator delete(void* memory) noexcept {
 
 void operator delete(void* memory, std::size_t) noexcept {
     std::free(memory);
-}
-
-OSW_Thread_Guard::OSW_Thread_Guard() {}
-OSW_Thread_Guard::~OSW_Thread_Guard() {}
-OSW_Mutex_Semaphore::OSW_Mutex_Semaphore(int)
-    : state_(nullptr) {}
-OSW_Mutex_Semaphore::~OSW_Mutex_Semaphore() {}
-OSW_Guard::OSW_Guard(OSW_Mutex_Semaphore& mutex)
-    : mutex_(mutex) {}
-OSW_Guard::~OSW_Guard() {}
-OSW_Timer_Control::OSW_Timer_Control(unsigned long kind)
-    : id_(1)
-    , kind_(static_cast<std::uint32_t>(kind)) {}
-OSW_Timer_Control::~OSW_Timer_Control() {}
-
-int emwOSWSleep(unsigned long) {
-    return 0;
 }
 
 namespace velarion {
@@ -80,14 +61,11 @@ TEST(memory, requests_take_none_from_the_heap) {
     EXPECT_GE(allocations, 2); // facade and client: what is counted is counted
 
     allocations = 0;
-    int results = 0;
-    results |= facade->dvc_pnl_dec_set_led_status(DVC_PNL_DEC_LED_FAX, DVC_PNL_DEC_LED_STATUS_ON);
-    results |= facade->dvc_pnl_dec_set_all_led_on();
-    results |= facade->dvc_pnl_dec_set_all_led_off();
-    results |= facade->dvc_pnl_dec_add_key_observer(nullptr);
+    facade->dvc_pnl_dec_set_led_status(DVC_PNL_DEC_LED_FAX, DVC_PNL_DEC_LED_STATUS_ON);
+    facade->dvc_pnl_dec_set_all_led_on();
+    facade->dvc_pnl_dec_set_all_led_off();
+    facade->dvc_pnl_dec_add_key_observer(nullptr);
     facade->dvc_pnl_dec_set_led_airprint_timer_proc(timer, 1, 2, 3, 4);
-    const int taken = allocations;
-    EXPECT_EQ(taken, 0);
-    EXPECT_EQ(results, 0);
+    EXPECT_EQ(allocations, 0);
     EXPECT_EQ(sent_messages, 5);
 }

@@ -255,9 +255,9 @@ TEST_F(xml_reading, declarations_that_blow_up_end_the_document) {
                                repeat("&e1;", 10) + "'><!ENTITY e3 '" + repeat("&e2;", 10) +
                                "'><!ENTITY e4 '" + repeat("&e3;", 10) + "'><!ENTITY e5 '&e4;'>";
     const std::string large = "<!ENTITY b '" + std::string(4000, 'x') + "'>";
-    std::string chain;
-    for (int i = 0; i < 20000; ++i) {
-        chain += "<!ENTITY c" + std::to_string(i) + " '&c" + std::to_string(i + 1) + ";'>";
+    std::string many;
+    for (int i = 0; i < 5000; ++i) {
+        many += "<!ENTITY m" + std::to_string(i) + " 'x'>"; // their cost grows as the square
     }
     const struct {
         const char* name;
@@ -271,13 +271,13 @@ TEST_F(xml_reading, declarations_that_blow_up_end_the_document) {
          "<!ENTITY % x '<!-- '>" + large + "<!ENTITY c '" + repeat("&b;", 1000) + "'>", repeat("&c;", 1000),
          false},
         {"the same behind a comment that hides it",
-         "<!--<!ENTITY '-->" + large + "<!ENTITY c '>" + repeat("&b;", 1000) + "'>", repeat("&c;", 1000),
+         "<!--> <a - ' -->" + large + "<!ENTITY c '>" + repeat("&b;", 1000) + "'>", repeat("&c;", 1000),
          true},
         {"many references in an attribute", large, "<c d='" + repeat("&b;", 100000) + "'/>", true},
         {"parameter entities in an entity",
          "<!ENTITY % b '" + std::string(4000, 'x') + "'><!ENTITY c '" + repeat("%b;", 100000) + "'>", "&c;",
          false},
-        {"a chain of entities", chain, "&c0;", false},
+        {"many entities", many, "&m0;", false},
         {"parentheses", "<!ELEMENT a " + repeat("(", 1000000) + "b" + repeat(")", 1000000) + ">", "", false},
     };
     for (const auto& row : rows) {

@@ -12,6 +12,7 @@ namespace {
 
 std::vector<std::string> g_lines;
 
+// The handlers differ in name and kind; no library source needs one.
 #if QT_VERSION >= 0x050000
 QtMessageHandler g_former_handler = nullptr;
 
