@@ -189,11 +189,12 @@ public:
     const char* dvc_pnl_rmg_get_machine_data_file();
 
     /**
-     * The data files: named bytes in the platform's data-file store. Names go there as they are.
+     * Tells whether a data file exists. Data files are bytes in the platform's data-file store, under
+     * names that go there as they are.
      *
-     * @param error  0, or the code of the first platform call that failed
+     * @param error  here and in the next three operations: 0, or the code of the first platform call that
+     *               failed; for a missing file that of the test for it
      */
-    /** @return whether the file exists; the code for a missing one comes through error */
     bool dvc_pnl_rmg_is_exist_data_file(const char* name, int& error);
     /**
      * @return DVC_PNL_RMG_RESULT_OK; ..._INVALID_ARGUMENT for a null or empty name; ..._NOT_FOUND when

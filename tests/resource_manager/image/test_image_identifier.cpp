@@ -1,7 +1,5 @@
 #include "image_device.h"
 
-#include <climits>
-
 namespace {
 
 class image_identifier : public image_device {
@@ -55,26 +53,6 @@ TEST_F(image_identifier, of_an_external_image_outlives_the_text_it_came_in) {
     EXPECT_EQ(name, QLatin1String("ico_globalnavi_quick.svg"));
     manager_->dvc_pnl_rmg_get_icon_file_mame(QString::fromLatin1("ext:1"), name);
     EXPECT_EQ(name, QLatin1String("ext:1"));
-}
-
-TEST_F(image_identifier, search_finds_every_row_and_nothing_beside) {
-    DVC_PNL_RMG_IMPL_IMAGE_NAME found = {-7, "untouched", nullptr};
-    int expected_gaps = 0;
-    for (int i = 0; i < dvc_pnl_rmg_imple_image_name_table_size; ++i) {
-        const DVC_PNL_RMG_IMPL_IMAGE_NAME& row = dvc_pnl_rmg_impl_image_name_table[i];
-        ASSERT_TRUE(manager_->search_image_element({row.image_id, nullptr, nullptr}, found));
-        ASSERT_EQ(found.image_name, row.image_name);
-        const bool is_last = i + 1 == dvc_pnl_rmg_imple_image_name_table_size;
-        if (is_last || (&row)[1].image_id != row.image_id + 1) {
-            ++expected_gaps;
-            ASSERT_FALSE(manager_->search_image_element({row.image_id + 1, nullptr, nullptr}, found));
-            ASSERT_EQ(found.image_id, row.image_id);
-        }
-    }
-    EXPECT_GT(expected_gaps, 1);
-    for (const int id : {INT_MIN, 0, INT_MAX}) {
-        EXPECT_FALSE(manager_->search_image_element({id, nullptr, nullptr}, found)) << id;
-    }
 }
 
 TEST_F(image_identifier, makes_a_key_with_the_size_when_there_is_one) {

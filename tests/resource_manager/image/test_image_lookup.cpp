@@ -99,14 +99,6 @@ TEST_F(image_lookup, tries_names_and_directories_in_their_order) {
     }
 }
 
-TEST_F(image_lookup, delivers_nothing_for_what_is_not_there) {
-    EXPECT_EQ(answer(""), "2  3x3");
-    EXPECT_EQ(answer("99999"), "5  3x3");
-    EXPECT_EQ(answer("14"), "5  3x3");
-    EXPECT_EQ(answer("2"), "4  3x3");
-    EXPECT_EQ(answer("ext:none"), "5  3x3");
-}
-
 TEST_F(image_lookup, takes_the_last_number_as_it_was_left) {
     EXPECT_EQ(answer("-1"), "3  3x3"); // equals the element that nothing set
     EXPECT_EQ(movie_of("-1"), "3 " + IMAGES + "ERROR_MOVIE.gif");
