@@ -4,6 +4,8 @@
 #include <QCommandLineParser>
 #include <QStringList>
 
+#include <cstddef>
+
 namespace velarion {
 class dvc_pnl_rmg_language_resource;
 }
@@ -57,6 +59,23 @@ bool read_arguments(QCommandLineParser& parser, const QString& command, const QS
  */
 bool read_language_option(const QCommandLineParser& parser, const QString& command,
                           velarion::dvc_pnl_rmg_language_resource& language, int& language_id);
+
+/** What a command does with the words behind an action's name, and how many it takes. */
+struct command_action {
+    const char* name;
+    int argument_count;
+    int (*run)(const QStringList& arguments, bool as_json);
+};
+
+/** Runs the action that the first word names, or the default one. @return its exit code, or EXIT_USAGE */
+int run_action(const QCommandLineParser& parser, const QString& command, const char* default_action,
+               const command_action* actions, std::size_t count);
+
+template <std::size_t COUNT>
+int run_action(const QCommandLineParser& parser, const QString& command, const char* default_action,
+               const command_action (&actions)[COUNT]) {
+    return run_action(parser, command, default_action, actions, COUNT);
+}
 
 /** Reports a fault of usage. @return EXIT_USAGE */
 int usage_fault(const QString& command, const QString& fault);

@@ -16,13 +16,6 @@ namespace {
 const QString COMMAND = QStringLiteral("led");
 const std::size_t VALUES_PER_LED = 3;
 
-/** One action: its name and how many words stand behind it. */
-struct led_action {
-    const char* name;
-    int argument_count;
-    int (*run)(const QStringList& arguments, bool as_json);
-};
-
 velarion::dvc_pnl_dec_facade& facade() {
     return *velarion::dvc_pnl_dec_facade::dvc_pnl_dec_get_instance();
 }
@@ -112,7 +105,7 @@ int run_timer(const QStringList& arguments, bool) {
     return EXIT_FOUND; // the operation has no result
 }
 
-const led_action ACTIONS[] = {
+const command_action ACTIONS[] = {
     {"list", 0, list_leds},           {"set", 2, set_led},     {"all-on", 0, set_all_leds_on},
     {"all-off", 0, set_all_leds_off}, {"timer", 4, run_timer},
 };
@@ -136,19 +129,5 @@ int run_led_command(const QStringList& arguments) {
     if (!read_arguments(parser, COMMAND, arguments, exit_code)) {
         return exit_code;
     }
-    QStringList words = parser.positionalArguments();
-    const QString name = words.isEmpty() ? QStringLiteral("list") : words.takeFirst();
-    for (const led_action& action : ACTIONS) {
-        if (name != QLatin1String(action.name)) {
-            continue;
-        }
-        if (words.size() != action.argument_count) {
-            return usage_fault(COMMAND, QStringLiteral("%1 takes %2 words, not %3")
-                                            .arg(name)
-                                            .arg(action.argument_count)
-                                            .arg(words.size()));
-        }
-        return action.run(words, parser.isSet(QLatin1String(JSON_OPTION)));
-    }
-    return usage_fault(COMMAND, QStringLiteral("unknown action \"%1\"").arg(name));
+    return run_action(parser, COMMAND, "list", ACTIONS);
 }

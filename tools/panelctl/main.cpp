@@ -3,6 +3,7 @@
 
 #include <QApplication>
 
+#include <algorithm>
 #include <clocale>
 #include <cstdio>
 
@@ -103,6 +104,25 @@ bool read_arguments(QCommandLineParser& parser, const QString& command, const QS
         return false;
     }
     return true;
+}
+
+int run_action(const QCommandLineParser& parser, const QString& command, const char* default_action,
+               const command_action* actions, std::size_t count) {
+    QStringList words = parser.positionalArguments();
+    const QString name = words.isEmpty() ? QLatin1String(default_action) : words.takeFirst();
+    const command_action* end = actions + count;
+    const command_action* action = std::find_if(
+        actions, end, [&name](const command_action& each) { return name == QLatin1String(each.name); });
+    if (action == end) {
+        return usage_fault(command, QStringLiteral("unknown action \"%1\"").arg(name));
+    }
+    if (words.size() != action->argument_count) {
+        return usage_fault(command, QStringLiteral("%1 takes %2 words, not %3")
+                                        .arg(name)
+                                        .arg(action->argument_count)
+                                        .arg(words.size()));
+    }
+    return action->run(words, parser.isSet(QLatin1String(JSON_OPTION)));
 }
 
 int main(int argc, char** argv) {

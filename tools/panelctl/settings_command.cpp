@@ -15,13 +15,6 @@ using panel_platform::settings_database;
 
 const QString COMMAND = QStringLiteral("settings");
 
-/** One action: its name and how many words stand behind it. */
-struct settings_action {
-    const char* name;
-    int argument_count;
-    int (*run)(settings_database& database, const QStringList& arguments, bool as_json);
-};
-
 int report_failure(int code, const std::string& fault) {
     report_fault(QString::fromUtf8(fault.c_str()));
     switch (code) {
@@ -61,7 +54,8 @@ QJsonObject to_json(const LANGUAGE_ATTRIBUTE& attribute) {
             {QStringLiteral("text"), QString::fromUtf8(attribute.text.c_str())}};
 }
 
-int list_settings(settings_database& database, const QStringList&, bool as_json) {
+int list_settings(const QStringList&, bool as_json) {
+    settings_database database;
     std::vector<SETTING> settings;
     std::vector<LANGUAGE_ATTRIBUTE> attributes;
     std::string fault;
@@ -101,7 +95,8 @@ int list_settings(settings_database& database, const QStringList&, bool as_json)
     return EXIT_FOUND;
 }
 
-int get_setting(settings_database& database, const QStringList& arguments, bool as_json) {
+int get_setting(const QStringList& arguments, bool as_json) {
+    settings_database database;
     SETTING setting;
     std::string fault;
     const int code = database.find(arguments.at(0).toUtf8().constData(), setting, fault);
@@ -125,7 +120,8 @@ bool read_number(const QString& text, qint64& number) {
     return is_number;
 }
 
-int set_setting(settings_database& database, const QStringList& arguments, bool as_json) {
+int set_setting(const QStringList& arguments, bool as_json) {
+    settings_database database;
     qint64 value = 0;
     if (!read_number(arguments.at(1), value)) {
         return EXIT_USAGE;
@@ -135,16 +131,17 @@ int set_setting(settings_database& database, const QStringList& arguments, bool 
     if (code != panel_platform::PLATFORM_OK) {
         return report_failure(code, fault);
     }
-    return as_json ? get_setting(database, arguments, as_json) : EXIT_FOUND;
+    return as_json ? get_setting(arguments, as_json) : EXIT_FOUND;
 }
 
-int reset_setting(settings_database& database, const QStringList& arguments, bool as_json) {
+int reset_setting(const QStringList& arguments, bool as_json) {
+    settings_database database;
     std::string fault;
     const int code = database.reset(arguments.at(0).toUtf8().constData(), fault);
     if (code != panel_platform::PLATFORM_OK) {
         return report_failure(code, fault);
     }
-    return as_json ? get_setting(database, arguments, as_json) : EXIT_FOUND;
+    return as_json ? get_setting(arguments, as_json) : EXIT_FOUND;
 }
 
 bool read_attribute_key(const QStringList& arguments, int& language_id, int& attribute) {
@@ -162,7 +159,8 @@ bool read_attribute_key(const QStringList& arguments, int& language_id, int& att
     return is_in_range;
 }
 
-int get_attribute(settings_database& database, const QStringList& arguments, bool as_json) {
+int get_attribute(const QStringList& arguments, bool as_json) {
+    settings_database database;
     LANGUAGE_ATTRIBUTE attribute;
     if (!read_attribute_key(arguments, attribute.language_id, attribute.attribute)) {
         return EXIT_USAGE;
@@ -181,7 +179,8 @@ int get_attribute(settings_database& database, const QStringList& arguments, boo
     return EXIT_FOUND;
 }
 
-int set_attribute(settings_database& database, const QStringList& arguments, bool as_json) {
+int set_attribute(const QStringList& arguments, bool as_json) {
+    settings_database database;
     LANGUAGE_ATTRIBUTE attribute;
     if (!read_attribute_key(arguments, attribute.language_id, attribute.attribute)) {
         return EXIT_USAGE;
@@ -192,10 +191,11 @@ int set_attribute(settings_database& database, const QStringList& arguments, boo
     if (code != panel_platform::PLATFORM_OK) {
         return report_failure(code, fault);
     }
-    return as_json ? get_attribute(database, arguments, as_json) : EXIT_FOUND;
+    return as_json ? get_attribute(arguments, as_json) : EXIT_FOUND;
 }
 
-int remove_attribute(settings_database& database, const QStringList& arguments, bool) {
+int remove_attribute(const QStringList& arguments, bool) {
+    settings_database database;
     int language_id = 0;
     int attribute = 0;
     if (!read_attribute_key(arguments, language_id, attribute)) {
@@ -206,7 +206,7 @@ int remove_attribute(settings_database& database, const QStringList& arguments, 
     return code == panel_platform::PLATFORM_OK ? EXIT_FOUND : report_failure(code, fault);
 }
 
-const settings_action ACTIONS[] = {
+const command_action ACTIONS[] = {
     {"list", 0, list_settings},
     {"get", 1, get_setting},
     {"set", 2, set_setting},
@@ -236,20 +236,5 @@ int run_settings_command(const QStringList& arguments) {
     if (!read_arguments(parser, COMMAND, arguments, exit_code)) {
         return exit_code;
     }
-    QStringList words = parser.positionalArguments();
-    const QString name = words.isEmpty() ? QStringLiteral("list") : words.takeFirst();
-    for (const settings_action& action : ACTIONS) {
-        if (name != QLatin1String(action.name)) {
-            continue;
-        }
-        if (words.size() != action.argument_count) {
-            return usage_fault(COMMAND, QStringLiteral("%1 takes %2 words, not %3")
-                                            .arg(name)
-                                            .arg(action.argument_count)
-                                            .arg(words.size()));
-        }
-        settings_database database;
-        return action.run(database, words, parser.isSet(QLatin1String(JSON_OPTION)));
-    }
-    return usage_fault(COMMAND, QStringLiteral("unknown action \"%1\"").arg(name));
+    return run_action(parser, COMMAND, "list", ACTIONS);
 }
