@@ -56,6 +56,10 @@ bool is_number(const QString& id, int& number) {
     return dvc_pnl_common_utility::string_to_int(to_utf8(id), number);
 }
 
+bool is_empty(const char* text) {
+    return text == nullptr || *text == '\0';
+}
+
 bool is_svg(const QString& file_name) {
     return file_name.toLower().endsWith(QLatin1String(SVG_EXTENSION));
 }
@@ -236,16 +240,19 @@ int dvc_pnl_rmg_image_resource_manager::get_table_image(REQUEST& request, int nu
     if (!find_current_image(request.id, number)) {
         return fail(request, DVC_PNL_RMG_IMAGE_NOT_FOUND);
     }
-    if (dvc_pnl_utl_from_8bit(current_image_.image_name).isEmpty()) {
+    if (is_empty(current_image_.image_name)) {
         return fail(request, DVC_PNL_RMG_IMAGE_NO_IMAGE_NAME);
     }
-    const QString file_name = dvc_pnl_utl_from_8bit(current_image_.file_name);
-    if (file_name.isEmpty()) {
+    if (is_empty(current_image_.file_name)) {
         return fail(request, DVC_PNL_RMG_IMAGE_LOAD_FAILED);
     }
+    const QString file_name = dvc_pnl_utl_from_8bit(current_image_.file_name);
     const QString name = get_image_name_with_state_suffix(file_name, request.suffix);
+    if (take_cached(request, name)) {
+        return DVC_PNL_RMG_IMAGE_OK;
+    }
     const QString darker = darker_name(name);
-    if (take_cached(request, name) || take_cached(request, darker)) {
+    if (take_cached(request, darker)) {
         return DVC_PNL_RMG_IMAGE_OK;
     }
     if (is_svg(file_name)) {
@@ -318,8 +325,7 @@ int dvc_pnl_rmg_image_resource_manager::dvc_pnl_rmg_get_movie_filepath(const QSt
         return DVC_PNL_RMG_IMAGE_OK;
     }
     const bool is_found = find_current_image(id, number);
-    const bool is_named = !dvc_pnl_utl_from_8bit(current_image_.image_name).isEmpty();
-    if (is_found && is_named) {
+    if (is_found && !is_empty(current_image_.image_name)) {
         path = resource_dir_ + dvc_pnl_utl_from_8bit(current_image_.file_name);
         return DVC_PNL_RMG_IMAGE_OK;
     }

@@ -5,7 +5,7 @@
 
 namespace {
 
-const qint64 LARGEST_FILE = 1024 * 1024; // bytes
+const qint64 LARGEST_FILE = 1048576; // bytes
 const double WIDEST_KEY = 20;
 const char COMPOSITION[] = "composition";
 const char ALL_LANGUAGES[] = "*";

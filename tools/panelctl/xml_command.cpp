@@ -77,6 +77,7 @@ void print_map(const std::map<std::string, VALUE>& contents, bool is_complete, b
         return;
     }
     std::vector<QStringList> rows;
+    rows.reserve(contents.size());
     for (const auto& entry : contents) {
         rows.push_back({as_one_line(from_utf8(entry.first)), shown(entry.second)});
     }

@@ -65,6 +65,8 @@ TEST_F(language_files, fonts_of_standard_option_and_unknown_languages) {
         EXPECT_STREQ(language.dvc_pnl_rmg_get_font_name(row.id), row.font_name);
         EXPECT_EQ(language.dvc_pnl_rmg_get_font(row.id).family(), QString::fromLatin1(row.family));
     }
+    language.dvc_pnl_rmg_set_preferred_language(999, 86);
+    EXPECT_EQ(language.dvc_pnl_rmg_get_font().family(), QString::fromLatin1("Pack Sans"));
     std::string family = "old";
     language.dvc_pnl_rmg_get_standard_font_family(86, family);
     EXPECT_EQ(family, "");
@@ -205,6 +207,7 @@ TEST_F(language_files, the_machine_specific_path_stays_until_a_good_one_comes) {
     int error = OLD_ERROR;
     std::string path = "/data/machine";
     EXPECT_EQ(language.dvc_pnl_rmg_set_machine_specific_path(path.c_str(), error), DVC_PNL_RMG_RESULT_OK);
+    EXPECT_EQ(error, 0);
     path.assign(path.size(), 'x'); // a copy is kept
     for (const char* bad : NO_NAMES) {
         error = OLD_ERROR;
