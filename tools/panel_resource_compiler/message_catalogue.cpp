@@ -11,7 +11,6 @@ const char WARNING_PLACEHOLDERS[] = "placeholders";
 
 namespace {
 
-const std::int32_t FIRST_TEXT_ROW = 2; // rows 0 and 1 are empty
 const std::int32_t FIRST_MESSAGE_ROW = 1;
 
 bool is_printable_ascii_or_tab(const std::string& name) {

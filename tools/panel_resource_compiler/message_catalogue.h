@@ -15,6 +15,9 @@ extern const std::array<const char*, DVC_PNL_RMG_STANDARD_LANGUAGE_COUNT> STANDA
 /** Name of the warning class for placeholders that differ between the languages of a row. */
 extern const char WARNING_PLACEHOLDERS[];
 
+/** Rows 0 and 1 are empty: a message on row 1 has no text on purpose. */
+constexpr std::int32_t FIRST_TEXT_ROW = 2;
+
 /** The last row of the text table: all its cells are null. */
 constexpr std::int32_t NULL_ROW = DVC_PNL_RMG_STANDARD_MESSAGE_ROWS - 1;
 

@@ -106,6 +106,8 @@ void read_texts(const std::string& path, const message_catalogue& catalogue, opt
         if (row < 0 || row >= NULL_ROW) {
             report.error(record.place,
                          "row " + std::to_string(row) + " is outside 0 to " + std::to_string(NULL_ROW - 1));
+        } else if (row < FIRST_TEXT_ROW && !record.fields[1].empty()) {
+            report.error(record.place, "row " + std::to_string(row) + " must stay empty");
         } else if (!pack.texts.emplace(row, record.fields[1]).second) {
             report.error(record.place, "row " + std::to_string(row) + " stands twice");
         } else {

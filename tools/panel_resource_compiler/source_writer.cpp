@@ -18,6 +18,9 @@ std::string cpp_literal(const std::string& text) {
         case '\t':
             literal += "\\t";
             break;
+        case '\r':
+            literal += "\\r"; // compilers take a bare one for the end of a line
+            break;
         case '?':
             literal += "\\?"; // two in a row could start a trigraph
             break;

@@ -103,11 +103,12 @@ const struct {
      "packs/86/pack.conf:2: warning: font \"/nowhere/a.ttf\" is not installed; the pack goes without "
      "[-Wfonts]\n"
      "packs/86/pack.conf:3: error: font \"/nowhere/b.otf\" does not end in .ttf\n"},
-    {"rows of a pack", "packs/86/texts.tsv", "row\ttext\n3\ta\n3\tb\n-1\tc\n21999\td\nx\te\n",
+    {"rows of a pack", "packs/86/texts.tsv", "row\ttext\n3\ta\n3\tb\n-1\tc\n21999\td\nx\te\n1\tf\n0\t\n",
      "packs/86/texts.tsv:3: error: row 3 stands twice\n"
      "packs/86/texts.tsv:4: error: row -1 is outside 0 to 21998\n"
      "packs/86/texts.tsv:5: error: row 21999 is outside 0 to 21998\n"
-     "packs/86/texts.tsv:6: error: row \"x\" is not a whole number\n"},
+     "packs/86/texts.tsv:6: error: row \"x\" is not a whole number\n"
+     "packs/86/texts.tsv:7: error: row 1 must stay empty\n"},
     {"placeholders of a pack", "packs/86/texts.tsv", "row\ttext\n2\t%1\n3\t%1\n",
      "packs/86/texts.tsv:2: warning: row 2: placeholders none in en, %1 here [-Wplaceholders]\n"},
 };
