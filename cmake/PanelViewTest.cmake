@@ -6,6 +6,12 @@ set(PANEL_VIEW_SANITIZER_ENVIRONMENT
 set(PANEL_VIEW_TEST_ARGUMENTS "" CACHE STRING
     "Arguments of every test program, such as -qws with Qt for Embedded Linux")
 
+# Seconds; each process of an emulated program takes half a second to start.
+set(PANEL_VIEW_TEST_TIMEOUT 300)
+if(CMAKE_CROSSCOMPILING_EMULATOR)
+    set(PANEL_VIEW_TEST_TIMEOUT 1200)
+endif()
+
 # panel_view_add_test(NAME target [DEVICE])
 #
 # Registers a test executable. With DEVICE it runs in a device tree of its own, empty and writable. A cross build's
@@ -16,7 +22,7 @@ function(panel_view_add_test name target)
         set(command "${PROJECT_SOURCE_DIR}/scripts/device-shell" --scratch ${command})
     endif()
     add_test(NAME ${name} COMMAND ${command})
-    set_tests_properties(${name} PROPERTIES TIMEOUT 300 ENVIRONMENT
+    set_tests_properties(${name} PROPERTIES TIMEOUT ${PANEL_VIEW_TEST_TIMEOUT} ENVIRONMENT
         "QT_QPA_PLATFORM=offscreen;${PANEL_VIEW_SANITIZER_ENVIRONMENT}")
 endfunction()
 
