@@ -121,6 +121,7 @@ void bench_preload(dvc_pnl_rmg_image_resource_manager& images) {
     const double drawing = measure(repeats, [&] {
         for (int i = 0; i < repeats; ++i) {
             std::vector<QPixmap> pixmaps;
+            pixmaps.reserve(paths.size());
             for (const QString& path : paths) {
                 pixmaps.push_back(draw(path, 0));
             }
@@ -131,6 +132,7 @@ void bench_preload(dvc_pnl_rmg_image_resource_manager& images) {
 
 void bench_cache() {
     std::vector<QString> keys;
+    keys.reserve(PICTURES);
     for (int i = 0; i < PICTURES; ++i) {
         keys.push_back(QString::fromLatin1("000096-000096-ico_%1.svg").arg(i));
     }

@@ -16,7 +16,7 @@ namespace velarion {
 namespace {
 
 const int BYTES_PER_PIXEL = 4;
-const qint64 SVG_BYTES_LIMIT = 16 * 1024 * 1024;
+const qint64 SVG_BYTES_LIMIT = qint64{16} * 1024 * 1024;
 const int SVG_DEPTH_LIMIT = 256;
 const int SVG_ELEMENT_LIMIT = 100000;
 const char DATA_PREFIX[] = "data";

@@ -13,7 +13,7 @@
 namespace velarion {
 
 /** Most that one pixmap may take, at 4 bytes for a pixel: 4096 by 4096, for instance. */
-constexpr std::int64_t DVC_PNL_RMG_PIXMAP_BYTES_LIMIT = 64 * 1024 * 1024;
+constexpr std::int64_t DVC_PNL_RMG_PIXMAP_BYTES_LIMIT = std::int64_t{64} * 1024 * 1024;
 
 /** @return whether a pixmap of this size, in device pixels, has pixels and keeps to the limit */
 bool dvc_pnl_rmg_is_allowed_size(int width, int height);
