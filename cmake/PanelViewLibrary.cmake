@@ -24,7 +24,7 @@ set_target_properties(panel_view_support PROPERTIES
     VERSION ${PROJECT_VERSION} SOVERSION ${PROJECT_VERSION_MAJOR} EXPORT_NAME panel_view_support)
 
 # Keeps the relocations of the text table's 176,000 pointers small; see docs/loading.md.
-check_linker_flag(CXX "-Wl,-z,pack-relative-relocs" PANEL_VIEW_HAS_PACKED_RELOCATIONS)
+check_linker_flag(CXX "-Wl,--fatal-warnings,-z,pack-relative-relocs" PANEL_VIEW_HAS_PACKED_RELOCATIONS)
 if(PANEL_VIEW_HAS_PACKED_RELOCATIONS)
     target_link_options(panel_view_support PRIVATE "-Wl,-z,pack-relative-relocs")
 endif()
