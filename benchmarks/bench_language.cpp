@@ -35,11 +35,13 @@ double measure(std::size_t items, const std::function<std::size_t()>& round) {
 }
 
 void print_ratio(const char* what, double time, const char* floor_name, double floor_time) {
-    std::printf("%-34s %8.1f ns  %5.2f x  %s (%.1f ns)\n", what, time, time / floor_time, floor_name, floor_time);
+    std::printf("%-34s %8.1f ns  %5.2f x  %s (%.1f ns)\n", what, time, time / floor_time, floor_name,
+                floor_time);
 }
 
 std::vector<std::string> all_keys() {
     std::vector<std::string> keys;
+    keys.reserve(static_cast<std::size_t>(dvc_pnl_rmg_imple_message_table_size));
     for (int i = 0; i < dvc_pnl_rmg_imple_message_table_size; ++i) {
         keys.push_back(std::to_string(dvc_pnl_rmg_impl_message_table[i].message_id));
     }

@@ -16,6 +16,7 @@
 #include <cstdlib>
 #include <functional>
 #include <map>
+#include <sstream>
 #include <string>
 #include <unistd.h>
 #include <vector>
@@ -65,14 +66,16 @@ private:
 };
 
 std::string document_of(const char* entry, const char* key, const char* value, const char* suffix) {
-    std::string document = "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<resource>\n";
+    std::ostringstream document;
+    document << "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<resource>\n";
     for (int i = 0; i < ENTRIES; ++i) {
-        const std::string number = std::to_string(100000 + (i * 7919) % ENTRIES);
-        document += std::string("  <") + entry + ">\n    <" + key + ">panel_implementation_" + number + "</" +
-                    key + ">\n    <" + value + ">" + number + suffix + "</" + value + ">\n  </" + entry +
-                    ">\n";
+        const int number = 100000 + (i * 7919) % ENTRIES;
+        document << "  <" << entry << ">\n    <" << key << ">panel_implementation_" << number << "</" << key
+                 << ">\n    <" << value << ">" << number << suffix << "</" << value << ">\n  </" << entry
+                 << ">\n";
     }
-    return document + "</resource>\n";
+    document << "</resource>\n";
+    return document.str();
 }
 
 double time_of(const std::function<std::size_t()>& round) {

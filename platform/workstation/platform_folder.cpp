@@ -33,7 +33,7 @@ bool make_folder(const std::string& path) {
 } // namespace
 
 std::string platform_folder() {
-    const std::string chosen = environment("PANEL_PLATFORM_DIR");
+    std::string chosen = environment("PANEL_PLATFORM_DIR");
     if (!chosen.empty()) {
         return chosen;
     }
