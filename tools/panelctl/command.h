@@ -53,6 +53,10 @@ int run_service_command(const QStringList& arguments);
 bool read_arguments(QCommandLineParser& parser, const QString& command, const QStringList& arguments,
                     int& exit_code);
 
+/** Like read_arguments(), for a command that takes nothing but options. */
+bool read_options(QCommandLineParser& parser, const QString& command, const QStringList& arguments,
+                  int& exit_code);
+
 /**
  * The language that --language asks for, or the one in force.
  * @return false after a fault, which is reported
@@ -76,6 +80,9 @@ int run_action(const QCommandLineParser& parser, const QString& command, const c
                const command_action (&actions)[COUNT]) {
     return run_action(parser, command, default_action, actions, COUNT);
 }
+
+/** Reads a whole number, decimal or "0x...". @return false after a fault, which is reported */
+bool read_number(const QString& command, const QString& text, qint64& number);
 
 /** Reports a fault of usage. @return EXIT_USAGE */
 int usage_fault(const QString& command, const QString& fault);

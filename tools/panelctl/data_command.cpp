@@ -8,7 +8,6 @@
 #include <QJsonObject>
 #include <QSaveFile>
 
-#include <algorithm>
 #include <vector>
 
 namespace {
@@ -24,9 +23,7 @@ int report_failure(const QString& name, int result, int error) {
         return EXIT_NOT_FOUND;
     }
     report_fault(QStringLiteral("data file \"%1\": result 0x%2%3")
-                     .arg(name)
-                     .arg(static_cast<uint>(result), 8, 16, QLatin1Char('0'))
-                     .arg(code));
+                     .arg(name, QString::number(static_cast<uint>(result), 16), code));
     return result == velarion::DVC_PNL_RMG_RESULT_INVALID_ARGUMENT ? EXIT_USAGE : EXIT_SERVICE;
 }
 
@@ -37,6 +34,10 @@ int put_file(dvc_pnl_rmg_image_resource_manager& images, const QString& name, co
         return EXIT_SERVICE;
     }
     const QByteArray contents = file.readAll();
+    if (file.error() != QFile::NoError) {
+        report_fault(QStringLiteral("%1 cannot be read: %2").arg(path, file.errorString()));
+        return EXIT_SERVICE;
+    }
     const std::vector<unsigned char> bytes(contents.begin(), contents.end());
     int error = 0;
     const int result =
@@ -52,9 +53,9 @@ int get_file(dvc_pnl_rmg_image_resource_manager& images, const QString& name, co
         return report_failure(name, result, error);
     }
     QSaveFile file(path);
-    QByteArray contents(static_cast<int>(bytes.size()), Qt::Uninitialized);
-    std::copy(bytes.begin(), bytes.end(), contents.begin());
-    if (!file.open(QIODevice::WriteOnly) || file.write(contents) != contents.size() || !file.commit()) {
+    const auto size = static_cast<qint64>(bytes.size());
+    const auto* const contents = static_cast<const char*>(static_cast<const void*>(bytes.data()));
+    if (!file.open(QIODevice::WriteOnly) || file.write(contents, size) != size || !file.commit()) {
         report_fault(QStringLiteral("%1 cannot be written: %2").arg(path, file.errorString()));
         return EXIT_SERVICE;
     }

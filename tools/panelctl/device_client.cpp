@@ -8,6 +8,7 @@
 #include "platform_codes.h"
 #include "platform_folder.h"
 
+#include <limits>
 #include <vector>
 
 namespace {
@@ -31,7 +32,7 @@ bool is_service_ready() {
 /** @param answer  the reply, whole; empty on failure. @return a platform code */
 long exchange(const panel_device::DEVICE_MESSAGE& request, std::vector<char>& answer) {
     std::vector<char> message = encode_message(request, {});
-    answer.resize(panel_device::DEVICE_LONGEST_MESSAGE);
+    answer.resize(panel_platform::IPC_LONGEST_MESSAGE);
     unsigned int length = static_cast<unsigned int>(answer.size());
     bmc_mc_client client;
     const long code = client.bmc_mc_send_sync_message(
@@ -83,12 +84,14 @@ int report_device_result(int result) {
 }
 
 bool read_device_number(const QString& command, const QString& text, int& number) {
-    bool is_number = false;
-    const int value = text.toInt(&is_number, 0);
-    if (!is_number) {
-        usage_fault(command, QStringLiteral("\"%1\" is not a whole number").arg(text));
+    qint64 value = 0;
+    if (!read_number(command, text, value)) {
         return false;
     }
-    number = value;
+    if (value < std::numeric_limits<int>::min() || value > std::numeric_limits<int>::max()) {
+        usage_fault(command, QStringLiteral("\"%1\" does not fit into 32 bits").arg(text));
+        return false;
+    }
+    number = static_cast<int>(value);
     return true;
 }

@@ -42,12 +42,8 @@ int run_font_command(const QStringList& arguments) {
                        "it lacks\nthe family, and its size. An unknown language has the font of English."));
     parser.addOption(language_option());
     int exit_code = EXIT_FOUND;
-    if (!read_arguments(parser, FONT_COMMAND, arguments, exit_code)) {
+    if (!read_options(parser, FONT_COMMAND, arguments, exit_code)) {
         return exit_code;
-    }
-    if (!parser.positionalArguments().isEmpty()) {
-        return usage_fault(FONT_COMMAND,
-                           QStringLiteral("unexpected \"%1\"").arg(parser.positionalArguments().at(0)));
     }
     panel_session session;
     int language_id = 0;

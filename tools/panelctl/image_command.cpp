@@ -33,16 +33,12 @@ int deliver(const QString& id, const QString& suffix, const QSize& size, const Q
         print_json(QJsonDocument(to_json(image, id)));
     } else if (is_found) {
         print_line(QStringLiteral("%1 %2  %3  %4x%5  %6")
-                       .arg(image.result)
-                       .arg(describe_image_result(image.result), image.found_name)
-                       .arg(image.pixmap.width())
-                       .arg(image.pixmap.height())
-                       .arg(file));
+                       .arg(QString::number(image.result), describe_image_result(image.result),
+                            image.found_name, QString::number(image.pixmap.width()),
+                            QString::number(image.pixmap.height()), file));
     } else {
         report_fault(QStringLiteral("image \"%1\": result %2, %3")
-                         .arg(id)
-                         .arg(image.result)
-                         .arg(describe_image_result(image.result)));
+                         .arg(id, QString::number(image.result), describe_image_result(image.result)));
     }
     return is_found ? EXIT_FOUND : EXIT_NOT_FOUND;
 }
@@ -90,12 +86,8 @@ int run_images_command(const QStringList& arguments) {
          QStringLiteral("Only rows whose number, name or file holds the text, in any letter case."),
          QStringLiteral("TEXT")});
     int exit_code = EXIT_FOUND;
-    if (!read_arguments(parser, IMAGES_COMMAND, arguments, exit_code)) {
+    if (!read_options(parser, IMAGES_COMMAND, arguments, exit_code)) {
         return exit_code;
-    }
-    if (!parser.positionalArguments().isEmpty()) {
-        return usage_fault(IMAGES_COMMAND,
-                           QStringLiteral("unexpected \"%1\"").arg(parser.positionalArguments().at(0)));
     }
     const std::vector<const DVC_PNL_RMG_IMPL_IMAGE_NAME*> images =
         find_images(parser.value(QStringLiteral("filter")));

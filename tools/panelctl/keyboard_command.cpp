@@ -177,12 +177,8 @@ int run_keyboard_command(const QStringList& arguments) {
     parser.addOption(
         {QStringLiteral("language"), QStringLiteral("Standard or option language id."), QStringLiteral("N")});
     int exit_code = EXIT_FOUND;
-    if (!read_arguments(parser, COMMAND, arguments, exit_code)) {
+    if (!read_options(parser, COMMAND, arguments, exit_code)) {
         return exit_code;
-    }
-    if (!parser.positionalArguments().isEmpty()) {
-        return usage_fault(COMMAND,
-                           QStringLiteral("unexpected \"%1\"").arg(parser.positionalArguments().at(0)));
     }
     panel_session session;
     keyboard_report report;

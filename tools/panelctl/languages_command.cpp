@@ -114,12 +114,8 @@ int run_languages_command(const QStringList& arguments) {
                       QStringLiteral("Sets a preferred language first: a language id, or 999,OPTION-ID."),
                       QStringLiteral("N")});
     int exit_code = EXIT_FOUND;
-    if (!read_arguments(parser, command, arguments, exit_code)) {
+    if (!read_options(parser, command, arguments, exit_code)) {
         return exit_code;
-    }
-    if (!parser.positionalArguments().isEmpty()) {
-        return usage_fault(command,
-                           QStringLiteral("unexpected \"%1\"").arg(parser.positionalArguments().at(0)));
     }
     panel_session session;
     if (parser.isSet(QStringLiteral("prefer")) &&

@@ -106,6 +106,27 @@ bool read_arguments(QCommandLineParser& parser, const QString& command, const QS
     return true;
 }
 
+bool read_options(QCommandLineParser& parser, const QString& command, const QStringList& arguments,
+                  int& exit_code) {
+    if (!read_arguments(parser, command, arguments, exit_code)) {
+        return false;
+    }
+    const QStringList words = parser.positionalArguments();
+    if (!words.isEmpty()) {
+        exit_code = usage_fault(command, QStringLiteral("unexpected \"%1\"").arg(words.first()));
+    }
+    return words.isEmpty();
+}
+
+bool read_number(const QString& command, const QString& text, qint64& number) {
+    bool is_number = false;
+    number = text.toLongLong(&is_number, text.startsWith(QLatin1String("0x")) ? 16 : 10);
+    if (!is_number) {
+        usage_fault(command, QStringLiteral("\"%1\" is not a whole number").arg(text));
+    }
+    return is_number;
+}
+
 int run_action(const QCommandLineParser& parser, const QString& command, const char* default_action,
                const command_action* actions, std::size_t count) {
     QStringList words = parser.positionalArguments();

@@ -134,10 +134,7 @@ bool choose_languages(const QCommandLineParser& parser, dvc_pnl_rmg_language_res
     return true;
 }
 
-} // namespace
-
-int run_message_command(const QStringList& arguments) {
-    QCommandLineParser parser;
+void describe_arguments(QCommandLineParser& parser) {
     parser.setApplicationDescription(QStringLiteral(
         "Prints the text of each message. A key is a message id, or the name of a message data "
         "file.\nWithout an option the text comes in the language in force. A language that is "
@@ -150,6 +147,13 @@ int run_message_command(const QStringList& arguments) {
         {QStringLiteral("option"), QStringLiteral("Option language id."), QStringLiteral("N")},
         {QStringLiteral("all"), QStringLiteral("Every standard and every configured option language.")},
     });
+}
+
+} // namespace
+
+int run_message_command(const QStringList& arguments) {
+    QCommandLineParser parser;
+    describe_arguments(parser);
     int exit_code = EXIT_FOUND;
     if (!read_arguments(parser, COMMAND, arguments, exit_code)) {
         return exit_code;

@@ -102,12 +102,8 @@ int run_packs_command(const QStringList& arguments) {
         "Lists what the five option language slots hold, whether each pack's library loads, how "
         "many rows\nit has a text for, its writing direction and font family."));
     int exit_code = EXIT_FOUND;
-    if (!read_arguments(parser, command, arguments, exit_code)) {
+    if (!read_options(parser, command, arguments, exit_code)) {
         return exit_code;
-    }
-    if (!parser.positionalArguments().isEmpty()) {
-        return usage_fault(command,
-                           QStringLiteral("unexpected \"%1\"").arg(parser.positionalArguments().at(0)));
     }
     report_missing_device_tree();
     const font_command_silence silence;

@@ -111,19 +111,10 @@ int get_setting(const QStringList& arguments, bool as_json) {
     return EXIT_FOUND;
 }
 
-bool read_number(const QString& text, qint64& number) {
-    bool is_number = false;
-    number = text.toLongLong(&is_number, text.startsWith(QLatin1String("0x")) ? 16 : 10);
-    if (!is_number) {
-        usage_fault(COMMAND, QStringLiteral("\"%1\" is not a whole number").arg(text));
-    }
-    return is_number;
-}
-
 int set_setting(const QStringList& arguments, bool as_json) {
     settings_database database;
     qint64 value = 0;
-    if (!read_number(arguments.at(1), value)) {
+    if (!read_number(COMMAND, arguments.at(1), value)) {
         return EXIT_USAGE;
     }
     std::string fault;
@@ -147,7 +138,7 @@ int reset_setting(const QStringList& arguments, bool as_json) {
 bool read_attribute_key(const QStringList& arguments, int& language_id, int& attribute) {
     qint64 language = 0;
     qint64 number = 0;
-    if (!read_number(arguments.at(0), language) || !read_number(arguments.at(1), number)) {
+    if (!read_number(COMMAND, arguments.at(0), language) || !read_number(COMMAND, arguments.at(1), number)) {
         return false;
     }
     language_id = static_cast<int>(language);

@@ -107,10 +107,8 @@ QString page_name(const QString& file, std::size_t page, std::size_t pages) {
     }
     const QFileInfo info(file);
     const QString suffix = info.suffix().isEmpty() ? QString() : QLatin1Char('.') + info.suffix();
-    return QStringLiteral("%1-%2%3")
-        .arg(file.left(file.size() - suffix.size()))
-        .arg(page + 1, 2, 10, QLatin1Char('0'))
-        .arg(suffix);
+    const QString number = QString::number(page + 1).rightJustified(2, QLatin1Char('0'));
+    return file.left(file.size() - suffix.size()) + QLatin1Char('-') + number + suffix;
 }
 
 int draw_sheets(const std::vector<image_row>& rows, int size, const QString& file, bool as_json) {

@@ -43,14 +43,11 @@ bool convert(const QCommandLineParser& parser, const QString& size,
     return dvc_pnl_common_utility::string_to_int(px, number);
 }
 
-} // namespace
-
-int run_units_command(const QStringList& arguments) {
-    QCommandLineParser parser;
+void describe_arguments(QCommandLineParser& parser) {
     parser.setApplicationDescription(QStringLiteral(
         "Converts sizes to device pixels as the panel does: \"10dp\", \"10dp+4\", \"100-8dp\".\n"
         "A single size is always truncated. An operand that is no size makes the result 0; one without a\n"
-        "number before \"dp\" counts as 0.\n"
+        "number before \"dp\" counts as 0. Sizes that start with \"-\" go behind \"--\".\n"
         "\"ceil\" is the panel's name for rounding to the nearest pixel."));
     parser.addPositionalArgument(QStringLiteral("size"), QStringLiteral("Size or sum or difference of two."),
                                  QStringLiteral("SIZE..."));
@@ -61,21 +58,34 @@ int run_units_command(const QStringList& arguments) {
         {QStringLiteral("mm"), QStringLiteral("Takes millimetres on a screen of density 0 or 1."),
          QStringLiteral("DENSITY")},
     });
+}
+
+/** @return what is wrong with the options and the number of sizes; empty when nothing is */
+QString find_fault(const QCommandLineParser& parser, dvc_pnl_common_utility::ROUNDING_TYPE& type) {
+    if (!read_rounding(parser.value(QStringLiteral("round")), type)) {
+        return QStringLiteral("--round takes ceil, floor or round");
+    }
+    const QString density = parser.value(QStringLiteral("mm"));
+    if (parser.isSet(QStringLiteral("mm")) && density != QLatin1String("0") &&
+        density != QLatin1String("1")) {
+        return QStringLiteral("--mm takes 0 or 1");
+    }
+    return parser.positionalArguments().isEmpty() ? QStringLiteral("no size") : QString();
+}
+
+} // namespace
+
+int run_units_command(const QStringList& arguments) {
+    QCommandLineParser parser;
+    describe_arguments(parser);
     int exit_code = EXIT_FOUND;
     if (!read_arguments(parser, COMMAND, arguments, exit_code)) {
         return exit_code;
     }
     dvc_pnl_common_utility::ROUNDING_TYPE type = dvc_pnl_common_utility::ROUNDING_ROUND;
-    if (!read_rounding(parser.value(QStringLiteral("round")), type)) {
-        return usage_fault(COMMAND, QStringLiteral("--round takes ceil, floor or round"));
-    }
-    const QString density = parser.value(QStringLiteral("mm"));
-    if (parser.isSet(QStringLiteral("mm")) && density != QLatin1String("0") &&
-        density != QLatin1String("1")) {
-        return usage_fault(COMMAND, QStringLiteral("--mm takes 0 or 1"));
-    }
-    if (parser.positionalArguments().isEmpty()) {
-        return usage_fault(COMMAND, QStringLiteral("no size"));
+    const QString fault = find_fault(parser, type);
+    if (!fault.isEmpty()) {
+        return usage_fault(COMMAND, fault);
     }
     QJsonArray results;
     for (const QString& size : parser.positionalArguments()) {
