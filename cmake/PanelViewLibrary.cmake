@@ -13,6 +13,7 @@ target_include_directories(panel_view_support PUBLIC
     $<BUILD_INTERFACE:${PROJECT_SOURCE_DIR}/dvc/dvc_pnl/cmn_src>
     $<BUILD_INTERFACE:${PROJECT_SOURCE_DIR}/dvc/dvc_pnl/cmn_src/device_controller>
     $<BUILD_INTERFACE:${PROJECT_SOURCE_DIR}/dvc/dvc_pnl/cmn_src/view_layout>
+    $<BUILD_INTERFACE:${PROJECT_SOURCE_DIR}/resource_manager>
     $<BUILD_INTERFACE:${PROJECT_SOURCE_DIR}/resource_manager/image>
     $<BUILD_INTERFACE:${PROJECT_SOURCE_DIR}/resource_manager/language>
     $<INSTALL_INTERFACE:${CMAKE_INSTALL_INCLUDEDIR}/panel_view_support>)
@@ -37,6 +38,7 @@ file(GLOB public_headers
     dvc/dvc_pnl/cmn_src/dvc_pnl_export.h
     dvc/dvc_pnl/cmn_src/device_controller/*.h
     dvc/dvc_pnl/cmn_src/view_layout/*.h
+    resource_manager/*.h
     resource_manager/image/*.h
     resource_manager/language/*.h
     platform/*.h)
@@ -73,13 +75,15 @@ endfunction()
 panel_view_install_pc(panel_view_support)
 
 if(TARGET panel_platform)
+    set(platform_headers
+        file_descriptor.h ipc_header.h message_delivery.h platform_codes.h settings_database.h)
     set(platform_header_folder ${CMAKE_INSTALL_INCLUDEDIR}/panel_platform)
     target_include_directories(panel_platform
         INTERFACE $<INSTALL_INTERFACE:${header_folder}> $<INSTALL_INTERFACE:${platform_header_folder}>)
     install(TARGETS panel_platform EXPORT panel_platform_targets
         LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR} COMPONENT platform NAMELINK_COMPONENT development)
-    install(FILES platform/workstation/platform_codes.h platform/workstation/settings_database.h
-        DESTINATION ${platform_header_folder} COMPONENT development)
+    list(TRANSFORM platform_headers PREPEND platform/workstation/)
+    install(FILES ${platform_headers} DESTINATION ${platform_header_folder} COMPONENT development)
     install(EXPORT panel_platform_targets NAMESPACE panel_view_support:: DESTINATION ${package_folder}
         COMPONENT development)
     panel_view_install_pc(panel_platform)

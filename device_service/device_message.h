@@ -22,8 +22,6 @@ struct DEVICE_MESSAGE {
     std::vector<DEVICE_RECORD> records;
 };
 
-inline constexpr std::size_t DEVICE_LONGEST_MESSAGE = panel_platform::IPC_LONGEST_MESSAGE;
-
 /** @return a message whose records have the ids 0, 1, 2, ... and these values */
 DEVICE_MESSAGE make_message(std::int32_t func_id, const std::vector<std::int32_t>& values);
 

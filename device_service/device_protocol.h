@@ -52,12 +52,12 @@ enum ATTACH_INTEREST : std::uint32_t {
     ATTACH_EVENTS_AND_EDGES = 2 ///< all events
 };
 
-/** Misbehaviour on purpose, for the requests of the operation panel's library alone. */
+/** Misbehaviour on purpose, for all requests but those of CONTROL_FUNCTION. */
 enum FAULT_KIND : std::int32_t {
     FAULT_NONE = 0,
     FAULT_DELAY = 1,     ///< the reply comes after so many milliseconds
     FAULT_DROP = 2,      ///< the request is carried out, its reply is not sent
-    FAULT_FAIL = 3,      ///< the request is not carried out; the value is the result code
+    FAULT_FAIL = 3,      ///< the request is not carried out; the value is the result code, 1 or more
     FAULT_CRASH = 4,     ///< the service ends as if killed when it receives the request
     FAULT_CRASH_NOW = 5, ///< the service ends as if killed, without answering this
     FAULT_KIND_COUNT = 6
@@ -69,7 +69,7 @@ enum SERVICE_STATUS_FIELD : std::int32_t {
     STATUS_UPTIME = 1, ///< seconds
     STATUS_CONNECTIONS = 2,
     STATUS_OBSERVERS = 3,
-    STATUS_REQUESTS = 4, ///< of the library's functions, since the start
+    STATUS_REQUESTS = 4, ///< all but those of CONTROL_FUNCTION, since the start
     STATUS_REFUSED = 5,  ///< of these, those that got a result code other than 0
     STATUS_FAULT = 6,    ///< FAULT_KIND
     STATUS_FAULT_VALUE = 7,

@@ -4,7 +4,8 @@ namespace panel_device {
 
 DEVICE_RESULT fault_plan::set(std::int32_t kind, std::int32_t value, std::int32_t requests) {
     const bool is_delay_wrong = kind == FAULT_DELAY && (value < 0 || value > LONGEST_DELAY);
-    if (kind < FAULT_NONE || kind >= FAULT_KIND_COUNT || requests < 0 || is_delay_wrong) {
+    const bool is_result_wrong = kind == FAULT_FAIL && value < 1;
+    if (kind < FAULT_NONE || kind >= FAULT_KIND_COUNT || requests < 0 || is_delay_wrong || is_result_wrong) {
         return DEVICE_BAD_VALUE;
     }
     kind_ = static_cast<FAULT_KIND>(kind);

@@ -13,7 +13,7 @@ public:
     /**
      * Replaces what was ordered before.
      *
-     * @param value     FAULT_DELAY: milliseconds, 0 to LONGEST_DELAY; FAULT_FAIL: the result code
+     * @param value     FAULT_DELAY: milliseconds, 0 to LONGEST_DELAY; FAULT_FAIL: the result code, 1 or more
      * @param requests  how many it is for; 0: all until changed
      * @return DEVICE_OK, DEVICE_BAD_VALUE
      */

@@ -9,6 +9,7 @@
 #include <csignal>
 #include <cstdio>
 #include <cstdlib>
+#include <fcntl.h>
 #include <getopt.h>
 #include <sys/signalfd.h>
 #include <unistd.h>
@@ -34,7 +35,7 @@ const char HELP[] =
     "Environment: PANEL_PLATFORM_DIR, folder of the platform services; the service's socket is in run/\n"
     "below it. Without it $XDG_STATE_HOME/panel_platform, else $HOME/.local/state/panel_platform.\n"
     "\n"
-    "Exit codes: 0 ended by a signal, 2 usage, 3 the name cannot be served.\n";
+    "Exit codes: 0 ended by a signal, 2 usage, 3 the name cannot be served, or not any more.\n";
 
 struct OPTIONS {
     int ready_descriptor = -1;
@@ -50,7 +51,8 @@ bool read_descriptor(const char* text, int& descriptor) {
     errno = 0;
     const long number = std::strtol(text, &end, 10);
     descriptor = static_cast<int>(number);
-    return errno == 0 && *end == '\0' && end != text && number >= 0 && number < 65536;
+    return errno == 0 && *end == '\0' && end != text && number >= 0 && number < 65536 &&
+           ::fcntl(descriptor, F_GETFD) >= 0;
 }
 
 /** @return whether to go on; otherwise @p exit_code is what to end with */
@@ -66,7 +68,7 @@ bool read_option(int option, const char* value, OPTIONS& options, int& exit_code
         return true;
     case 'r':
         if (!read_descriptor(value, options.ready_descriptor)) {
-            exit_code = usage_fault("--ready-fd takes the number of a descriptor, not ", value);
+            exit_code = usage_fault("--ready-fd takes the number of an open descriptor, not ", value);
             return false;
         }
         return true;
@@ -123,7 +125,8 @@ int report_listen_fault(int code) {
         write_log(SERVICE_LOG_ERROR, "no folder: set PANEL_PLATFORM_DIR, XDG_STATE_HOME or HOME");
         break;
     case panel_platform::PLATFORM_ACCESS_DENIED:
-        write_log(SERVICE_LOG_ERROR, "%s/run cannot be used: it must belong to this user, with mode 0700",
+        write_log(SERVICE_LOG_ERROR,
+                  "%s/run cannot be used: it must be writable, belong to this user and have mode 0700",
                   folder.c_str());
         break;
     default:
@@ -151,6 +154,10 @@ int main(int argc, char** argv) {
         return exit_code;
     }
     const panel_platform::file_descriptor signals = take_signals();
+    if (signals.get() < 0) {
+        write_log(SERVICE_LOG_ERROR, "no descriptor for signals (error %d)", errno);
+        return EXIT_FAULT;
+    }
     service_loop loop;
     const int code = loop.listen(velarion::DVC_PNL_DEC_SERVICE_NAME);
     if (code != panel_platform::PLATFORM_OK) {
@@ -159,7 +166,9 @@ int main(int argc, char** argv) {
     write_log(SERVICE_LOG_INFO, "ready as %s in %s/run", velarion::DVC_PNL_DEC_SERVICE_NAME,
               panel_platform::platform_folder().c_str());
     tell_ready(options.ready_descriptor);
-    loop.run(signals.get());
+    if (!loop.run(signals.get())) {
+        return EXIT_FAULT;
+    }
     write_log(SERVICE_LOG_INFO, "ended");
     return EXIT_DONE;
 }

@@ -4,27 +4,36 @@
 
 namespace panel_device {
 
+namespace {
+
+/** Tells the observers of one owner from others. */
+struct is_of {
+    OBSERVER_OWNER owner;
+
+    bool operator()(const KEY_OBSERVER& observer) const {
+        return observer.owner.host == owner.host && observer.owner.connection == owner.connection;
+    }
+};
+
+} // namespace
+
 DEVICE_RESULT observer_registry::add(const KEY_OBSERVER& observer) {
-    const auto is_of_connection = [&](const KEY_OBSERVER& other) {
-        return other.connection == observer.connection;
-    };
+    const is_of is_of_owner = {observer.owner};
     const auto is_same = [&](const KEY_OBSERVER& other) {
-        return is_of_connection(other) && other.number == observer.number;
+        return is_of_owner(other) && other.number == observer.number;
     };
     if (std::any_of(observers_.begin(), observers_.end(), is_same)) {
         return DEVICE_OK;
     }
-    if (std::count_if(observers_.begin(), observers_.end(), is_of_connection) >= MOST_OBSERVERS) {
+    if (std::count_if(observers_.begin(), observers_.end(), is_of_owner) >= MOST_OBSERVERS) {
         return DEVICE_TOO_MANY_OBSERVERS;
     }
     observers_.push_back(observer);
     return DEVICE_OK;
 }
 
-void observer_registry::forget(std::uint32_t connection) {
-    const auto is_of_connection = [&](const KEY_OBSERVER& other) { return other.connection == connection; };
-    observers_.erase(std::remove_if(observers_.begin(), observers_.end(), is_of_connection),
-                     observers_.end());
+void observer_registry::forget(const OBSERVER_OWNER& owner) {
+    observers_.erase(std::remove_if(observers_.begin(), observers_.end(), is_of{owner}), observers_.end());
 }
 
 } // namespace panel_device

@@ -7,6 +7,7 @@
 
 #include <algorithm>
 #include <csignal>
+#include <iterator>
 #include <unistd.h>
 #include <utility>
 
@@ -16,6 +17,8 @@ namespace {
 
 using panel_platform::IPC_HEADER;
 
+const std::ptrdiff_t MOST_DELAYED = 1024; // replies that wait for one connection
+
 bool is_control(std::int32_t func_id) {
     return func_id >= CONTROL_LIST_LEDS && func_id <= CONTROL_STATUS;
 }
@@ -23,6 +26,10 @@ bool is_control(std::int32_t func_id) {
 bool has_parameters(const DEVICE_MESSAGE& request, const std::vector<std::int32_t>& ids) {
     return std::equal(ids.begin(), ids.end(), request.records.begin(), request.records.end(),
                       [](std::int32_t id, const DEVICE_RECORD& record) { return id == record.id; });
+}
+
+OBSERVER_OWNER owner_of(std::uint64_t host, std::uint32_t connection) {
+    return {host, host == 0 ? connection : 0};
 }
 
 [[noreturn]] void crash() {
@@ -82,11 +89,28 @@ void panel_service::disconnected(std::uint32_t connection) {
         return;
     }
     const pid_t process = found->second.process;
+    const std::uint64_t host = found->second.host;
     write_log(SERVICE_LOG_DEBUG, "connection %u: gone", connection);
     connections_.erase(found);
-    observers_.forget(connection);
+    if (!has_connection(host)) {
+        observers_.forget(owner_of(host, connection));
+    }
+    for (auto delayed = delayed_.begin(); delayed != delayed_.end();) {
+        delayed = delayed->second.connection == connection ? delayed_.erase(delayed) : std::next(delayed);
+    }
     monitor_.forget(connection);
     monitor_.tell(EVENT_HOST_GONE, {static_cast<std::int32_t>(connection), process});
+}
+
+/** @return whether a host, which has a number, has a connection still */
+bool panel_service::has_connection(std::uint64_t host) const {
+    return host != 0 && std::any_of(connections_.begin(), connections_.end(),
+                                    [&](const auto& entry) { return entry.second.host == host; });
+}
+
+bool panel_service::may_send_requests(std::uint32_t number) const {
+    return std::count_if(delayed_.begin(), delayed_.end(),
+                         [&](const auto& entry) { return entry.second.connection == number; }) < MOST_DELAYED;
 }
 
 bool panel_service::receive(std::uint32_t connection, const IPC_HEADER& header, const char* bytes,
@@ -101,7 +125,7 @@ bool panel_service::receive(std::uint32_t connection, const IPC_HEADER& header, 
     if (header.kind == panel_platform::IPC_ATTACH) {
         return attach(connection, header);
     }
-    if (header.kind != panel_platform::IPC_REQUEST) {
+    if (header.kind != panel_platform::IPC_REQUEST || !may_send_requests(connection)) {
         return false;
     }
     advance(now);
@@ -237,7 +261,7 @@ DEVICE_RESULT panel_service::run_led_timer(const CALL& call, DEVICE_MESSAGE&) {
 
 DEVICE_RESULT panel_service::add_observer(const CALL& call, DEVICE_MESSAGE&) {
     const DEVICE_RESULT result =
-        observers_.add({call.connection, call.host, static_cast<std::uint32_t>(call.values[0])});
+        observers_.add({owner_of(call.host, call.connection), static_cast<std::uint32_t>(call.values[0])});
     if (result == DEVICE_OK) {
         monitor_.tell(EVENT_OBSERVER, {static_cast<std::int32_t>(call.connection), call.values[0]});
     }
@@ -268,23 +292,30 @@ DEVICE_RESULT panel_service::send_key_event(const CALL& call, DEVICE_MESSAGE& re
     return DEVICE_OK;
 }
 
-/** @return how many observers a notification went to: those whose process takes notifications */
+/** @return whether the observer's host takes notifications */
+bool panel_service::notify(const KEY_OBSERVER& observer, const DEVICE_MESSAGE& message) {
+    IPC_HEADER header;
+    header.kind = panel_platform::IPC_NOTIFICATION;
+    header.destination = observer.number;
+    bool is_told = false;
+    for (const auto& [number, connection] : connections_) {
+        if (connection.takes_notifications && connection.host == observer.owner.host) {
+            sender_(number, encode_message(message, header));
+            is_told = true;
+        }
+    }
+    return is_told;
+}
+
+/** @return how many observers were told */
 std::int32_t panel_service::notify_observers(std::int32_t key, std::int32_t status) {
     const DEVICE_MESSAGE message = {
         velarion::DVC_PNL_DEC_FUNCTION_NOTIFY_KEY_EVENT,
         DEVICE_OK,
         {{velarion::DVC_PNL_DEC_PARAMETER_ID, key}, {velarion::DVC_PNL_DEC_PARAMETER_STATUS, status}}};
     std::int32_t told = 0;
-    IPC_HEADER header;
-    header.kind = panel_platform::IPC_NOTIFICATION;
     for (const KEY_OBSERVER& observer : observers_.observers()) {
-        header.destination = observer.number;
-        for (const auto& [number, connection] : connections_) {
-            if (connection.takes_notifications && connection.host == observer.host) {
-                sender_(number, encode_message(message, header));
-                ++told;
-            }
-        }
+        told += notify(observer, message) ? 1 : 0;
     }
     return told;
 }

@@ -24,7 +24,7 @@ public:
 
     /** Greets a new connection. @param connection  a number that is never used again */
     void connected(std::uint32_t connection, pid_t process);
-    /** Forgets a connection and its observers. */
+    /** Forgets a connection, and the observers of its host when it was the host's last one. */
     void disconnected(std::uint32_t connection);
 
     /**
@@ -66,6 +66,8 @@ private:
     };
 
     static const std::vector<FUNCTION>& functions();
+    bool has_connection(std::uint64_t host) const;
+    bool may_send_requests(std::uint32_t number) const;
     bool attach(std::uint32_t number, const panel_platform::IPC_HEADER& header);
     void answer(std::uint32_t number, const panel_platform::IPC_HEADER& header, const char* bytes,
                 std::int64_t now);
@@ -83,6 +85,7 @@ private:
     DEVICE_RESULT set_fault(const CALL& call, DEVICE_MESSAGE& reply);
     DEVICE_RESULT report_status(const CALL& call, DEVICE_MESSAGE& reply);
 
+    bool notify(const KEY_OBSERVER& observer, const DEVICE_MESSAGE& message);
     std::int32_t notify_observers(std::int32_t key, std::int32_t status);
 
     MESSAGE_SENDER sender_;

@@ -3,6 +3,8 @@
 #include <cstdarg>
 #include <cstdio>
 #include <cstdlib>
+#include <sys/stat.h>
+#include <unistd.h>
 
 namespace panel_device {
 
@@ -16,6 +18,14 @@ struct LEVEL {
 const LEVEL LEVELS[] = {{"error", 3}, {"warning", 4}, {"info", 6}, {"debug", 7}};
 
 SERVICE_LOG_LEVEL g_highest_level = SERVICE_LOG_INFO;
+
+/** The journal names the stream it reads; a process started from there may have been given another one. */
+bool is_read_by_journal() {
+    const char* const stream = std::getenv("JOURNAL_STREAM");
+    struct stat status = {};
+    return stream && ::fstat(STDERR_FILENO, &status) == 0 &&
+           std::to_string(status.st_dev) + ':' + std::to_string(status.st_ino) == stream;
+}
 
 } // namespace
 
@@ -43,7 +53,8 @@ void write_log(SERVICE_LOG_LEVEL level, const char* format, ...) {
     std::vsnprintf(text, sizeof text, format, arguments);
     va_end(arguments);
     char priority[8] = "";
-    if (std::getenv("JOURNAL_STREAM")) {
+    static const bool has_priority = is_read_by_journal();
+    if (has_priority) {
         std::snprintf(priority, sizeof priority, "<%d>", LEVELS[level].journal_priority);
     }
     std::fprintf(stderr, "%spanel_device_service: %s: %s\n", priority, LEVELS[level].name, text);

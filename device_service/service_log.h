@@ -18,7 +18,7 @@ bool find_log_level(const std::string& name, SERVICE_LOG_LEVEL& level);
 /** Lines beyond this level are left out from now on; at first those beyond SERVICE_LOG_INFO. */
 void set_log_level(SERVICE_LOG_LEVEL level);
 
-/** Writes one line to standard error, with the journal's priority in front when the journal reads it. */
+/** Writes one line to standard error, with the journal's priority in front when the journal reads that. */
 void write_log(SERVICE_LOG_LEVEL level, const char* format, ...) __attribute__((format(printf, 2, 3)));
 
 } // namespace panel_device

@@ -15,8 +15,9 @@ namespace {
 using namespace panel_platform;
 
 const std::size_t MOST_PEERS = 64;
-const std::size_t MOST_UNSENT = 1024; // messages for a peer that does not read them
-const std::size_t FIRST_PEER = 2;     // place in what is watched, behind the end and the listener
+const std::size_t MOST_UNSENT = 1024;   // messages for a peer that does not read them
+const std::int64_t ACCEPT_PAUSE = 1000; // milliseconds without a descriptor
+const std::size_t FIRST_PEER = 2;       // place in what is watched, behind the end and the listener
 
 } // namespace
 
@@ -28,17 +29,17 @@ int service_loop::listen(const std::string& name) {
     return listener_.listen(name);
 }
 
-void service_loop::run(int stop) {
+bool service_loop::run(int stop) {
     for (;;) {
         std::vector<pollfd> events = watched(stop);
         const int found = ::poll(events.data(), events.size(), milliseconds_to_wait());
         if (found < 0 && errno != EINTR) {
             write_log(SERVICE_LOG_ERROR, "poll failed with error %d", errno);
-            return;
+            return false;
         }
         service_.advance(monotonic_milliseconds());
         if (found > 0 && events[0].revents != 0) {
-            return;
+            return true;
         }
         if (found > 0) {
             serve(events);
@@ -75,11 +76,15 @@ void service_loop::serve(const std::vector<pollfd>& events) {
 }
 
 int service_loop::milliseconds_to_wait() const {
-    const std::int64_t deadline = service_.next_deadline();
+    const std::int64_t now = monotonic_milliseconds();
+    std::int64_t deadline = service_.next_deadline();
+    if (accepts_from_ > now && (deadline < 0 || accepts_from_ < deadline)) {
+        deadline = accepts_from_;
+    }
     if (deadline < 0) {
         return -1;
     }
-    const std::int64_t left = std::max<std::int64_t>(0, deadline - monotonic_milliseconds());
+    const std::int64_t left = std::max<std::int64_t>(0, deadline - now);
     return static_cast<int>(std::min<std::int64_t>(left, std::numeric_limits<int>::max()));
 }
 
@@ -138,8 +143,9 @@ void service_loop::accept() {
     } else if (code == PLATFORM_ACCESS_DENIED) {
         write_log(SERVICE_LOG_WARNING, "process %ld of another user turned away", static_cast<long>(process));
     } else if (code == PLATFORM_IO_ERROR) {
-        write_log(SERVICE_LOG_WARNING, "no descriptor for another connection; waiting until one ends");
-        is_out_of_descriptors_ = !peers_.empty();
+        write_log(SERVICE_LOG_WARNING, "no descriptor for another connection; trying again in %ld s",
+                  static_cast<long>(ACCEPT_PAUSE / 1000));
+        accepts_from_ = monotonic_milliseconds() + ACCEPT_PAUSE;
     }
     if (peers_.size() == MOST_PEERS) {
         write_log(SERVICE_LOG_WARNING, "%zu connections; others wait until one ends", MOST_PEERS);
@@ -147,7 +153,7 @@ void service_loop::accept() {
 }
 
 bool service_loop::can_accept() const {
-    return peers_.size() < MOST_PEERS && !is_out_of_descriptors_;
+    return peers_.size() < MOST_PEERS && monotonic_milliseconds() >= accepts_from_;
 }
 
 /** Closes a connection before the next wait. @param reason  null when the other end closed it */
@@ -164,7 +170,7 @@ void service_loop::close_dropped() {
         peers_.erase(number);
         dropped_.erase(dropped_.begin());
         service_.disconnected(number);
-        is_out_of_descriptors_ = false;
+        accepts_from_ = 0;
     }
 }
 

@@ -23,8 +23,12 @@ public:
     /** Takes the service's name. @return PLATFORM_OK, or why it cannot be taken, see message_listener */
     int listen(const std::string& name);
 
-    /** Serves until a descriptor can be read. @param stop  that descriptor, such as one of signals */
-    void run(int stop);
+    /**
+     * Serves until a descriptor can be read.
+     * @param stop  that descriptor, such as one of signals
+     * @return false when the service cannot go on, which is logged
+     */
+    bool run(int stop);
 
 private:
     struct PEER {
@@ -48,7 +52,7 @@ private:
     std::map<std::uint32_t, PEER> peers_;
     std::set<std::uint32_t> dropped_;
     std::uint32_t last_number_ = 0;
-    bool is_out_of_descriptors_ = false;
+    std::int64_t accepts_from_ = 0; ///< time of the next attempt when there was no descriptor
 };
 
 } // namespace panel_device

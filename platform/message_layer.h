@@ -16,7 +16,14 @@ public:
     facade_template();
     virtual ~facade_template();
 
-    /** Called by the platform with a message of @p rcv_buflen bytes, which stay the platform's. */
+    /**
+     * Called by the platform, on a thread of its own, with each message that it receives. Does nothing here.
+     *
+     * @param func_id     what the message says
+     * @param rcv_buf     the message, header included: @p rcv_buflen bytes, which stay the platform's and are
+     *                    valid until the call returns
+     * @param header      the message layer's header of it
+     */
     virtual void dispatch(long func_id, char* rcv_buf, unsigned int rcv_buflen, gen_ipc_msghdr header);
 };
 
@@ -26,14 +33,29 @@ public:
     bmc_mc_client();
     ~bmc_mc_client();
 
-    /** @return non-zero when the named service is ready to take messages */
+    /**
+     * Asks whether a service can be sent messages. Any thread; on a workstation it waits for a request of
+     * another thread that is under way, and 5 ms at most beyond that.
+     *
+     * @param name  the service's name, ended by NUL
+     * @param mode  0
+     * @return non-zero when the named service is ready to take messages
+     */
     static long bmc_mc_check_facade(const char* name, long mode);
 
     /**
-     * Sends a request and waits for its reply.
+     * Sends a request and waits for its reply; on a workstation three seconds at most, once the requests of
+     * other threads are over. Any thread.
      *
-     * @param rcv_len  capacity of @p rcv_buf in bytes on entry, the reply's length on return
-     * @return 0 on success; @p rcv_buf is unchanged otherwise
+     * @param mode      0
+     * @param func_id   what is asked, in 32 bits
+     * @param send_buf  the request; its first 72 bytes are room for the message layer's header and not read
+     * @param send_len  bytes of it, 72 at least
+     * @param rcv_buf   receives the reply, header included; unchanged on failure
+     * @param rcv_len   capacity of @p rcv_buf in bytes on entry; the reply's length on return, 0 on failure
+     * @param name      the service's name, ended by NUL
+     * @return 0, or a platform code: the arguments were refused, the service is not ready, it did not answer, it
+     *         went away, or its reply is none or too long
      */
     long bmc_mc_send_sync_message(long mode, long func_id, char* send_buf, unsigned int send_len,
                                   char* rcv_buf, unsigned int* rcv_len, const char* name);

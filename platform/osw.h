@@ -28,7 +28,7 @@ private:
     state* state_;
 };
 
-/** Locks a mutex for its lifetime. */
+/** Locks a mutex for its lifetime. The thread that holds it must not take it again. */
 class PANEL_PLATFORM_EXPORT OSW_Guard {
 public:
     explicit OSW_Guard(OSW_Mutex_Semaphore& mutex);
@@ -40,7 +40,10 @@ private:
     OSW_Mutex_Semaphore& mutex_;
 };
 
-/** Names a timer of the platform; its first word is the timer's number, unique in the process. */
+/**
+ * Names a timer of the platform; its first word is the timer's number, unique in the process. It runs nothing.
+ * @p kind is kept behind the number and means nothing on a workstation.
+ */
 class PANEL_PLATFORM_EXPORT OSW_Timer_Control {
 public:
     explicit OSW_Timer_Control(unsigned long kind);
@@ -55,7 +58,7 @@ private:
 
 extern "C" {
 
-/** Suspends the calling thread. @param units  platform time units, 10 microseconds each on a workstation */
+/** Suspends the calling thread. @param units  platform time units, 10 microseconds each on a workstation. @return 0 */
 PANEL_PLATFORM_EXPORT int emwOSWSleep(unsigned long units);
 
 /** Loads a shared library. @param handle  receives its handle; null on failure. @return 0 on success */

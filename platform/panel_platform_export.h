@@ -1,7 +1,7 @@
 #ifndef PANEL_PLATFORM_EXPORT_H
 #define PANEL_PLATFORM_EXPORT_H
 
-/** Marks what a platform library offers; empty where the device's own libraries are the platform. */
+/** Marks what a platform library offers: visible from outside also when it is compiled with hidden visibility. */
 #if defined(__GNUC__)
 #define PANEL_PLATFORM_EXPORT __attribute__((visibility("default")))
 #define PANEL_PLATFORM_PRINTF(text, arguments) __attribute__((format(printf, text, arguments)))

@@ -11,7 +11,8 @@ constexpr int ENT_SET_MESSAGE_SIZE = 108;
 extern "C" {
 
 /**
- * Reads one device setting.
+ * Reads one device setting. A known setting that is not stored, or that an unreadable store hides, has its default
+ * value. Any thread.
  *
  * @param value  receives the item in the item's own width (unsigned 8, 16 or 32 bits) and the
  *               processor's byte order; unchanged on failure
@@ -20,7 +21,7 @@ extern "C" {
 PANEL_PLATFORM_EXPORT int ent_set_get_status(std::uint32_t group, std::uint32_t item, void* value);
 
 /**
- * Reads one attribute of a language.
+ * Reads one attribute of a language. Any thread.
  *
  * @param text  buffer of ENT_SET_MESSAGE_SIZE bytes; receives a NUL-terminated text; unchanged on failure
  * @return 0 on success, otherwise a platform code

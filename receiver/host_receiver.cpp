@@ -5,6 +5,8 @@
 #include "dvc_pnl_dec_serialize.h"
 #include "ipc_header.h"
 
+#include <QTimer>
+
 #include <algorithm>
 #include <cstring>
 
@@ -14,17 +16,13 @@ using velarion::dvc_pnl_dec_facade;
 using velarion::dvc_pnl_dec_key_event_observer;
 
 const int NO_ANSWER = -1;
+const int PAUSE_WITHOUT_ANSWER = 1000; // milliseconds; the wait for an answer has blocked the event loop
 
 /** Room for any message, laid out so that the serializer can read it. */
 struct MESSAGE {
     velarion::DVC_PNL_DEC_OBSERVER_COMMUNICATION_HEADER header;
     unsigned char rest[panel_platform::IPC_LONGEST_MESSAGE - velarion::DVC_PNL_DEC_HEADER_LENGTH];
 };
-
-/** The number by which the service knows an observer. */
-std::uint32_t number_of(const dvc_pnl_dec_key_event_observer* observer) {
-    return static_cast<std::uint32_t>(reinterpret_cast<std::uintptr_t>(observer));
-}
 
 bool decode_key_event(const char* bytes, unsigned int length, int& key, int& status) {
     MESSAGE message;
@@ -98,7 +96,8 @@ bool host_receiver::has_observer(const dvc_pnl_dec_key_event_observer* observer)
 void host_receiver::take_key_event(std::uint32_t number, int key, int status) {
     const std::vector<ENTRY> entries = entries_;
     for (const ENTRY& entry : entries) {
-        if (number_of(entry.observer) != number || !has_observer(entry.observer)) {
+        if (velarion::dvc_pnl_dec_observer_number(entry.observer) != number ||
+            !has_observer(entry.observer)) {
             continue;
         }
         if (status == velarion::DVC_PNL_DEC_KEY_PRESSED) {
@@ -110,7 +109,22 @@ void host_receiver::take_key_event(std::uint32_t number, int key, int status) {
 }
 
 void host_receiver::register_all() {
+    waiting_.clear();
     for (const ENTRY& entry : entries_) {
-        dvc_pnl_dec_facade::dvc_pnl_dec_get_instance()->dvc_pnl_dec_add_key_observer(entry.observer);
+        waiting_.push_back(entry.observer);
+    }
+    register_waiting();
+}
+
+void host_receiver::register_waiting() {
+    while (!waiting_.empty()) {
+        dvc_pnl_dec_key_event_observer* const observer = waiting_.back();
+        waiting_.pop_back();
+        if (has_observer(observer) &&
+            dvc_pnl_dec_facade::dvc_pnl_dec_get_instance()->dvc_pnl_dec_add_key_observer(observer) ==
+                NO_ANSWER) {
+            QTimer::singleShot(PAUSE_WITHOUT_ANSWER, &event_loop_, [this] { register_waiting(); });
+            return;
+        }
     }
 }

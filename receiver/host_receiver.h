@@ -29,17 +29,22 @@ public:
     host_receiver& operator=(const host_receiver&) = delete;
 
     /**
-     * Registers an observer with the service, now and each time the service was started anew.
+     * Registers an observer with the service, now and each time the service was started anew. Added once
+     * more, it gets the new owner; when it is then refused, all stays as it was.
      *
      * @param observer  stays the caller's; not null
      * @param owner     the observer is forgotten when this object is destroyed; null: forget_observer() has
      * to be called before the observer is destroyed
-     * @return 0; -1 when the service does not answer: the observer is then registered once it does; any
-     *         other result of the service, which leaves the observer unregistered
+     * @return 0; -1 when the service does not answer: the observer is then registered when the service
+     *         greets this process the next time; any other result of the service, which leaves the observer
+     *         unregistered
      */
     int add_observer(velarion::dvc_pnl_dec_key_event_observer* observer, const QObject* owner = nullptr);
 
-    /** Ends the calls of an observer, at once; also while it is being called. */
+    /**
+     * Ends the calls of an observer, at once; also while it is being called. The service, which has no
+     * request for it, keeps counting the observer among the 64 of this process.
+     */
     void forget_observer(const velarion::dvc_pnl_dec_key_event_observer* observer);
 
     /** Takes a message that the platform received. Any thread; observers are called later, by the event loop.
@@ -55,8 +60,10 @@ private:
     bool has_observer(const velarion::dvc_pnl_dec_key_event_observer* observer) const;
     void take_key_event(std::uint32_t number, int key, int status);
     void register_all();
+    void register_waiting();
 
     std::vector<ENTRY> entries_;
+    std::vector<velarion::dvc_pnl_dec_key_event_observer*> waiting_; ///< to be registered anew
     QObject event_loop_; ///< what waits in the event loop for it is dropped when it is destroyed
 };
 

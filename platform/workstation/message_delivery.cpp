@@ -3,7 +3,7 @@
 #include "message_socket.h"
 #include "platform_codes.h"
 
-#include <cerrno>
+#include <csignal>
 #include <cstring>
 #include <poll.h>
 #include <sys/eventfd.h>
@@ -16,6 +16,22 @@ namespace {
 const int RETRY_PAUSE = 100; // milliseconds
 const int FOR_EVER = -1;
 
+/** Blocks all signals for its lifetime: a thread made meanwhile leaves them to the other threads of the host. */
+class signal_block {
+public:
+    signal_block() {
+        sigset_t all;
+        sigfillset(&all);
+        pthread_sigmask(SIG_SETMASK, &all, &former_);
+    }
+    ~signal_block() { pthread_sigmask(SIG_SETMASK, &former_, nullptr); }
+    signal_block(const signal_block&) = delete;
+    signal_block& operator=(const signal_block&) = delete;
+
+private:
+    sigset_t former_;
+};
+
 } // namespace
 
 message_delivery::message_delivery(velarion::facade_template& receiver, std::string name,
@@ -23,10 +39,13 @@ message_delivery::message_delivery(velarion::facade_template& receiver, std::str
     : receiver_(receiver)
     , name_(std::move(name))
     , interest_(interest)
-    , stop_(::eventfd(0, EFD_CLOEXEC | EFD_NONBLOCK))
-    , thread_([this] { run(); }) {}
+    , stop_(::eventfd(0, EFD_CLOEXEC | EFD_NONBLOCK)) {
+    const signal_block block;
+    thread_ = std::thread([this] { run(); });
+}
 
 message_delivery::~message_delivery() {
+    is_ending_ = true;
     ::eventfd_write(stop_.get(), 1);
     thread_.join();
 }
@@ -43,11 +62,8 @@ void message_delivery::run() {
 /** @return false when this object is being destroyed */
 bool message_delivery::wait_while_running(int socket, int milliseconds) {
     pollfd watched[2] = {{stop_.get(), POLLIN, 0}, {socket, POLLIN, 0}};
-    int found = -1;
-    do {
-        found = ::poll(watched, 2, milliseconds);
-    } while (found < 0 && errno == EINTR);
-    return watched[0].revents == 0;
+    ::poll(watched, 2, stop_.get() < 0 ? RETRY_PAUSE : milliseconds);
+    return !is_ending_;
 }
 
 int message_delivery::attach(int socket) {

@@ -6,6 +6,7 @@
 #include "message_layer.h"
 #include "panel_platform_export.h"
 
+#include <atomic>
 #include <cstdint>
 #include <string>
 #include <thread>
@@ -23,11 +24,16 @@ namespace panel_platform {
 class PANEL_PLATFORM_EXPORT message_delivery {
 public:
     /**
-     * @param receiver  must live as long as this object; called on the thread of this object
+     * @param receiver  must live as long as this object; called on the thread of this object, which takes
+     *                  no signals
+     * @param name      the service; a name that nobody serves is tried again ten times a second
      * @param interest  what the service is told to be of interest; 0: notifications for this process
      */
     message_delivery(velarion::facade_template& receiver, std::string name, std::uint32_t interest = 0);
-    /** Waits until a running dispatch() has returned; none follows. Not to be called from dispatch(). */
+    /**
+     * Ends the thread, which calls dispatch() once more with IPC_LOST if it was connected; waits for it.
+     * Neither from dispatch() nor while holding a lock that dispatch() takes.
+     */
     ~message_delivery();
     message_delivery(const message_delivery&) = delete;
     message_delivery& operator=(const message_delivery&) = delete;
@@ -43,7 +49,8 @@ private:
     velarion::facade_template& receiver_;
     const std::string name_;
     const std::uint32_t interest_;
-    file_descriptor stop_;
+    file_descriptor stop_; ///< wakes the thread; none when the process had no descriptor left
+    std::atomic<bool> is_ending_{false};
     std::thread thread_;
 };
 

@@ -27,8 +27,12 @@ long bmc_mc_client::bmc_mc_send_sync_message(long, long func_id, char* send_buf,
                                              char* rcv_buf, unsigned int* rcv_len, const char* name) {
     const bool is_func_id = func_id >= std::numeric_limits<std::int32_t>::min() &&
                             func_id <= std::numeric_limits<std::int32_t>::max();
-    if (!is_func_id || !send_buf || send_len < panel_platform::IPC_HEADER_LENGTH || !rcv_len || !name ||
+    if (!rcv_len) {
+        return panel_platform::PLATFORM_INVALID_ARGUMENT;
+    }
+    if (!is_func_id || !send_buf || send_len < panel_platform::IPC_HEADER_LENGTH || !name ||
         (!rcv_buf && *rcv_len > 0)) {
+        *rcv_len = 0;
         return panel_platform::PLATFORM_INVALID_ARGUMENT;
     }
     return panel_platform::connection_to_service(name).exchange(static_cast<std::int32_t>(func_id), send_buf,

@@ -6,11 +6,11 @@ namespace panel_platform {
 /** Results of the workstation's platform services. The numbers are fixed: callers store and print them. */
 enum PLATFORM_CODE : int {
     PLATFORM_OK = 0,
-    PLATFORM_INVALID_ARGUMENT = 1, ///< a null pointer, an empty path, an unknown open mode, a bad format
-    PLATFORM_NOT_FOUND = 2,        ///< no such file, language attribute or stored setting
+    PLATFORM_INVALID_ARGUMENT = 1, ///< such as a null pointer, an empty name, an unknown mode or width
+    PLATFORM_NOT_FOUND = 2,        ///< no such file or language attribute
     PLATFORM_NAME_REFUSED = 3,     ///< a name that is malformed or leads through a link or a plain file
     PLATFORM_NOT_A_FILE = 4,       ///< the name belongs to a folder, a link or a device
-    PLATFORM_TOO_LARGE = 5,        ///< a file size that 32 bits cannot hold
+    PLATFORM_TOO_LARGE = 5,        ///< a file size beyond 32 bits; a message that is too long, or longer than the room for it
     PLATFORM_BAD_HANDLE = 6,       ///< a handle that is null, closed or was never given out
     PLATFORM_WRONG_MODE = 7,       ///< a read from a file open for writing, or the reverse
     PLATFORM_IO_ERROR = 8,         ///< any other failure of the operating system

@@ -19,11 +19,14 @@ class service_connection {
 public:
     explicit service_connection(std::string name);
 
-    /** @return whether the service has greeted this process on a connection that still stands */
+    /**
+     * Waits for an exchange that another thread has under way, then 5 ms at most for a greeting.
+     * @return whether the service has greeted this process on a connection that still stands
+     */
     bool is_ready();
 
     /**
-     * Sends a request and waits for its reply, three seconds at most.
+     * Sends a request and waits for its reply, three seconds at most once the exchanges of other threads are over.
      *
      * @param request       at least IPC_HEADER_LENGTH bytes, of which the header is not read
      * @param reply_length  capacity of @p reply on entry; the reply's bytes on return, 0 without one

@@ -24,7 +24,7 @@ inline constexpr char DVC_PNL_DEC_SERVICE_NAME[] = "DVO_DVC_PNL_SRV";
 struct DVC_PNL_DEC_OBSERVER_COMMUNICATION_HEADER {
     gen_ipc_msghdr ipc_header;   ///< the message layer's
     std::int32_t func_id;        ///< DVC_PNL_DEC_FUNCTION_ID
-    std::int32_t pcnt;           ///< number of parameter records; 0 in a reply
+    std::int32_t pcnt;           ///< number of parameter records; 0 in a reply to the library
     std::int32_t result;         ///< in a reply: the service's result code, 0 for success
     unsigned char parameters[4]; ///< first bytes of the first parameter record
 };
@@ -82,6 +82,11 @@ inline std::int32_t dvc_pnl_dec_load(const void* bytes) {
 /** Writes a 32-bit field. @param bytes  room for four bytes at any alignment */
 inline void dvc_pnl_dec_store(void* bytes, std::int32_t value) {
     std::memcpy(bytes, &value, sizeof value);
+}
+
+/** @return the number by which the service knows an observer: the low 32 bits of its address */
+inline std::uint32_t dvc_pnl_dec_observer_number(const void* observer) {
+    return static_cast<std::uint32_t>(reinterpret_cast<std::uintptr_t>(observer));
 }
 
 /**

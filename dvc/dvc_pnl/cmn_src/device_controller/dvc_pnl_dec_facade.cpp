@@ -196,8 +196,8 @@ int dvc_pnl_dec_facade::dvc_pnl_dec_set_buzzer_control_off(DVC_PNL_DEC_BUZZER_PA
 }
 
 int dvc_pnl_dec_facade::dvc_pnl_dec_add_key_observer(dvc_pnl_dec_key_event_observer* observer) {
-    std::uint32_t address = static_cast<std::uint32_t>(reinterpret_cast<std::uintptr_t>(observer));
-    const std::array<PARAMETER, 1> parameters{{{DVC_PNL_DEC_PARAMETER_OBSERVER, &address}}};
+    std::uint32_t number = dvc_pnl_dec_observer_number(observer);
+    const std::array<PARAMETER, 1> parameters{{{DVC_PNL_DEC_PARAMETER_OBSERVER, &number}}};
     return send_request(*this, DVC_PNL_DEC_FUNCTION_ADD_KEY_OBSERVER, parameters);
 }
 
