@@ -5,6 +5,10 @@
 
 namespace velarion {
 
+/** Where both resource managers keep their files in the store. */
+constexpr int DVC_PNL_RMG_DATA_AREA = 4;
+constexpr int DVC_PNL_RMG_DATA_GROUP = 33;
+
 /**
  * Data files of the platform's store, as both resource managers offer them.
  *

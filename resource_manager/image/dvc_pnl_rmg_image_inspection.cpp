@@ -21,6 +21,7 @@ const int SVG_DEPTH_LIMIT = 256;
 const int SVG_ELEMENT_LIMIT = 100000;
 const char DATA_PREFIX[] = "data";
 const char BASE64_MARK[] = "base64,";
+const char COMPRESSION_MARK[] = "\x1F\x8B";
 
 /** Bytes of the pixmap that a reader would deliver; 0 when it is not to be read. */
 std::int64_t pixmap_bytes(QImageReader& reader) {
@@ -43,34 +44,50 @@ bool is_special_file(const QString& path) {
 /** The drawing effort of one SVG document, told from its elements and their references. */
 class svg_survey {
 public:
+    /** @param folder  where its relative references begin; empty when it has none of its own */
+    explicit svg_survey(QString folder)
+        : folder_(std::move(folder)) {}
+
     /** @return whether the document keeps to the limits; what follows a syntax error is not looked at */
     bool examine(const QByteArray& document);
 
 private:
     struct ELEMENT {
-        QString reference;
+        QString reference;      ///< id of another element; empty without one
         std::vector<int> parts; ///< child elements
         int height = 0;         ///< of the tree of parts and references; 0: not measured yet
         int count = 0;          ///< of elements drawn in that tree
     };
 
     bool add_element(const QXmlStreamReader& reader);
+    bool add_bitmap(const QString& reference);
     bool add_embedded_bitmap(const QString& reference);
+    bool add_bitmap_file(const QString& path);
+    bool add_bitmap_of(QImageReader& reader);
     bool measure(int index, int depth);
 
+    const QString folder_;
     std::vector<ELEMENT> elements_;
     std::vector<int> open_elements_;
     std::multimap<QString, int> named_elements_;
     std::int64_t bitmap_bytes_ = 0;
 };
 
-/** The element or file that an element draws or builds on. */
+/** The element or file that an element draws or builds on, as it is written. */
 QString reference_of(const QXmlStreamReader& reader) {
-    const QXmlStreamAttributes attributes = reader.attributes();
-    for (const QXmlStreamAttribute& attribute : attributes) {
-        if (attribute.name() == QLatin1String("href")) {
-            return attribute.value().toString();
-        }
+    return reader.attributes().value(QLatin1String("xlink:href")).toString();
+}
+
+/** The element of which an element is drawn or built, as the toolkit reads the reference; empty without one.
+ */
+QString target_of(const QXmlStreamReader& reader) {
+    const QString kind = reader.name().toString();
+    const QString reference = reference_of(reader);
+    if (kind == QLatin1String("use")) {
+        return reference.mid(1);
+    }
+    if (kind.endsWith(QLatin1String("Gradient"))) {
+        return reference.startsWith(QLatin1Char('#')) ? reference.mid(1) : reference;
     }
     return QString();
 }
@@ -86,10 +103,6 @@ bool has_plain_entities(const QXmlStreamReader& reader, const QByteArray& docume
         longest = std::max<std::int64_t>(longest, value.size());
     }
     return longest * document.count('&') <= SVG_BYTES_LIMIT;
-}
-
-bool refers_to_parts(const QString& name) {
-    return name == QLatin1String("use") || name.endsWith(QLatin1String("Gradient"));
 }
 
 bool svg_survey::examine(const QByteArray& document) {
@@ -119,40 +132,49 @@ bool svg_survey::add_element(const QXmlStreamReader& reader) {
         return false;
     }
     const int index = static_cast<int>(elements_.size());
-    const QString kind = reader.name().toString();
     elements_.push_back(ELEMENT());
-    if (refers_to_parts(kind)) {
-        elements_.back().reference = reference_of(reader);
-    }
+    elements_.back().reference = target_of(reader);
     if (!open_elements_.empty()) {
         elements_[static_cast<std::size_t>(open_elements_.back())].parts.push_back(index);
     }
     open_elements_.push_back(index);
-    const QString name = reader.attributes().value(QLatin1String("id")).toString();
-    if (!name.isEmpty()) {
-        named_elements_.insert(std::make_pair(QLatin1Char('#') + name, index));
+    for (const char* attribute : {"id", "xml:id"}) {
+        const QString name = reader.attributes().value(QLatin1String(attribute)).toString();
+        if (!name.isEmpty()) {
+            named_elements_.insert(std::make_pair(name, index));
+        }
     }
-    return kind != QLatin1String("image") || add_embedded_bitmap(reference_of(reader));
+    return reader.name() != QLatin1String("image") || add_bitmap(reference_of(reader).trimmed());
+}
+
+bool svg_survey::add_bitmap(const QString& reference) {
+    if (reference.startsWith(QLatin1String(DATA_PREFIX))) {
+        return add_embedded_bitmap(reference);
+    }
+    const bool is_elsewhere = !folder_.isEmpty() && QFileInfo(reference).isRelative();
+    return add_bitmap_file(reference) &&
+           (!is_elsewhere || add_bitmap_file(folder_ + QLatin1Char('/') + reference));
 }
 
 bool svg_survey::add_embedded_bitmap(const QString& reference) {
-    QByteArray bytes;
-    QBuffer buffer(&bytes);
-    QImageReader reader;
-    if (reference.startsWith(QLatin1String(DATA_PREFIX))) {
-        const int mark = reference.lastIndexOf(QLatin1String(BASE64_MARK));
-        if (mark < 0) {
-            return true; // the toolkit draws nothing
-        }
-        bytes = QByteArray::fromBase64(
-            reference.mid(mark + static_cast<int>(sizeof(BASE64_MARK)) - 1).toLatin1());
-        buffer.open(QIODevice::ReadOnly);
-        reader.setDevice(&buffer);
-    } else if (is_special_file(reference)) {
-        return false;
-    } else {
-        reader.setFileName(reference);
+    const int mark = reference.lastIndexOf(QLatin1String(BASE64_MARK));
+    if (mark < 0) {
+        return true; // the toolkit draws nothing
     }
+    QByteArray bytes =
+        QByteArray::fromBase64(reference.mid(mark + static_cast<int>(sizeof(BASE64_MARK)) - 1).toLatin1());
+    QBuffer buffer(&bytes);
+    buffer.open(QIODevice::ReadOnly);
+    QImageReader reader(&buffer);
+    return add_bitmap_of(reader);
+}
+
+bool svg_survey::add_bitmap_file(const QString& path) {
+    QImageReader reader(path);
+    return !is_special_file(path) && add_bitmap_of(reader);
+}
+
+bool svg_survey::add_bitmap_of(QImageReader& reader) {
     if (!reader.canRead()) {
         return true;
     }
@@ -178,7 +200,7 @@ bool svg_survey::measure(int index, int depth) {
         count += measured.count;
         return count <= SVG_ELEMENT_LIMIT;
     };
-    const auto targets = named_elements_.equal_range(element.reference);
+    const auto targets = named_elements_.equal_range(element.reference); // no element has an empty name
     const bool is_measured =
         std::all_of(element.parts.begin(), element.parts.end(), add) &&
         std::all_of(targets.first, targets.second, [&](const auto& target) { return add(target.second); });
@@ -187,14 +209,17 @@ bool svg_survey::measure(int index, int depth) {
     return is_measured;
 }
 
-/** Looks at a vector picture before the toolkit's reader parses it. */
-bool is_drawable(QIODevice& device) {
-    return device.size() <= SVG_BYTES_LIMIT && dvc_pnl_rmg_is_drawable_svg(device.readAll()) &&
-           device.seek(0);
+bool is_drawable(const QByteArray& document, const QString& folder) {
+    return !document.startsWith(COMPRESSION_MARK) && svg_survey(folder).examine(document);
 }
 
-bool is_loadable(QImageReader& reader) {
-    return (!is_vector_format(reader) || is_drawable(*reader.device())) && pixmap_bytes(reader) > 0;
+/** Looks at a vector picture before the toolkit's reader parses it. */
+bool is_drawable(QIODevice& device, const QString& folder) {
+    return device.size() <= SVG_BYTES_LIMIT && is_drawable(device.readAll(), folder) && device.seek(0);
+}
+
+bool is_loadable(QImageReader& reader, const QString& folder) {
+    return (!is_vector_format(reader) || is_drawable(*reader.device(), folder)) && pixmap_bytes(reader) > 0;
 }
 
 } // namespace
@@ -209,7 +234,7 @@ bool dvc_pnl_rmg_is_loadable_image_file(const QString& path) {
         return false;
     }
     QImageReader reader(path);
-    return is_loadable(reader);
+    return is_loadable(reader, QFileInfo(path).absolutePath());
 }
 
 bool dvc_pnl_rmg_is_loadable_image(const QByteArray& bytes) {
@@ -217,18 +242,17 @@ bool dvc_pnl_rmg_is_loadable_image(const QByteArray& bytes) {
     buffer.setData(bytes);
     buffer.open(QIODevice::ReadOnly);
     QImageReader reader(&buffer);
-    return is_loadable(reader);
+    return is_loadable(reader, QString());
 }
 
 bool dvc_pnl_rmg_is_drawable_svg_file(const QString& path) {
     QFile file(path);
-    return QFileInfo(path).isFile() && file.open(QIODevice::ReadOnly) && file.size() <= SVG_BYTES_LIMIT &&
-           dvc_pnl_rmg_is_drawable_svg(file.readAll());
+    return QFileInfo(path).isFile() && file.open(QIODevice::ReadOnly) &&
+           is_drawable(file, QFileInfo(path).absolutePath());
 }
 
 bool dvc_pnl_rmg_is_drawable_svg(const QByteArray& document) {
-    svg_survey survey;
-    return survey.examine(document);
+    return is_drawable(document, QString());
 }
 
 } // namespace velarion

@@ -1,19 +1,13 @@
 #include "dvc_pnl_rmg_image_resource_manager.h"
 
 #include "dvc_pnl_common_utility.h"
+#include "dvc_pnl_rmg_data_file_access.h"
 #include "dvc_pnl_rmg_image_cache.h"
-#include "dvc_pnl_rmg_image_inspection.h"
 #include "dvc_pnl_utl_toolkit.h"
 #include "trace.h"
 
-#include <QColor>
-#include <QFont>
-#include <QMovie>
-#include <QPainter>
 #include <QStringList>
-#include <QSvgRenderer>
 
-#include <cstdlib>
 #include <cstring>
 #include <memory>
 
@@ -21,17 +15,11 @@ namespace velarion {
 
 namespace {
 
-const int DATA_AREA = 4;
-const int DATA_GROUP = 33;
 const int NO_IMAGE_ID = -1;
 const char EXTERNAL_MARK = ':';
 const char SVG_EXTENSION[] = ".svg";
 const char PRELOADED_NAME[] = "ico_globalnavi";
 const char* const CACHED_NAMES[] = {"background_setting_i", "list_globalnavi"};
-const char ERROR_IMAGE_FILE[] = "ERROR_IMAGE.png";
-const char ERROR_MOVIE_FILE[] = "ERROR_MOVIE.gif";
-const char TEST_AID_VARIABLE[] = "TEST_ICON_MESSAGE";
-const int PLACEHOLDER_TEXT_LINES = 5;
 
 const int TRACE_MODULE = 0x5302;
 const int TRACE_GROUP = 0x102;
@@ -64,10 +52,6 @@ bool is_svg(const QString& file_name) {
     return file_name.toLower().endsWith(QLatin1String(SVG_EXTENSION));
 }
 
-bool is_requested_size(int width, int height) {
-    return width > 0 && height > 0;
-}
-
 bool is_cached_name(const QString& name) {
     for (const char* part : CACHED_NAMES) {
         if (name.contains(QLatin1String(part))) {
@@ -91,16 +75,6 @@ void add_with_darker_name(QStringList& candidates, const QString& name) {
     if (!is_darker_name(name)) {
         candidates.append(darker_name(name));
     }
-}
-
-/** @param pixmap  unchanged on failure */
-bool load_bitmap(const QString& path, QPixmap& pixmap) {
-    QPixmap loaded;
-    if (!dvc_pnl_rmg_is_loadable_image_file(path) || !loaded.load(path) || loaded.isNull()) {
-        return false;
-    }
-    pixmap = loaded;
-    return true;
 }
 
 void trace_performance(const char* text) {
@@ -144,8 +118,8 @@ void dvc_pnl_rmg_image_resource_manager::dvc_pnl_rmg_delete_instance() {
 dvc_pnl_rmg_image_resource_manager::dvc_pnl_rmg_image_resource_manager()
     : resource_dir_(dvc_pnl_utl_from_8bit(RESOURCE_DIR.c_str()))
     , sheet_extension_dir_(dvc_pnl_utl_from_8bit(RESOURCE_SHEETEXTENSION_DIR.c_str()))
-    , data_area_(DATA_AREA)
-    , data_group_(DATA_GROUP)
+    , data_area_(DVC_PNL_RMG_DATA_AREA)
+    , data_group_(DVC_PNL_RMG_DATA_GROUP)
     , image_cache_(new dvc_pnl_rmg_image_cache)
     , error_image_(nullptr)
     , error_movie_(nullptr)
@@ -329,7 +303,7 @@ int dvc_pnl_rmg_image_resource_manager::dvc_pnl_rmg_get_movie_filepath(const QSt
         path = resource_dir_ + dvc_pnl_utl_from_8bit(current_image_.file_name);
         return DVC_PNL_RMG_IMAGE_OK;
     }
-    path = resource_dir_ + QLatin1String(ERROR_MOVIE_FILE);
+    path = error_movie_path();
     return is_found ? DVC_PNL_RMG_IMAGE_NO_IMAGE_NAME : DVC_PNL_RMG_IMAGE_NOT_FOUND;
 }
 
@@ -430,89 +404,6 @@ void dvc_pnl_rmg_image_resource_manager::dvc_pnl_rmg_set_cache_limit(int kilobyt
 
 int dvc_pnl_rmg_image_resource_manager::dvc_pnl_rmg_get_cache_limit() {
     return image_cache_->dvc_pnl_rmg_get_cache_limit();
-}
-
-QPixmap* dvc_pnl_rmg_image_resource_manager::dvc_pnl_rmg_convert_svg_image_data(QSvgRenderer& renderer,
-                                                                                int width, int height) {
-    if (!renderer.isValid()) {
-        return new QPixmap;
-    }
-    const QSize size = is_requested_size(width, height) ? QSize(width, height) : renderer.viewBox().size();
-    if (!dvc_pnl_rmg_is_allowed_size(size.width(), size.height())) {
-        return new QPixmap;
-    }
-    std::unique_ptr<QPixmap> picture(new QPixmap(size));
-    if (!picture->isNull()) {
-        picture->fill(QColor(0, 0, 0, 0));
-        QPainter painter(picture.get());
-        renderer.render(&painter);
-    }
-    return picture.release();
-}
-
-QPixmap* dvc_pnl_rmg_image_resource_manager::dvc_pnl_rmg_create_svg_image_data(QString name, int width,
-                                                                               int height) {
-    const QString path = resource_dir_ + name;
-    QSvgRenderer renderer;
-    if (dvc_pnl_rmg_is_drawable_svg_file(path)) {
-        renderer.load(path);
-    }
-    return dvc_pnl_rmg_convert_svg_image_data(renderer, width, height);
-}
-
-QPixmap* dvc_pnl_rmg_image_resource_manager::dvc_pnl_rmg_create_svg_image_data(QByteArray document, int width,
-                                                                               int height) {
-    QSvgRenderer renderer;
-    if (dvc_pnl_rmg_is_drawable_svg(document)) {
-        renderer.load(document);
-    }
-    return dvc_pnl_rmg_convert_svg_image_data(renderer, width, height);
-}
-
-void dvc_pnl_rmg_image_resource_manager::dvc_pnl_rmg_qpixmap_size_convert(QPixmap& pixmap, int width,
-                                                                          int height) {
-    if (!is_requested_size(width, height)) {
-        return;
-    }
-    const bool is_allowed = dvc_pnl_rmg_is_allowed_size(width, height);
-    pixmap = is_allowed ? pixmap.scaled(width, height, Qt::IgnoreAspectRatio, Qt::SmoothTransformation)
-                        : QPixmap();
-}
-
-void dvc_pnl_rmg_image_resource_manager::get_error_image(QPixmap* pixmap) {
-    if (std::getenv(TEST_AID_VARIABLE) == nullptr) {
-        return;
-    }
-    if (error_image_ == nullptr) {
-        error_image_ = new QPixmap;
-        load_bitmap(resource_dir_ + QLatin1String(ERROR_IMAGE_FILE), *error_image_);
-    }
-    *pixmap = *error_image_;
-    if (pixmap->isNull()) {
-        return;
-    }
-    QFont font;
-    const int text_height = pixmap->height() / PLACEHOLDER_TEXT_LINES;
-    if (text_height > 0) {
-        font.setPixelSize(text_height);
-    }
-    QPainter painter(pixmap);
-    painter.setFont(font);
-    painter.drawText(QRect(0, 0, pixmap->width(), pixmap->height()), Qt::TextWordWrap,
-                     dvc_pnl_utl_from_8bit(current_image_.image_name));
-}
-
-void dvc_pnl_rmg_image_resource_manager::get_error_movie(QMovie*& movie, QObject* parent) {
-    if (error_movie_ == nullptr) {
-        error_movie_ = new QMovie(parent);
-        error_movie_->setFileName(resource_dir_ + QLatin1String(ERROR_MOVIE_FILE));
-    }
-    movie = error_movie_;
-}
-
-void dvc_pnl_rmg_image_resource_manager::dvc_pnl_rmg_initilize_error_image() {
-    error_image_ = nullptr;
-    error_movie_ = nullptr;
 }
 
 } // namespace velarion

@@ -49,9 +49,9 @@ constexpr int DVC_PNL_RMG_IMAGE_NOT_FOUND = 5;
  */
 class DVC_PNL_EXPORT dvc_pnl_rmg_image_resource_manager : public QObject {
 public:
-    static const std::string DARKER_IMAGE_NAME_PREFIX;
-    static const std::string RESOURCE_DIR;
-    static const std::string RESOURCE_SHEETEXTENSION_DIR;
+    static const std::string DARKER_IMAGE_NAME_PREFIX;    ///< of a darker twin's file name
+    static const std::string RESOURCE_DIR;                ///< the image directory
+    static const std::string RESOURCE_SHEETEXTENSION_DIR; ///< the sheet extension directory
 
     /** Creates the instance if there is none; pictures are not preloaded. @return it, owned by the class */
     static dvc_pnl_rmg_image_resource_manager* dvc_pnl_rmg_create_instance();
@@ -147,9 +147,12 @@ public:
      * @return a pixmap of the caller's; a null pixmap, never a null pointer, when there is no picture
      */
     QPixmap* dvc_pnl_rmg_convert_svg_image_data(QSvgRenderer& renderer, int width, int height);
-    /** The same for a file of the image directory. */
+    /**
+     * The same for a file of the image directory; a null pixmap also for what is no ordinary file, has more
+     * than 16 MiB, is compressed or nests or refers without measure.
+     */
     QPixmap* dvc_pnl_rmg_create_svg_image_data(QString name, int width, int height);
-    /** The same for the bytes of a document. */
+    /** The same for the bytes of a document, of any number. */
     QPixmap* dvc_pnl_rmg_create_svg_image_data(QByteArray document, int width, int height);
 
     /**
@@ -204,8 +207,10 @@ public:
     /**
      * Creates or replaces a file; a failure may leave part of it behind.
      *
-     * @param count  bytes, fewer than 4 GiB; 0 makes an empty file
-     * @return DVC_PNL_RMG_RESULT_OK; ..._INVALID_ARGUMENT for a null or empty name; ..._IO_ERROR
+     * @param bytes  may be null when there are none
+     * @param count  bytes; 0 makes an empty file; more than 32 bits hold gives ..._IO_ERROR with error 0
+     * @return DVC_PNL_RMG_RESULT_OK; ..._INVALID_ARGUMENT for a null or empty name or null bytes of a count;
+     *         ..._IO_ERROR
      */
     int dvc_pnl_rmg_set_image_data(const char* name, const unsigned char* bytes, unsigned long count,
                                    int& error);
@@ -220,10 +225,10 @@ public:
      * Registers a picture for one request.
      *
      * @param id     served only when it contains ':'
-     * @param bytes  an encoded picture of any format the toolkit knows; not kept
-     * @param count  bytes
-     * @return DVC_PNL_RMG_RESULT_OK; DVC_PNL_RMG_RESULT_IMAGE_ERROR when it cannot be decoded or the
-     *         identifier is taken, which changes nothing
+     * @param bytes  an encoded picture of any format the toolkit knows whose header tells its size; not kept
+     * @param count  bytes, at most 2147483647
+     * @return DVC_PNL_RMG_RESULT_OK; DVC_PNL_RMG_RESULT_IMAGE_ERROR when there are no bytes or too many, when
+     * they cannot be decoded, or when the identifier is taken, which changes nothing
      */
     int dvc_pnl_rmg_set_external_image(const std::string& id, unsigned char* bytes, unsigned long count);
     /** Removes a registered picture, if there is one. */
@@ -243,6 +248,10 @@ private:
     bool take_rendered(REQUEST& request, const QString& name, bool is_cacheable);
     bool take_loaded(REQUEST& request, const QString& directory, const QString& name);
     int fail(REQUEST& request, int result);
+    static bool is_requested_size(int width, int height);
+    /** @param pixmap  unchanged on failure */
+    static bool load_bitmap(const QString& path, QPixmap& pixmap);
+    QString error_movie_path() const;
     void preload(const QString& file_name);
 
     static dvc_pnl_rmg_image_resource_manager* instance_;

@@ -1,6 +1,7 @@
 #include "dvc_pnl_rmg_language_resource.h"
 
 #include "dvc_pnl_common_utility.h"
+#include "dvc_pnl_rmg_data_file_access.h"
 #include "dvc_pnl_rmg_language_setting_manager.h"
 #include "dvc_pnl_rmg_option_language_attribute_manager.h"
 #include "dvc_pnl_rmg_property.h"
@@ -15,31 +16,27 @@
 
 #include <cstdio>
 #include <cstdlib>
-#include <limits>
 #include <memory>
 
 namespace velarion {
 
 namespace {
 
-const int LANGUAGE_ID_ENGLISH = 1;
-const int DATA_AREA = 4;
-const int DATA_GROUP = 33;
 const int LEFT_TO_RIGHT = 1;
 const int RIGHT_TO_LEFT = 0;
-const char TEST_AID_VARIABLE[] = "TEST_ICON_MESSAGE";
 
 using FILE_POINTER = std::unique_ptr<FILE, int (*)(FILE*)>;
 
 /** What a key without a message comes out as. */
 QString missing_message(const char* key) {
-    return dvc_pnl_utl_from_8bit(std::getenv(TEST_AID_VARIABLE) == nullptr ? "" : key);
+    return dvc_pnl_utl_from_8bit(std::getenv(DVC_PNL_RMG_TEST_AID) == nullptr ? "" : key);
 }
 
+/** @return whether the file has a size that a text can have */
 bool get_file_size(const char* path, std::size_t& size) {
     struct stat status;
     if (stat(path, &status) != 0 || status.st_size < 0 ||
-        static_cast<unsigned long long>(status.st_size) >= std::numeric_limits<std::size_t>::max()) {
+        static_cast<unsigned long long>(status.st_size) > std::string().max_size()) {
         return false;
     }
     size = static_cast<std::size_t>(status.st_size);
@@ -78,8 +75,8 @@ void dvc_pnl_rmg_language_resource::dvc_pnl_rmg_delete_instance() {
 
 dvc_pnl_rmg_language_resource::dvc_pnl_rmg_language_resource()
     : resource_dir_(dvc_pnl_utl_from_8bit(RESOURCE_SHEETEXTENSION_DIR.c_str()))
-    , data_area_(DATA_AREA)
-    , data_group_(DATA_GROUP)
+    , data_area_(DVC_PNL_RMG_DATA_AREA)
+    , data_group_(DVC_PNL_RMG_DATA_GROUP)
     , standard_language_manager_(nullptr)
     , option_language_manager_(nullptr)
     , language_setting_manager_(nullptr)
@@ -148,7 +145,8 @@ const char* dvc_pnl_rmg_language_resource::choose_text(int row, int language_id)
             return text;
         }
     }
-    return standard_language_manager_->dvc_pnl_rmg_get_standard_message(row, LANGUAGE_ID_ENGLISH);
+    return standard_language_manager_->dvc_pnl_rmg_get_standard_message(
+        row, DVC_PNL_RMG_PROPERTY::LANGUAGE_ID_ENGLISH);
 }
 
 /** @return whether the language is known; @p text then receives its text of the row, or null. */
@@ -252,9 +250,9 @@ int dvc_pnl_rmg_language_resource::dvc_pnl_rmg_get_language_id() {
         return option_language_id;
     }
     dvc_pnl_rmg_cancel_preferred_language_id();
-    standard_language_id_ = LANGUAGE_ID_ENGLISH;
+    standard_language_id_ = DVC_PNL_RMG_PROPERTY::LANGUAGE_ID_ENGLISH;
     dvc_pnl_rmg_set_language_layout_direction();
-    return LANGUAGE_ID_ENGLISH;
+    return DVC_PNL_RMG_PROPERTY::LANGUAGE_ID_ENGLISH;
 }
 
 int dvc_pnl_rmg_language_resource::dvc_pnl_rmg_get_layout_direction() {

@@ -31,12 +31,13 @@ class dvc_pnl_rmg_standard_language_attribute_manager;
  */
 class DVC_PNL_EXPORT dvc_pnl_rmg_language_resource {
 public:
-    static const std::string RESOURCE_SHEETEXTENSION_DIR;
+    static const std::string RESOURCE_SHEETEXTENSION_DIR; ///< where message data files are read
 
     /**
      * Creates the instance if there is none: links fonts, loads the option language packs, reads the
      * panel language from the device settings and applies its writing direction to the application.
-     * Settings that cannot be read leave the selection at 0.
+     * A setting that cannot be read leaves its member of the selection at 0, and then no direction is
+     * applied.
      *
      * @return the instance, owned by the class
      */
@@ -70,13 +71,14 @@ public:
     /**
      * Reads a message data file.
      *
-     * @param file_name  appended to the directory as it stands, so it may reach into subdirectories
+     * @param file_name  appended to RESOURCE_SHEETEXTENSION_DIR as it stands, so it may reach into
+     * subdirectories
      * @param text       receives the contents up to the first NUL, in front of what it holds; unchanged
      *                   on failure
      * @param error      0 when the name is null or empty; otherwise unchanged
      * @return DVC_PNL_RMG_RESULT_OK; DVC_PNL_RMG_RESULT_INVALID_ARGUMENT for a null or empty name;
      *         DVC_PNL_RMG_RESULT_NOT_FOUND when the file cannot be opened; DVC_PNL_RMG_RESULT_IO_ERROR
-     *         when it cannot be read or is empty
+     *         when it cannot be read, is empty or is longer than a text can be
      */
     int dvc_pnl_rmg_get_message_data(const char* file_name, std::string& text, int& error);
 
@@ -133,7 +135,10 @@ public:
     bool dvc_pnl_rmg_convert_opt_lang_no_to_language_id(int number, int& language_id);
     void dvc_pnl_rmg_get_option_language_path(int language_id, std::string& path);
 
-    /** @return a font of the language's family; English's for an id that is no language */
+    /**
+     * @return a font of the language's family; the application's font for an option language whose pack tells
+     * none; English's for an id that is no language
+     */
     QFont dvc_pnl_rmg_get_font(int language_id);
     /** @return the font of the language in force */
     QFont dvc_pnl_rmg_get_font();

@@ -14,7 +14,6 @@ namespace velarion {
 
 namespace {
 
-const int LANGUAGE_ID_ENGLISH = 1;
 const int LANGUAGE_ID_SIMPLIFIED_CHINESE = 86;
 const int LANGUAGE_ID_TRADITIONAL_CHINESE = 886;
 const char ATTRIBUTE_SET[] = "YES";
@@ -30,7 +29,7 @@ QFont dvc_pnl_rmg_language_resource::dvc_pnl_rmg_get_font(int language_id) {
     if (dvc_pnl_rmg_is_valid_option_language(language_id)) {
         return option_language_manager_->dvc_pnl_rmg_get_font(language_id);
     }
-    return standard_language_manager_->dvc_pnl_rmg_get_font(LANGUAGE_ID_ENGLISH);
+    return standard_language_manager_->dvc_pnl_rmg_get_font(DVC_PNL_RMG_PROPERTY::LANGUAGE_ID_ENGLISH);
 }
 
 QFont dvc_pnl_rmg_language_resource::dvc_pnl_rmg_get_font() {
@@ -44,7 +43,8 @@ const char* dvc_pnl_rmg_language_resource::dvc_pnl_rmg_get_font_name(int languag
     if (dvc_pnl_rmg_is_valid_option_language(language_id)) {
         return dvc_pnl_rmg_get_option_font_family(language_id);
     }
-    return standard_language_manager_->dvc_pnl_rmg_get_standard_font_family(LANGUAGE_ID_ENGLISH);
+    return standard_language_manager_->dvc_pnl_rmg_get_standard_font_family(
+        DVC_PNL_RMG_PROPERTY::LANGUAGE_ID_ENGLISH);
 }
 
 void dvc_pnl_rmg_language_resource::dvc_pnl_rmg_get_standard_font_family(int language_id,
@@ -59,7 +59,8 @@ const char* dvc_pnl_rmg_language_resource::dvc_pnl_rmg_get_option_font_family(in
 
 void dvc_pnl_rmg_language_resource::dvc_pnl_rmg_get_static_char_file_param(int& first, int& second,
                                                                            std::string& path) {
-    standard_language_manager_->get_keymap_file_param(LANGUAGE_ID_ENGLISH, first, second, path);
+    standard_language_manager_->get_keymap_file_param(DVC_PNL_RMG_PROPERTY::LANGUAGE_ID_ENGLISH, first,
+                                                      second, path);
 }
 
 void dvc_pnl_rmg_language_resource::dvc_pnl_rmg_get_keymap_file_param(int language_id, int& first,
@@ -71,7 +72,8 @@ void dvc_pnl_rmg_language_resource::dvc_pnl_rmg_get_keymap_file_param(int langua
     const bool is_chinese =
         language_id == LANGUAGE_ID_SIMPLIFIED_CHINESE || language_id == LANGUAGE_ID_TRADITIONAL_CHINESE;
     if (is_chinese && !dvc_pnl_rmg_is_convert_enable_by_destination()) {
-        standard_language_manager_->get_keymap_file_param(LANGUAGE_ID_ENGLISH, first, second, path);
+        standard_language_manager_->get_keymap_file_param(DVC_PNL_RMG_PROPERTY::LANGUAGE_ID_ENGLISH, first,
+                                                          second, path);
         return;
     }
     option_language_manager_->get_keymap_file_param(language_id, first, second, path);

@@ -17,6 +17,7 @@ namespace velarion {
  */
 class DVC_PNL_EXPORT dvc_pnl_rmg_standard_language_attribute_manager {
 public:
+    /** Where the files of all standard languages lie; the paths and names below it follow. */
     static const std::string BASE_PATH;
     static const std::string KEYMAP_FILE_PATH;
     static const std::string LANG_INFO_FILENAME;

@@ -45,7 +45,10 @@ public:
      */
     int dvc_pnl_utl_execute(dvc_pnl_utl_xml_handler_base* handler, const char* path);
 
-    /** Called by the reader. They return true to go on. */
+    /**
+     * Called by the reader. They return true to go on. Namespaces are not processed: URI and local name are
+     * empty, the qualified name is the name as it is written.
+     */
     bool startDocument() override;
     bool endDocument() override;
     bool startElement(const QString& namespace_uri, const QString& local_name, const QString& qualified_name,

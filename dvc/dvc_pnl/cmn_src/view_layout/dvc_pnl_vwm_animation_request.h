@@ -13,9 +13,11 @@ enum DVC_PNL_VWM_ANIMATION_TYPE : std::int32_t { DVC_PNL_VWM_ANIMATION_TYPE_DEFA
 /** The direction of an animation. Values beyond the default belong to the user interface. */
 enum DVC_PNL_VWM_ANIMATION_DIRECTION : std::int32_t { DVC_PNL_VWM_ANIMATION_DIRECTION_DEFAULT = 0 };
 
-/** What the user interface asks of an animation. A value: any stored number is kept as it is. */
+/** What the user interface asks of an animation. A value, for any thread: any stored number is kept as it is.
+ */
 class DVC_PNL_EXPORT dvc_pnl_vwm_animation_request {
 public:
+    /** The default of both. */
     dvc_pnl_vwm_animation_request();
     dvc_pnl_vwm_animation_request(DVC_PNL_VWM_ANIMATION_TYPE type, DVC_PNL_VWM_ANIMATION_DIRECTION direction);
 

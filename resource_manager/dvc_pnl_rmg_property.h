@@ -7,6 +7,8 @@ namespace velarion {
 struct DVC_PNL_RMG_PROPERTY {
     /** No language: an empty option language slot, or no preferred language. */
     static constexpr int LANGUAGE_ID_UNSET = 0;
+    /** The language that takes the place of an unknown one. */
+    static constexpr int LANGUAGE_ID_ENGLISH = 1;
     /** An option language, named by the option language id beside it. */
     static constexpr int LANGUAGE_ID_OPTION = 999;
 };
@@ -21,6 +23,10 @@ constexpr int DVC_PNL_RMG_RESULT_INVALID_ARGUMENT = 0x53023004;
 constexpr int DVC_PNL_RMG_RESULT_IO_ERROR = 0x53023005;
 /** An external image cannot be decoded or is already registered. */
 constexpr int DVC_PNL_RMG_RESULT_IMAGE_ERROR = 0x53023006;
+
+/** While this environment variable exists, missing texts and pictures come out as something that can be seen.
+ */
+constexpr char DVC_PNL_RMG_TEST_AID[] = "TEST_ICON_MESSAGE";
 
 } // namespace velarion
 
