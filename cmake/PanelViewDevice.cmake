@@ -10,11 +10,15 @@ function(panel_view_add_option_pack folder)
     file(GLOB_RECURSE sources CONFIGURE_DEPENDS "${folder}/*")
     file(GLOB catalogue_files CONFIGURE_DEPENDS
         "${PANEL_VIEW_CATALOGUE_DIR}/messages.tsv" "${PANEL_VIEW_CATALOGUE_DIR}/texts/*.tsv")
+    # A build does not see by itself that one of its sources is gone.
+    list(JOIN sources "\n" source_list)
+    file(CONFIGURE OUTPUT "packs/${id}.txt" CONTENT "${source_list}\n" @ONLY)
     add_custom_command(OUTPUT "${output}/option_pack.cpp"
         COMMAND panel_resource_compiler pack --catalogue "${PANEL_VIEW_CATALOGUE_DIR}"
                 --pack "${folder}" --output "${output}" -Werror=placeholders
+        COMMAND ${CMAKE_COMMAND} -E rm -rf "${pack_directory}/panel/keymap" "${pack_directory}/panel/optfonts"
         COMMAND ${CMAKE_COMMAND} -E copy_directory "${output}/tree" "${pack_directory}"
-        DEPENDS panel_resource_compiler ${sources} ${catalogue_files}
+        DEPENDS panel_resource_compiler ${sources} "${CMAKE_CURRENT_BINARY_DIR}/packs/${id}.txt" ${catalogue_files}
         COMMENT "Compiling option language pack ${id}" VERBATIM)
     add_library(option_pack_${id} MODULE "${output}/option_pack.cpp")
     set_target_properties(option_pack_${id} PROPERTIES

@@ -27,7 +27,6 @@ public:
     void make_class_an_error(const std::string& warning_class) { error_classes_.insert(warning_class); }
 
     std::size_t error_count() const { return error_count_; }
-    std::size_t warning_count() const { return warning_count_; }
 
     /** Writes how much was found, and how much of it was not shown. */
     void write_summary() const;

@@ -39,24 +39,12 @@ public:
         : report_(report) {}
 
     void check(const source_place& place, const catalogue_image& image) {
-        check_id(place, image.id);
+        check_ascending_id(place, image.id, last_id_, report_);
         check_name(place, image.name);
         check_file(place, image.file);
     }
 
 private:
-    void check_id(const source_place& place, std::int32_t id) {
-        if (id < 1) {
-            report_.error(place, "id " + std::to_string(id) + " is less than 1");
-        } else if (id == last_id_) {
-            report_.error(place, "id " + std::to_string(id) + " stands twice");
-        } else if (id < last_id_) {
-            report_.error(place, "id " + std::to_string(id) + " stands after " + std::to_string(last_id_) +
-                                     "; ids must ascend");
-        }
-        last_id_ = std::max(id, last_id_);
-    }
-
     void check_name(const source_place& place, const std::string& name) {
         if (name.empty()) {
             report_.error(place, "the image has no name");

@@ -5,6 +5,8 @@
 #include "message_table_writer.h"
 #include "option_pack.h"
 
+#include <algorithm>
+#include <array>
 #include <filesystem>
 #include <iostream>
 #include <vector>
@@ -12,6 +14,10 @@
 namespace {
 
 enum EXIT_CODE { EXIT_GOOD = 0, EXIT_CATALOGUE_FAULT = 1, EXIT_USAGE = 2, EXIT_FILE_FAULT = 3 };
+
+const std::string NO_CLASS = "-Wno-";
+const std::string ERROR_CLASS = "-Werror=";
+const std::array<const char*, 3> WARNING_CLASSES = {WARNING_PLACEHOLDERS, WARNING_FONTS, WARNING_EXTENSIONS};
 
 const char HELP[] =
     R"(panel_resource_compiler - turns the panel's catalogue into what the library loads
@@ -26,7 +32,8 @@ Commands:
   check      checks messages, texts, images and every pack below DIR/packs; writes nothing
   messages   writes message_id_table.cpp and message_text_table.cpp
   images     writes image_name_table.cpp
-  pack       writes option_pack.cpp and the pack's other files below tree/panel/
+  pack       writes option_pack.cpp and the pack's other files below tree/panel/, and removes what
+             an earlier build of the pack wrote there and this one does not
 
 Options:
   --catalogue DIR      folder that holds messages.tsv, texts/<language>.tsv and images.tsv
@@ -53,18 +60,26 @@ bool starts_with(const std::string& text, const std::string& prefix) {
     return text.compare(0, prefix.size(), prefix) == 0;
 }
 
+bool read_warning_class(const std::string& name, std::vector<std::string>& classes, std::string& fault) {
+    if (std::find(WARNING_CLASSES.begin(), WARNING_CLASSES.end(), name) == WARNING_CLASSES.end()) {
+        fault = "unknown warning class \"" + name + "\"; known are";
+        for (std::size_t i = 0; i < WARNING_CLASSES.size(); ++i) {
+            fault += std::string(i == 0 ? " " : ", ") + WARNING_CLASSES[i];
+        }
+        return false;
+    }
+    classes.push_back(name);
+    return true;
+}
+
 bool read_option(const std::vector<std::string>& arguments, std::size_t& i, command_line& line,
                  std::string& fault) {
     const std::string& argument = arguments[i];
-    const std::string no_class = "-Wno-";
-    const std::string error_class = "-Werror=";
-    if (starts_with(argument, no_class)) {
-        line.disabled_classes.push_back(argument.substr(no_class.size()));
-        return true;
+    if (starts_with(argument, NO_CLASS)) {
+        return read_warning_class(argument.substr(NO_CLASS.size()), line.disabled_classes, fault);
     }
-    if (starts_with(argument, error_class)) {
-        line.error_classes.push_back(argument.substr(error_class.size()));
-        return true;
+    if (starts_with(argument, ERROR_CLASS)) {
+        return read_warning_class(argument.substr(ERROR_CLASS.size()), line.error_classes, fault);
     }
     std::string* value = argument == "--catalogue" ? &line.catalogue
                          : argument == "--pack"    ? &line.pack

@@ -3,6 +3,7 @@
 #include "tsv_table.h"
 
 #include <algorithm>
+#include <limits>
 
 const std::array<const char*, DVC_PNL_RMG_STANDARD_LANGUAGE_COUNT> STANDARD_LANGUAGE_NAMES = {
     "ja", "en", "de", "fr", "es", "it", "nl", "ru"};
@@ -12,6 +13,7 @@ const char WARNING_PLACEHOLDERS[] = "placeholders";
 namespace {
 
 const std::int32_t FIRST_MESSAGE_ROW = 1;
+const std::int32_t FIRST_TEXT_ROW = 2;
 
 bool is_printable_ascii_or_tab(const std::string& name) {
     return std::all_of(name.begin(), name.end(), [](char c) { return c == '\t' || (c >= ' ' && c <= '~'); });
@@ -25,27 +27,16 @@ void check_name(const tsv_record& record, const std::string& name, diagnostics& 
     }
 }
 
-void check_id(const tsv_record& record, std::int32_t id, const std::vector<catalogue_message>& before,
-              diagnostics& report) {
-    if (id < 1) {
-        report.error(record.place, "id " + std::to_string(id) + " is less than 1");
-    } else if (!before.empty() && before.back().id == id) {
-        report.error(record.place, "id " + std::to_string(id) + " stands twice");
-    } else if (!before.empty() && before.back().id > id) {
-        report.error(record.place, "id " + std::to_string(id) + " stands after " +
-                                       std::to_string(before.back().id) + "; ids must ascend");
-    }
-}
-
 std::vector<catalogue_message> read_messages(const std::string& path, diagnostics& report) {
     std::vector<catalogue_message> messages;
+    std::int32_t last_id = 0;
     for (const tsv_record& record : read_tsv_table(path, {"id", "name", "row"}, report)) {
         catalogue_message message{0, record.fields[1], 0};
         if (!read_number_field(record, 0, "id", report, message.id) ||
             !read_number_field(record, 2, "row", report, message.row)) {
             continue;
         }
-        check_id(record, message.id, messages, report);
+        check_ascending_id(record.place, message.id, last_id, report);
         check_name(record, message.name, report);
         if (message.row < FIRST_MESSAGE_ROW || message.row >= NULL_ROW) {
             report.error(record.place, "row " + std::to_string(message.row) + " is outside " +
@@ -60,43 +51,27 @@ std::vector<catalogue_message> read_messages(const std::string& path, diagnostic
     return messages;
 }
 
-void take_text(const tsv_record& record, std::int32_t row, std::size_t language,
-               std::vector<catalogue_row>& rows, diagnostics& report) {
-    if (row < 0 || row > NULL_ROW) {
-        report.error(record.place,
-                     "row " + std::to_string(row) + " is outside 0 to " + std::to_string(NULL_ROW));
-        return;
+/** Whether a text may stand in its row; reports why not. */
+bool check_row(const row_text& entry, diagnostics& report) {
+    const std::string row = "row " + std::to_string(entry.row);
+    if (entry.row < 0 || entry.row >= NULL_ROW) {
+        report.error(entry.place, row + " is outside 0 to " + std::to_string(NULL_ROW - 1));
+        return false;
     }
-    const std::string& text = record.fields[1];
-    if (row == NULL_ROW) {
-        report.error(record.place, "row " + std::to_string(row) + " is the null row and takes no text");
-        return;
+    if (entry.row < FIRST_TEXT_ROW && !entry.text.empty()) {
+        report.error(entry.place, row + " must stay empty");
+        return false;
     }
-    if (row < FIRST_TEXT_ROW && !text.empty()) {
-        report.error(record.place, "row " + std::to_string(row) + " must stay empty");
-        return;
-    }
-    catalogue_row& entry = rows[static_cast<std::size_t>(row)];
-    entry.texts[language] = text;
-    if (entry.place.line == 0) {
-        entry.place = record.place;
-    }
+    return true;
 }
 
-void read_texts(const std::string& path, std::size_t language, std::vector<catalogue_row>& rows,
-                diagnostics& report) {
-    std::int32_t before = -1;
-    for (const tsv_record& record : read_tsv_table(path, {"row", "text"}, report)) {
-        std::int32_t row = 0;
-        if (!read_number_field(record, 0, "row", report, row)) {
-            continue;
+void take_texts(const std::vector<row_text>& texts, std::size_t language, std::vector<catalogue_row>& rows) {
+    for (const row_text& text : texts) {
+        catalogue_row& entry = rows[static_cast<std::size_t>(text.row)];
+        entry.texts[language] = text.text;
+        if (entry.place.line == 0) {
+            entry.place = text.place;
         }
-        if (row <= before) {
-            report.error(record.place, "row " + std::to_string(row) + " stands after " +
-                                           std::to_string(before) + "; rows must ascend without repetition");
-        }
-        before = std::max(row, before);
-        take_text(record, row, language, rows, report);
     }
 }
 
@@ -143,13 +118,33 @@ std::string describe_placeholders(unsigned int placeholders) {
     return text.empty() ? "none" : text;
 }
 
+std::vector<row_text> read_row_texts(const std::string& path, diagnostics& report) {
+    std::vector<row_text> texts;
+    std::int32_t before = std::numeric_limits<std::int32_t>::min();
+    for (const tsv_record& record : read_tsv_table(path, {"row", "text"}, report)) {
+        row_text text{record.place, 0, record.fields[1]};
+        if (!read_number_field(record, 0, "row", report, text.row)) {
+            continue;
+        }
+        if (text.row <= before) {
+            report.error(text.place, "row " + std::to_string(text.row) + " stands after " +
+                                         std::to_string(before) + "; rows must ascend without repetition");
+        }
+        before = std::max(text.row, before);
+        if (check_row(text, report)) {
+            texts.push_back(std::move(text));
+        }
+    }
+    return texts;
+}
+
 message_catalogue read_message_catalogue(const std::string& folder, diagnostics& report) {
     message_catalogue catalogue;
     catalogue.messages = read_messages(folder + "/messages.tsv", report);
     catalogue.rows.resize(DVC_PNL_RMG_STANDARD_MESSAGE_ROWS);
     for (std::size_t language = 0; language < STANDARD_LANGUAGE_NAMES.size(); ++language) {
-        read_texts(folder + "/texts/" + STANDARD_LANGUAGE_NAMES[language] + ".tsv", language, catalogue.rows,
-                   report);
+        const std::string path = folder + "/texts/" + STANDARD_LANGUAGE_NAMES[language] + ".tsv";
+        take_texts(read_row_texts(path, report), language, catalogue.rows);
     }
     check_placeholders(catalogue.rows, report);
     return catalogue;

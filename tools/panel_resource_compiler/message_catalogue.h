@@ -15,9 +15,6 @@ extern const std::array<const char*, DVC_PNL_RMG_STANDARD_LANGUAGE_COUNT> STANDA
 /** Name of the warning class for placeholders that differ between the languages of a row. */
 extern const char WARNING_PLACEHOLDERS[];
 
-/** Rows 0 and 1 are empty: a message on row 1 has no text on purpose. */
-constexpr std::int32_t FIRST_TEXT_ROW = 2;
-
 /** The last row of the text table: all its cells are null. */
 constexpr std::int32_t NULL_ROW = DVC_PNL_RMG_STANDARD_MESSAGE_ROWS - 1;
 
@@ -33,6 +30,13 @@ struct catalogue_row {
     source_place place;
 };
 
+/** A text of a text file, which is that of one language. */
+struct row_text {
+    source_place place;
+    std::int32_t row;
+    std::string text;
+};
+
 /** The messages of the panel in their source form, checked. */
 struct message_catalogue {
     std::vector<catalogue_message> messages; ///< ascending by id
@@ -44,6 +48,15 @@ struct message_catalogue {
  * is usable only when the report counts no error.
  */
 message_catalogue read_message_catalogue(const std::string& folder, diagnostics& report);
+
+/**
+ * Reads a text file, of a standard language or of a pack: columns row and text, the rows ascending. Rows 0
+ * and 1 are empty: a message on row 1 has no text on purpose.
+ *
+ * @param report  receives every fault
+ * @return the texts whose rows, 0 to NULL_ROW - 1, may hold them
+ */
+std::vector<row_text> read_row_texts(const std::string& path, diagnostics& report);
 
 /** The placeholders of a text, "%1" to "%9": bit n for "%n". */
 unsigned int placeholders_of(const std::string& text);

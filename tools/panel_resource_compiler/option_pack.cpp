@@ -1,20 +1,30 @@
 #include "option_pack.h"
 
+#include "dvc_pnl_rmg_property.h"
 #include "source_writer.h"
-#include "tsv_table.h"
+#include "text_lines.h"
+#include "written_files.h"
 
+#include <algorithm>
 #include <charconv>
 #include <filesystem>
 #include <fstream>
+#include <set>
 
 namespace fs = std::filesystem;
+
+const char WARNING_FONTS[] = "fonts";
 
 namespace {
 
 const int HIGHEST_LANGUAGE_ID = 65535; // the slots hold 16 bits
-const int LANGUAGE_ID_OPTION = 999;    // stands for "an option language"
 const std::size_t ENGLISH = 1;
-const char WARNING_FONTS[] = "fonts";
+const char FONT[] = "font";
+
+// In the folder that a pack is written to.
+const std::string ATTRIBUTES = "tree/panel/attr/opt_attribute.txt";
+const std::string FONTS = "tree/panel/optfonts/";
+const std::string KEYMAP = "tree/panel/keymap/";
 
 std::string trimmed(const std::string& text) {
     const std::string::size_type first = text.find_first_not_of(" \t\r");
@@ -29,90 +39,109 @@ bool read_language_id(const std::string& folder, int& language_id) {
     const char* end = name.data() + name.size();
     const std::from_chars_result result = std::from_chars(name.data(), end, language_id);
     return result.ec == std::errc() && result.ptr == end && name == std::to_string(language_id) &&
-           language_id > 0 && language_id <= HIGHEST_LANGUAGE_ID && language_id != LANGUAGE_ID_OPTION;
+           language_id > 0 && language_id <= HIGHEST_LANGUAGE_ID &&
+           language_id != velarion::DVC_PNL_RMG_PROPERTY::LANGUAGE_ID_OPTION;
+}
+
+bool stands_twice(const fs::path& font, const std::vector<std::string>& fonts) {
+    return std::any_of(fonts.begin(), fonts.end(), [&font](const std::string& other) {
+        return fs::path(other).filename() == font.filename();
+    });
 }
 
 void take_font(const source_place& place, const std::string& path, option_pack& pack, diagnostics& report) {
+    std::error_code error;
     const fs::path extension = fs::path(path).extension();
     if (extension != ".ttf" && extension != ".TTF") {
         report.error(place, "font \"" + path + "\" does not end in .ttf");
-    } else if (!fs::is_regular_file(path)) {
+    } else if (stands_twice(path, pack.font_files)) {
+        report.error(place, "font \"" + path + "\" has the file name of a font before it; name it once");
+    } else if (!fs::path(path).is_absolute()) {
+        report.error(place, "font \"" + path + "\" is not an absolute path; the pack links to it");
+    } else if (!fs::is_regular_file(path, error)) {
         report.warning(WARNING_FONTS, place, "font \"" + path + "\" is not installed; the pack goes without");
     } else {
         pack.font_files.push_back(path);
     }
 }
 
-void take_property(const source_place& place, const std::string& key, const std::string& value,
-                   option_pack& pack, diagnostics& report) {
-    if (key == "font_family") {
-        pack.font_family = value;
-    } else if (key == "direction") {
-        if (value != "ltr" && value != "rtl") {
-            report.error(place, "direction \"" + value + "\" is neither \"ltr\" nor \"rtl\"");
+/** Takes the "key = value" lines of a pack. */
+class property_reader {
+public:
+    property_reader(option_pack& pack, diagnostics& report)
+        : pack_(pack)
+        , report_(report) {}
+
+    void take_line(const source_place& place, const std::string& line) {
+        const std::string::size_type equals = line.find('=');
+        if (equals == std::string::npos) {
+            report_.error(place, "is no \"key = value\" line");
+            return;
         }
-        pack.is_right_to_left = value == "rtl";
-    } else if (key == "font") {
-        take_font(place, value, pack, report);
-    } else {
-        report.error(place, "unknown property \"" + key + "\"; known are font_family, direction and font");
+        const std::string key = trimmed(line.substr(0, equals));
+        const std::string value = trimmed(line.substr(equals + 1));
+        const auto [first, is_new] = lines_.emplace(key, place.line);
+        if (!is_new && key != FONT) {
+            report_.error(place, "\"" + key + "\" stands in line " + std::to_string(first->second) +
+                                     " already; only \"font\" may stand more than once");
+        } else {
+            take_property(place, key, value);
+        }
     }
-}
+
+private:
+    void take_property(const source_place& place, const std::string& key, const std::string& value) {
+        if (key == "font_family") {
+            pack_.font_family = value;
+        } else if (key == "direction") {
+            if (value != "ltr" && value != "rtl") {
+                report_.error(place, "direction \"" + value + "\" is neither \"ltr\" nor \"rtl\"");
+            }
+            pack_.is_right_to_left = value == "rtl";
+        } else if (key == FONT) {
+            take_font(place, value, pack_, report_);
+        } else {
+            report_.error(place,
+                          "unknown property \"" + key + "\"; known are font_family, direction and font");
+        }
+    }
+
+    option_pack& pack_;
+    diagnostics& report_;
+    std::map<std::string, std::size_t> lines_; // the line of each key's first value
+};
 
 void read_properties(const std::string& path, option_pack& pack, diagnostics& report) {
-    std::ifstream file(path);
-    if (!file) {
-        report.error({path, 0}, "cannot be opened for reading");
-        return;
-    }
-    std::string line;
-    for (std::size_t number = 1; std::getline(file, line); ++number) {
-        const std::string property = trimmed(line);
-        if (property.empty() || property[0] == '#') {
-            continue;
+    std::vector<text_line> lines;
+    const bool is_read = read_text_lines(path, lines, report);
+    property_reader reader(pack, report);
+    for (const text_line& line : lines) {
+        const std::string property = trimmed(line.text);
+        if (!property.empty() && property[0] != '#') {
+            reader.take_line(line.place, property);
         }
-        const std::string::size_type equals = property.find('=');
-        if (equals == std::string::npos) {
-            report.error({path, number}, "is no \"key = value\" line");
-            continue;
-        }
-        take_property({path, number}, trimmed(property.substr(0, equals)),
-                      trimmed(property.substr(equals + 1)), pack, report);
     }
-    if (pack.font_family.empty()) {
+    if (is_read && pack.font_family.empty()) {
         report.error({path, 0}, "names no font_family");
     }
 }
 
-void check_text(const tsv_record& record, std::int32_t row, const message_catalogue& catalogue,
-                diagnostics& report) {
-    const std::string& english = catalogue.rows[static_cast<std::size_t>(row)].texts[ENGLISH];
+void check_text(const row_text& text, const message_catalogue& catalogue, diagnostics& report) {
+    const std::string& english = catalogue.rows[static_cast<std::size_t>(text.row)].texts[ENGLISH];
     const unsigned int wanted = placeholders_of(english);
-    const unsigned int found = placeholders_of(record.fields[1]);
+    const unsigned int found = placeholders_of(text.text);
     if (!english.empty() && found != wanted) {
-        report.warning(WARNING_PLACEHOLDERS, record.place,
-                       "row " + std::to_string(row) + ": placeholders " + describe_placeholders(wanted) +
+        report.warning(WARNING_PLACEHOLDERS, text.place,
+                       "row " + std::to_string(text.row) + ": placeholders " + describe_placeholders(wanted) +
                            " in en, " + describe_placeholders(found) + " here");
     }
 }
 
 void read_texts(const std::string& path, const message_catalogue& catalogue, option_pack& pack,
                 diagnostics& report) {
-    for (const tsv_record& record : read_tsv_table(path, {"row", "text"}, report)) {
-        std::int32_t row = 0;
-        if (!read_number_field(record, 0, "row", report, row)) {
-            continue;
-        }
-        if (row < 0 || row >= NULL_ROW) {
-            report.error(record.place,
-                         "row " + std::to_string(row) + " is outside 0 to " + std::to_string(NULL_ROW - 1));
-        } else if (row < FIRST_TEXT_ROW && !record.fields[1].empty()) {
-            report.error(record.place, "row " + std::to_string(row) + " must stay empty");
-        } else if (!pack.texts.emplace(row, record.fields[1]).second) {
-            report.error(record.place, "row " + std::to_string(row) + " stands twice");
-        } else {
-            check_text(record, row, catalogue, report);
-        }
+    for (const row_text& text : read_row_texts(path, report)) {
+        check_text(text, catalogue, report);
+        pack.texts.emplace(text.row, text.text);
     }
 }
 
@@ -147,22 +176,46 @@ bool write_library_source(const option_pack& pack, const std::string& path, std:
     return writer.finish(fault);
 }
 
-void write_tree(const option_pack& pack, const fs::path& panel) {
-    fs::remove_all(panel / "optfonts");
-    fs::create_directories(panel / "attr");
-    fs::create_directories(panel / "optfonts");
-    fs::create_directories(panel / "keymap");
+/** The files of a pack's keyboard directory, named from it. */
+std::set<std::string> keymap_files(const option_pack& pack) {
+    std::set<std::string> files;
+    if (!pack.keymap_folder.empty()) {
+        const auto options = fs::directory_options::follow_directory_symlink;
+        for (const auto& entry : fs::recursive_directory_iterator(pack.keymap_folder, options)) {
+            if (!entry.is_directory()) {
+                files.insert(entry.path().lexically_relative(pack.keymap_folder).string());
+            }
+        }
+    }
+    return files;
+}
+
+std::set<std::string> files_of_tree(const option_pack& pack) {
+    std::set<std::string> files = {ATTRIBUTES};
+    for (const std::string& font : pack.font_files) {
+        files.insert(FONTS + fs::path(font).filename().string());
+    }
+    for (const std::string& file : keymap_files(pack)) {
+        files.insert(KEYMAP + file);
+    }
+    return files;
+}
+
+void write_tree(const option_pack& pack, const fs::path& folder) {
+    for (const std::string& file : files_of_tree(pack)) {
+        fs::create_directories((folder / file).parent_path());
+        fs::remove(folder / file);
+    }
     std::ofstream attributes;
     attributes.exceptions(std::ios::failbit | std::ios::badbit);
-    attributes.open(panel / "attr" / "opt_attribute.txt");
+    attributes.open(folder / ATTRIBUTES);
     attributes << "il_ae=" << (pack.is_right_to_left ? 0 : 1) << '\n';
     attributes.close();
     for (const std::string& font : pack.font_files) {
-        fs::create_symlink(font, panel / "optfonts" / fs::path(font).filename());
+        fs::create_symlink(font, folder / FONTS / fs::path(font).filename());
     }
-    if (!pack.keymap_folder.empty()) {
-        fs::copy(pack.keymap_folder, panel / "keymap",
-                 fs::copy_options::recursive | fs::copy_options::overwrite_existing);
+    for (const std::string& file : keymap_files(pack)) {
+        fs::copy_file(fs::path(pack.keymap_folder) / file, folder / KEYMAP / file);
     }
 }
 
@@ -176,7 +229,8 @@ option_pack read_option_pack(const std::string& folder, const message_catalogue&
     }
     read_properties(folder + "/pack.conf", pack, report);
     read_texts(folder + "/texts.tsv", catalogue, pack, report);
-    if (fs::is_directory(folder + "/keymap")) {
+    std::error_code error;
+    if (fs::is_directory(folder + "/keymap", error)) {
         pack.keymap_folder = folder + "/keymap";
     }
     return pack;
@@ -184,7 +238,10 @@ option_pack read_option_pack(const std::string& folder, const message_catalogue&
 
 bool write_option_pack(const option_pack& pack, const std::string& folder, std::string& fault) {
     try {
-        write_tree(pack, fs::path(folder) / "tree" / "panel");
+        if (!replace_written_files(folder, files_of_tree(pack), fault)) {
+            return false;
+        }
+        write_tree(pack, folder);
     } catch (const std::exception& error) { // file system errors, with path and reason
         fault = error.what();
         return false;

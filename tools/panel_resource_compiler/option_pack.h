@@ -7,6 +7,9 @@
 #include <string>
 #include <vector>
 
+/** Name of the warning class for fonts of a pack that are not installed. */
+extern const char WARNING_FONTS[];
+
 /** One option language in its source form, checked. */
 struct option_pack {
     int language_id = 0;
@@ -21,7 +24,7 @@ struct option_pack {
  * Reads a pack folder, named like its language id:
  * - pack.conf: lines "key = value": "font_family", "direction" ("ltr" or "rtl"), and a "font" line, with an
  *   absolute path, for each font file;
- * - texts.tsv: columns row and text;
+ * - texts.tsv: columns row and text, the rows ascending;
  * - keymap/: optional; files for the pack's keyboard directory.
  *
  * @param catalogue  the standard languages: rows and placeholders must agree with it
@@ -31,7 +34,8 @@ option_pack read_option_pack(const std::string& folder, const message_catalogue&
 
 /**
  * Writes the source of the pack's library, option_pack.cpp, and the pack's other files below
- * tree/panel/, as they are to lie in the pack's directory on the device; fonts become links.
+ * tree/panel/, as they are to lie in the pack's directory on the device; fonts become links. What an earlier
+ * call wrote below tree/panel/ and this one does not is removed.
  *
  * @param fault  receives the reason when it fails
  */

@@ -1,12 +1,11 @@
 #include "tsv_table.h"
 
+#include "text_lines.h"
+
 #include <algorithm>
 #include <charconv>
-#include <fstream>
 
 namespace {
-
-const char BYTE_ORDER_MARK[] = "\xEF\xBB\xBF";
 
 std::vector<std::string> split_at_tabs(const std::string& line) {
     std::vector<std::string> fields;
@@ -45,36 +44,6 @@ bool resolve_escapes(const std::string& field, std::string& resolved, std::strin
     return true;
 }
 
-/** The number of continuation bytes that a lead byte asks for, or -1. */
-int continuation_count(unsigned char lead) {
-    if (lead < 0x80) {
-        return 0;
-    }
-    if (lead >= 0xC2 && lead <= 0xDF) {
-        return 1;
-    }
-    if (lead >= 0xE0 && lead <= 0xEF) {
-        return 2;
-    }
-    return lead >= 0xF0 && lead <= 0xF4 ? 3 : -1;
-}
-
-/** The second byte rules out overlong forms, surrogates and code points above U+10FFFF. */
-bool is_second_byte(unsigned char lead, unsigned char second) {
-    switch (lead) {
-    case 0xE0:
-        return second >= 0xA0 && second <= 0xBF;
-    case 0xED:
-        return second >= 0x80 && second <= 0x9F;
-    case 0xF0:
-        return second >= 0x90 && second <= 0xBF;
-    case 0xF4:
-        return second >= 0x80 && second <= 0x8F;
-    default:
-        return (second & 0xC0) == 0x80;
-    }
-}
-
 class table_reader {
 public:
     table_reader(const std::string& path, const std::vector<std::string>& columns, diagnostics& report)
@@ -83,43 +52,24 @@ public:
         , report_(report) {}
 
     std::vector<tsv_record> read() {
-        std::ifstream file(path_, std::ios::binary);
-        if (!file) {
-            report_.error({path_, 0}, "cannot be opened for reading");
-            return {};
+        std::vector<text_line> lines;
+        const bool is_read = read_text_lines(path_, lines, report_);
+        for (const text_line& line : lines) {
+            take_line(line.place, split_at_tabs(line.text));
         }
-        std::string line;
-        for (std::size_t number = 1; std::getline(file, line); ++number) {
-            take_line({path_, number}, line);
-        }
-        if (file.bad()) {
-            report_.error({path_, 0}, "cannot be read");
-        } else if (!has_header_) {
+        if (is_read && !has_header_) {
             report_.error({path_, 0}, "has no line with the names of its columns");
         }
         return std::move(records_);
     }
 
 private:
-    void take_line(const source_place& place, std::string& line) {
-        if (!line.empty() && line.back() == '\r') {
-            line.pop_back();
-        }
-        if (place.line == 1 && line.compare(0, 3, BYTE_ORDER_MARK) == 0) {
-            line.erase(0, 3);
-        }
-        if (line.empty() || line[0] == '#') {
-            return;
-        }
-        if (!is_valid_utf8(line) || line.find('\0') != std::string::npos) {
-            report_.error(place, "is not valid UTF-8 text");
-            return;
-        }
+    void take_line(const source_place& place, const std::vector<std::string>& fields) {
         if (!has_header_) {
             has_header_ = true;
-            take_header(place, split_at_tabs(line));
+            take_header(place, fields);
         } else if (header_is_good_) {
-            take_record(place, split_at_tabs(line));
+            take_record(place, fields);
         }
     }
 
@@ -180,24 +130,6 @@ private:
 
 } // namespace
 
-bool is_valid_utf8(const std::string& text) {
-    for (std::size_t i = 0; i < text.size();) {
-        const unsigned char lead = static_cast<unsigned char>(text[i]);
-        const int count = continuation_count(lead);
-        if (count < 0 || i + static_cast<std::size_t>(count) >= text.size()) {
-            return false;
-        }
-        for (int k = 1; k <= count; ++k) {
-            const unsigned char byte = static_cast<unsigned char>(text[i + static_cast<std::size_t>(k)]);
-            if (k == 1 ? !is_second_byte(lead, byte) : (byte & 0xC0) != 0x80) {
-                return false;
-            }
-        }
-        i += static_cast<std::size_t>(count) + 1;
-    }
-    return true;
-}
-
 bool read_number_field(const tsv_record& record, std::size_t field, const std::string& what,
                        diagnostics& report, std::int32_t& number) {
     const std::string& text = record.fields[field];
@@ -208,6 +140,18 @@ bool read_number_field(const tsv_record& record, std::size_t field, const std::s
         return false;
     }
     return true;
+}
+
+void check_ascending_id(const source_place& place, std::int32_t id, std::int32_t& last, diagnostics& report) {
+    const std::string text = "id " + std::to_string(id);
+    if (id < 1) {
+        report.error(place, text + " is less than 1");
+    } else if (id == last) {
+        report.error(place, text + " stands twice");
+    } else if (id < last) {
+        report.error(place, text + " stands after " + std::to_string(last) + "; ids must ascend");
+    }
+    last = std::max(id, last);
 }
 
 std::vector<tsv_record> read_tsv_table(const std::string& path, const std::vector<std::string>& columns,

@@ -25,11 +25,15 @@ struct tsv_record {
 std::vector<tsv_record> read_tsv_table(const std::string& path, const std::vector<std::string>& columns,
                                        diagnostics& report);
 
-/** Whether a text is well-formed UTF-8: no overlong forms, no surrogates, nothing above U+10FFFF. */
-bool is_valid_utf8(const std::string& text);
-
 /** Reads a decimal number that fits 32 bits, without blanks or sign of plus; reports what is not one. */
 bool read_number_field(const tsv_record& record, std::size_t field, const std::string& what,
                        diagnostics& report, std::int32_t& number);
+
+/**
+ * Reports an id that is less than 1 or does not ascend.
+ *
+ * @param last  the highest id before it, 0 at first; raised to @p id
+ */
+void check_ascending_id(const source_place& place, std::int32_t id, std::int32_t& last, diagnostics& report);
 
 #endif

@@ -4,7 +4,6 @@
 #include <QApplication>
 
 #include <algorithm>
-#include <clocale>
 #include <cstdio>
 
 const char JSON_OPTION[] = "json";
@@ -147,7 +146,6 @@ int run_action(const QCommandLineParser& parser, const QString& command, const c
 }
 
 int main(int argc, char** argv) {
-    std::setlocale(LC_CTYPE, "C.UTF-8");
     if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM")) {
         qputenv("QT_QPA_PLATFORM",
                 "offscreen"); // nothing is shown; the library needs an application all the same

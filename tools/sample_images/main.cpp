@@ -1,7 +1,9 @@
 #include "image_catalogue.h"
 #include "picture_files.h"
+#include "written_files.h"
 
 #include <QCoreApplication>
+#include <clocale>
 #include <filesystem>
 #include <iostream>
 #include <map>
@@ -21,7 +23,8 @@ Options:
   --catalogue DIR   folder that holds images.tsv
   --glyphs FILE     the pictograms by the words of file names
   --drawn DIR       pictures drawn by hand: copied instead of generated
-  --output DIR      the image directory; made when missing
+  --output DIR      the image directory; made when missing. What an earlier run made there and this
+                    one does not is removed.
   --help
 
 Exit codes: 0 good, 1 the image list or the pictograms have errors, 2 usage, 3 a file cannot be written.
@@ -63,7 +66,12 @@ void show_progress(std::size_t done, std::size_t all) {
     }
 }
 
-bool make_all(const picture_files& maker, const std::set<std::string>& files, std::string& fault) {
+bool make_all(const picture_files& maker, const std::set<std::string>& files, const std::string& output,
+              std::string& fault) {
+    std::set<std::string> names;
+    if (!maker.find_names(files, names, fault) || !replace_written_files(output, names, fault)) {
+        return false;
+    }
     std::size_t done = 0;
     for (const std::string& file : files) {
         if (!maker.make(file, fault) || !maker.make_states(file, fault)) {
@@ -86,7 +94,7 @@ int run(const option_values& options) {
     std::error_code error;
     std::filesystem::create_directories(output, error);
     std::string fault = error ? output + ": " + error.message() : std::string();
-    if (!fault.empty() || !make_all({book, options.at("--drawn"), output}, files, fault)) {
+    if (!fault.empty() || !make_all({book, options.at("--drawn"), output}, files, output, fault)) {
         std::cerr << "sample_images_builder: " << fault << '\n';
         return EXIT_FILE_FAULT;
     }
@@ -97,6 +105,8 @@ int run(const option_values& options) {
 
 int main(int argc, char** argv) {
     const QCoreApplication application(argc, argv);
+    std::setlocale(LC_NUMERIC,
+                   "C"); // a document's numbers have a decimal point, whatever the user's language
     const QStringList arguments = QCoreApplication::arguments();
     if (arguments.contains("--help") || arguments.contains("-h")) {
         std::cout << HELP;

@@ -4,6 +4,7 @@
 
 #include <QPainter>
 #include <QSvgRenderer>
+#include <cmath>
 #include <filesystem>
 #include <fstream>
 #include <iterator>
@@ -13,8 +14,25 @@ namespace {
 const char SELECTED_SUFFIX[] = "_on";
 const char OFF_SUFFIX[] = "_off";
 
+const char IMAGE_PLACEHOLDER[] = "ERROR_IMAGE.png";
+const char MOVIE_PLACEHOLDER[] = "ERROR_MOVIE.gif";
+
 bool begins_with(const std::string& text, const std::string& beginning) {
     return text.compare(0, beginning.size(), beginning) == 0;
+}
+
+bool is_navigation_icon(const std::string& file) {
+    return begins_with(file, "ico_globalnavi_");
+}
+
+bool has_states(const std::string& file) {
+    const bool is_key = begins_with(file, "ico_softkey_") && file.find("_disable") == std::string::npos;
+    const std::size_t dot = file.rfind('.');
+    return (is_navigation_icon(file) || is_key) && dot != std::string::npos && file.substr(dot) == ".svg";
+}
+
+std::string state_of(const std::string& file, const char* suffix) {
+    return std::string(file).insert(file.rfind('.'), suffix);
 }
 
 bool read_file(const std::string& path, std::string& content) {
@@ -24,7 +42,7 @@ bool read_file(const std::string& path, std::string& content) {
 }
 
 QImage render(const std::string& document, double width, double height) {
-    QImage image(static_cast<int>(width + 0.5), static_cast<int>(height + 0.5),
+    QImage image(static_cast<int>(std::lround(width)), static_cast<int>(std::lround(height)),
                  QImage::Format_ARGB32_Premultiplied);
     image.fill(Qt::transparent);
     QSvgRenderer renderer(QByteArray(document.data(), static_cast<int>(document.size())));
@@ -80,6 +98,34 @@ picture_files::picture_files(const glyph_book& book, const std::string& drawn_fo
     , drawn_folder_(drawn_folder + '/')
     , output_folder_(output_folder + '/') {}
 
+bool picture_files::find_names(const std::set<std::string>& files, std::set<std::string>& names,
+                               std::string& fault) const {
+    if (!find_drawn(names, fault)) {
+        return false;
+    }
+    names.insert({IMAGE_PLACEHOLDER, MOVIE_PLACEHOLDER});
+    for (const std::string& file : files) {
+        names.insert(file);
+        if (has_states(file)) {
+            names.insert({state_of(file, SELECTED_SUFFIX), state_of(file, OFF_SUFFIX)});
+        }
+    }
+    return true;
+}
+
+bool picture_files::find_drawn(std::set<std::string>& names, std::string& fault) const {
+    std::error_code error;
+    for (const auto& entry : std::filesystem::directory_iterator(drawn_folder_, error)) {
+        if (entry.path().extension() == ".svg") {
+            names.insert(entry.path().filename().string());
+        }
+    }
+    if (error) {
+        fault = drawn_folder_ + ": " + error.message();
+    }
+    return !error;
+}
+
 bool picture_files::make(const std::string& file, std::string& fault) const {
     if (std::filesystem::exists(drawn_folder_ + file)) {
         return true; // copy_drawn brings it
@@ -131,30 +177,30 @@ bool picture_files::make_movie(const picture_name& name, std::string& fault) con
 }
 
 bool picture_files::copy_drawn(std::string& fault) const {
-    std::error_code error;
-    for (const auto& entry : std::filesystem::directory_iterator(drawn_folder_, error)) {
-        if (entry.path().extension() == ".svg" && !error) {
-            std::filesystem::copy_file(entry.path(), output_folder_ + entry.path().filename().string(),
-                                       std::filesystem::copy_options::overwrite_existing, error);
+    std::set<std::string> drawn;
+    if (!find_drawn(drawn, fault)) {
+        return false;
+    }
+    for (const std::string& file : drawn) {
+        std::error_code error;
+        std::filesystem::copy_file(drawn_folder_ + file, output_folder_ + file,
+                                   std::filesystem::copy_options::overwrite_existing, error);
+        if (error) {
+            fault = output_folder_ + file + ": " + error.message();
+            return false;
         }
     }
-    if (error) {
-        fault = drawn_folder_ + ": " + error.message();
-    }
-    return !error;
+    return true;
 }
 
 bool picture_files::make_states(const std::string& file, std::string& fault) const {
-    const bool is_icon = begins_with(file, "ico_globalnavi_");
-    const bool is_key = begins_with(file, "ico_softkey_") && file.find("_disable") == std::string::npos;
-    const std::size_t dot = file.rfind('.');
-    if ((!is_icon && !is_key) || dot == std::string::npos || file.substr(dot) != ".svg") {
+    if (!has_states(file)) {
         return true;
     }
-    const std::string selected = file.substr(0, dot) + SELECTED_SUFFIX + file.substr(dot);
-    const std::string off = file.substr(0, dot) + OFF_SUFFIX + file.substr(dot);
+    const std::string selected = state_of(file, SELECTED_SUFFIX);
+    const std::string off = state_of(file, OFF_SUFFIX);
     std::string drawn;
-    if (!is_icon || !read_file(drawn_folder_ + file, drawn)) {
+    if (!is_navigation_icon(file) || !read_file(drawn_folder_ + file, drawn)) {
         return make(selected, fault) && make(off, fault);
     }
     const auto is_drawn = [this](const std::string& name) {
@@ -167,11 +213,11 @@ bool picture_files::make_states(const std::string& file, std::string& fault) con
 bool picture_files::make_placeholders(std::string& fault) const {
     // Light: the library writes the name of the missing picture over it in black.
     const QImage image = render(placeholder("#d5dbe1"), 100, 60);
-    const std::string path = output_folder_ + "ERROR_IMAGE.png";
+    const std::string path = output_folder_ + IMAGE_PLACEHOLDER;
     if (!image.save(QString::fromStdString(path), "PNG")) {
         fault = path + ": cannot be written";
         return false;
     }
     const std::vector<QImage> frames = {image, render(placeholder("#f2f5f7"), 100, 60)};
-    return write_movie(output_folder_ + "ERROR_MOVIE.gif", frames, 50, fault);
+    return write_movie(output_folder_ + MOVIE_PLACEHOLDER, frames, 50, fault);
 }

@@ -3,6 +3,7 @@
 
 #include "picture_kinds.h"
 
+#include <set>
 #include <string>
 #include <vector>
 
@@ -14,6 +15,15 @@ public:
      * @param output_folder  must exist
      */
     picture_files(const glyph_book& book, const std::string& drawn_folder, const std::string& output_folder);
+
+    /**
+     * Tells all files that belong to the pictures of an image list: with their states, the drawn pictures and
+     * the placeholders.
+     *
+     * @param names  receives them; incomplete when it fails
+     */
+    bool find_names(const std::set<std::string>& files, std::set<std::string>& names,
+                    std::string& fault) const;
 
     /** Makes one file by its name's extension; what another call made of that name is replaced. */
     bool make(const std::string& file, std::string& fault) const;
@@ -31,6 +41,7 @@ public:
     bool make_placeholders(std::string& fault) const;
 
 private:
+    bool find_drawn(std::set<std::string>& names, std::string& fault) const;
     bool make_vector(const std::string& file, const std::string& document, std::string& fault) const;
     bool make_bitmap(const picture_name& name, std::string& fault) const;
     bool make_movie(const picture_name& name, std::string& fault) const;

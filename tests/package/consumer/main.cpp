@@ -8,6 +8,8 @@
 #include "dvc_pnl_rmg_property.h"
 #include "dvc_pnl_rmg_setting_id.h"
 #include "dvc_pnl_rmg_standard_language_attribute_manager.h"
+#include "host_receiver.h"
+#include "message_delivery.h"
 #include "message_layer.h"
 #include "osw.h"
 #include "platform_codes.h"
@@ -29,6 +31,8 @@ int main(int argc, char** argv) {
         return 1;
     }
     const QApplication application(argc, argv);
+    host_receiver receiver;
+    const panel_platform::message_delivery delivery(receiver, "NOBODY");
     dvc_pnl_rmg_language_resource* language = dvc_pnl_rmg_language_resource::dvc_pnl_rmg_create_instance();
     const std::string id = std::to_string(dvc_pnl_rmg_impl_message_table[0].message_id);
     std::puts(language->dvc_pnl_rmg_get_message(id.c_str()).toUtf8().constData());

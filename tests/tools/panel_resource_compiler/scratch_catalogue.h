@@ -21,19 +21,17 @@ public:
     }
     void write_pack(const std::string& id, const std::string& properties = "font_family = Pack Sans\n",
                     const std::string& texts = "row\ttext\n4\tPack\n") const;
-    std::string path() const { return folder_.path("catalogue"); }
+    std::string path(const std::string& name) const { return folder_.path("catalogue/" + name); }
     const scratch_folder& folder() const { return folder_; }
 
-    /** What reading the catalogue with one of its packs reports; its files are named from its folder. */
-    std::string reports_of_reading(const std::string& pack_id = "86") const;
-    /** Runs the compiler on it into the folder "out", or with @p arguments that say otherwise at the end. */
+    /**
+     * Runs the compiler on it into the folder "out", or with @p arguments that say otherwise at the end. Its
+     * reports name the files from the catalogue's folder.
+     */
     process_result run(const std::string& command, const std::vector<std::string>& arguments = {}) const;
 
 private:
     scratch_folder folder_;
 };
-
-/** Runs the compiler. */
-process_result run_compiler(std::vector<std::string> arguments);
 
 #endif

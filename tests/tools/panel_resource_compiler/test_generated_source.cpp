@@ -12,17 +12,11 @@ const struct {
     const char* field; ///< as the catalogue writes it
     const char* text;
 } TEXTS[] = {
-    {"say \"Copy\"", "say \"Copy\""},
+    {"say \"Copy\" /* %1 // */ R\"(x)\"", "say \"Copy\" /* %1 // */ R\"(x)\""},
     {"C:\\\\new\\\\table \\\\", "C:\\new\\table \\"},
-    {"\\\\n is not\\na line break\\n", "\\n is not\na line break\n"},
-    {"a\\tb", "a\tb"},
+    {"\\\\n is not\\na line\\tbreak\\n", "\\n is not\na line\tbreak\n"},
     {"?\?=?\?/?\?(!?\?", "?\?=?\?/?\?(!?\?"},
-    {"/* %1 // */ R\"(x)\"", "/* %1 // */ R\"(x)\""},
-    {"\xE3\x82\xB3\xE3\x83\x94\xE3\x83\xBC\xF0\x9F\x96\xA8"
-     "1",
-     "\xE3\x82\xB3\xE3\x83\x94\xE3\x83\xBC\xF0\x9F\x96\xA8"
-     "1"},
-    {"\x01\x1A\x7F \r.", "\x01\x1A\x7F \r."},
+    {"\x01\x1A\x7F \r.\xE3\x82\xB3\xF0\x9F\x96\xA8 1", "\x01\x1A\x7F \r.\xE3\x82\xB3\xF0\x9F\x96\xA8 1"},
 };
 const int FIRST_ROW = 2;
 
@@ -35,29 +29,23 @@ std::string table_of_texts() {
     return table;
 }
 
-/** Generated sources as a library that stays loaded; the trigraphs of old compilers are in force. */
-class compiled_source {
-public:
-    compiled_source(const std::string& folder, const std::vector<std::string>& sources) {
-        const std::string library = folder + "/generated.so";
-        std::vector<std::string> command = {CXX_COMPILER,       "-std=c++11", "-trigraphs",
-                                            "-shared",          "-fPIC",      "-I" TABLE_FOLDER,
-                                            "-I" EXPORT_FOLDER, "-o",         library};
-        for (const std::string& source : sources) {
-            command.push_back(folder + "/" + source);
-        }
-        const process_result result = run_process(command);
-        EXPECT_EQ(result.exit_code, 0) << result.errors;
-        handle_ = dlopen(library.c_str(), RTLD_NOW | RTLD_LOCAL);
+/** Compiles sources of the folder "out" as a library; the trigraphs of old compilers are in force. */
+void* load_compiled(const scratch_catalogue& catalogue, const std::vector<std::string>& sources) {
+    const std::string folder = catalogue.folder().path("out/");
+    std::vector<std::string> command = {CXX_COMPILER,  "-std=c++11", "-trigraphs",           "-shared",
+                                        "-fPIC",       "-I",         TABLE_FOLDER,           "-I",
+                                        EXPORT_FOLDER, "-o",         folder + "generated.so"};
+    for (const std::string& source : sources) {
+        command.push_back(folder + source);
     }
+    const process_result result = run_process(command);
+    EXPECT_EQ(result.exit_code, 0) << result.errors;
+    return dlopen((folder + "generated.so").c_str(), RTLD_NOW | RTLD_LOCAL);
+}
 
-    template <typename TYPE> TYPE symbol(const char* name) const {
-        return reinterpret_cast<TYPE>(handle_ == nullptr ? nullptr : dlsym(handle_, name));
-    }
-
-private:
-    void* handle_;
-};
+template <typename TYPE> TYPE symbol(void* library, const char* name) {
+    return reinterpret_cast<TYPE>(library == nullptr ? nullptr : dlsym(library, name));
+}
 
 } // namespace
 
@@ -66,19 +54,17 @@ TEST(generated_source, message_tables_hold_what_the_catalogue_says) {
     catalogue.write("messages.tsv", "id\tname\trow\n7\tNAME \"\\\\ ?\?=\\t\t1\n2147483647\tLAST\t21998\n");
     catalogue.write("texts/de.tsv", table_of_texts());
     ASSERT_EQ(catalogue.run("messages", {"-Wno-placeholders"}).exit_code, 0);
-    const compiled_source source(catalogue.folder().path("out"),
-                                 {"message_id_table.cpp", "message_text_table.cpp"});
-    const auto* ids = source.symbol<const DVC_PNL_RMG_IMPL_MESSAGE*>("dvc_pnl_rmg_impl_message_table");
-    const auto* size = source.symbol<const int*>("dvc_pnl_rmg_imple_message_table_size");
+    void* library = load_compiled(catalogue, {"message_id_table.cpp", "message_text_table.cpp"});
+    const auto* ids = symbol<const DVC_PNL_RMG_IMPL_MESSAGE*>(library, "dvc_pnl_rmg_impl_message_table");
+    const auto* size = symbol<const int*>(library, "dvc_pnl_rmg_imple_message_table_size");
     using ROW = const char* const[DVC_PNL_RMG_STANDARD_LANGUAGE_COUNT];
-    const auto* rows = source.symbol<const ROW*>("standard_language_message_table");
+    const auto* rows = symbol<const ROW*>(library, "standard_language_message_table");
     ASSERT_TRUE(ids != nullptr && size != nullptr && rows != nullptr);
     ASSERT_EQ(*size, 2);
     EXPECT_EQ(ids[0].message_id, 7);
     EXPECT_STREQ(ids[0].message_name, "NAME \"\\ ?\?=\t");
     EXPECT_EQ(ids[0].message_table_index, 1);
     EXPECT_EQ(ids[1].message_id, 2147483647);
-    EXPECT_EQ(ids[1].message_table_index, 21998);
     const int german = 2;
     int row = FIRST_ROW;
     for (const auto& text : TEXTS) {
@@ -95,11 +81,11 @@ TEST(generated_source, message_tables_hold_what_the_catalogue_says) {
 TEST(generated_source, a_pack_answers_for_its_own_language_and_rows) {
     const scratch_catalogue catalogue;
     catalogue.write_pack("86", "font_family = Pack \"Sans\"\n", table_of_texts() + "21998\tlast\n");
-    ASSERT_EQ(catalogue.run("pack", {"--pack", catalogue.path() + "/packs/86"}).exit_code, 0);
-    const compiled_source source(catalogue.folder().path("out"), {"option_pack.cpp"});
-    const auto is_valid = source.symbol<int (*)(int)>("isValidOptionLanguage");
-    const auto message = source.symbol<const char* (*)(long, int)>("optionMessage");
-    const auto family = source.symbol<const char* (*)(int, int)>("optionFontFamily");
+    ASSERT_EQ(catalogue.run("pack", {"--pack", catalogue.path("packs/86")}).exit_code, 0);
+    void* library = load_compiled(catalogue, {"option_pack.cpp"});
+    const auto is_valid = symbol<int (*)(int)>(library, "isValidOptionLanguage");
+    const auto message = symbol<const char* (*)(long, int)>(library, "optionMessage");
+    const auto family = symbol<const char* (*)(int, int)>(library, "optionFontFamily");
     ASSERT_TRUE(is_valid != nullptr && message != nullptr && family != nullptr);
     int row = FIRST_ROW;
     for (const auto& text : TEXTS) {

@@ -2,14 +2,6 @@
 
 #include <filesystem>
 
-namespace {
-
-void append(std::vector<std::string>& words, const std::vector<std::string>& more) {
-    words.insert(words.end(), more.begin(), more.end());
-}
-
-} // namespace
-
 const scratch_folder& device::tree() {
     static const scratch_folder tree;
     static bool is_empty = true;
@@ -29,13 +21,13 @@ process_result device::run_shell(const std::vector<std::string>& words,
     std::map<std::string, std::string> variables = environment;
     variables.emplace("PANEL_PLATFORM_DIR", platform_folder());
     std::vector<std::string> command = {DEVICE_SHELL, "--build", BUILD_FOLDER};
-    append(command, words);
+    command.insert(command.end(), words.begin(), words.end());
     return run_process(command, variables);
 }
 
 process_result device::run(const std::vector<std::string>& words) const {
     std::vector<std::string> command = {"--tree", tree().path(""), PANELCTL};
-    append(command, words);
+    command.insert(command.end(), words.begin(), words.end());
     return run_shell(command);
 }
 

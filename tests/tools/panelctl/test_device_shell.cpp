@@ -27,21 +27,16 @@ TEST_F(device_shell, wrong_usage_and_a_missing_tree_are_told_apart) {
         int exit_code;
         const char* reason;
     } rows[] = {
-        {{"--device", "true"}, 2, "unknown option --device"},
-        {{"--tree"}, 2, "--tree needs a folder"},
-        {{"--build"}, 2, "--build needs a folder"},
-        {{"--tree", scratch_.path("none"), "true"}, 3, "no device tree at"},
-        {{"--build", scratch_.path("none"), "true"}, 3, "no device tree at"},
+        {{"--device", "true"}, 2, "device-shell: unknown option --device"},
+        {{"--tree"}, 2, "device-shell: --tree needs a folder"},
+        {{"--tree", scratch_.path("none"), "true"}, 3, "device-shell: there is no device tree at"},
+        {{"--build", scratch_.path("none"), "true"}, 3, "device-shell: there is no device tree at"},
     };
     for (const auto& row : rows) {
-        SCOPED_TRACE(row.reason);
         const process_result result = run_shell(row.words);
-        EXPECT_EQ(result.exit_code, row.exit_code);
-        EXPECT_EQ(result.output, "");
-        EXPECT_EQ(result.errors.rfind("device-shell: ", 0), 0U);
-        EXPECT_NE(result.errors.find(row.reason), std::string::npos) << result.errors;
+        EXPECT_EQ(result.exit_code, row.exit_code) << row.reason;
+        EXPECT_EQ(result.errors.rfind(row.reason, 0), 0U) << result.errors;
     }
-    EXPECT_EQ(run_shell({"--help"}).exit_code, 0);
 }
 
 TEST_F(device_shell, a_scratch_device_is_empty_and_leaves_nothing) {
@@ -56,25 +51,20 @@ TEST_F(device_shell, a_scratch_device_is_empty_and_leaves_nothing) {
                                      "/mnt/sheetext/", "/mnt/", "/tmp/"}) {
         EXPECT_FALSE(exists(folder + name)) << folder;
     }
-    EXPECT_EQ(run_shell({"--scratch", "ls", "-A", "/mnt/optlang", "/usr/local/vuk_app"}).output,
-              "/mnt/optlang:\n\n/usr/local/vuk_app:\n");
 }
 
 TEST_F(device_shell, a_tree_lies_at_the_paths_of_the_device_and_nowhere_else) {
     const bool had_fonts = exists("/tmp/fonts");
     const std::string name = std::filesystem::path(scratch_.path(".")).parent_path().filename();
-    scratch_.write("tree/mnt/sheetext/note", "of the tree");
-    const process_result result = run_shell({"--tree", scratch_.path("tree"), "sh", "-c",
-                                             "cat /mnt/sheetext/note; echo x >/tmp/" + name +
-                                                 "; panelctl message 1 >/dev/null; command -v panelctl"},
-                                            {{"PANEL_PLATFORM_DIR", ""}});
-    EXPECT_EQ(result.output, std::string("of the tree") + PANELCTL "\n");
+    scratch_.write("tree/mnt/sheetext/note", "of the tree\n");
+    const process_result result =
+        run_shell({"--tree", scratch_.path("tree"), "sh", "-c",
+                   "cat /mnt/sheetext/note; echo x >/tmp/" + name +
+                       "; panelctl message 1 >/dev/null; command -v panelctl; echo $PANEL_PLATFORM_DIR"},
+                  {{"PANEL_PLATFORM_DIR", ""}});
+    EXPECT_EQ(result.output, "of the tree\n" PANELCTL "\n" + scratch_.path("tree/platform") + "\n");
     EXPECT_EQ(scratch_.read("tree/tmp/" + name), "x\n");
     EXPECT_TRUE(exists(scratch_.path("tree/tmp/fonts")));
     EXPECT_FALSE(exists("/tmp/" + name));
     EXPECT_EQ(exists("/tmp/fonts"), had_fonts);
-    EXPECT_EQ(run_shell({"--tree", scratch_.path("tree"), "sh", "-c", "echo $PANEL_PLATFORM_DIR"},
-                        {{"PANEL_PLATFORM_DIR", ""}})
-                  .output,
-              scratch_.path("tree/platform") + "\n");
 }

@@ -1,0 +1,91 @@
+#include "text_lines.h"
+
+#include <fstream>
+
+namespace {
+
+const char BYTE_ORDER_MARK[] = "\xEF\xBB\xBF";
+
+/** The number of continuation bytes that a lead byte asks for, or -1. */
+int continuation_count(unsigned char lead) {
+    if (lead < 0x80) {
+        return 0;
+    }
+    if (lead >= 0xC2 && lead <= 0xDF) {
+        return 1;
+    }
+    if (lead >= 0xE0 && lead <= 0xEF) {
+        return 2;
+    }
+    return lead >= 0xF0 && lead <= 0xF4 ? 3 : -1;
+}
+
+/** The second byte rules out overlong forms, surrogates and code points above U+10FFFF. */
+bool is_second_byte(unsigned char lead, unsigned char second) {
+    switch (lead) {
+    case 0xE0:
+        return second >= 0xA0 && second <= 0xBF;
+    case 0xED:
+        return second >= 0x80 && second <= 0x9F;
+    case 0xF0:
+        return second >= 0x90 && second <= 0xBF;
+    case 0xF4:
+        return second >= 0x80 && second <= 0x8F;
+    default:
+        return (second & 0xC0) == 0x80;
+    }
+}
+
+void take_line(const source_place& place, std::string text, std::vector<text_line>& lines,
+               diagnostics& report) {
+    if (!text.empty() && text.back() == '\r') {
+        text.pop_back();
+    }
+    if (place.line == 1 && text.compare(0, 3, BYTE_ORDER_MARK) == 0) {
+        text.erase(0, 3);
+    }
+    if (text.empty() || text[0] == '#') {
+        return;
+    }
+    if (!is_valid_utf8(text) || text.find('\0') != std::string::npos) {
+        report.error(place, "is not valid UTF-8 text");
+        return;
+    }
+    lines.push_back({place, std::move(text)});
+}
+
+} // namespace
+
+bool read_text_lines(const std::string& path, std::vector<text_line>& lines, diagnostics& report) {
+    std::ifstream file(path, std::ios::binary);
+    if (!file) {
+        report.error({path, 0}, "cannot be opened for reading");
+        return false;
+    }
+    std::string line;
+    for (std::size_t number = 1; std::getline(file, line); ++number) {
+        take_line({path, number}, line, lines, report);
+    }
+    if (file.bad()) {
+        report.error({path, 0}, "cannot be read");
+    }
+    return !file.bad();
+}
+
+bool is_valid_utf8(const std::string& text) {
+    for (std::size_t i = 0; i < text.size();) {
+        const unsigned char lead = static_cast<unsigned char>(text[i]);
+        const int count = continuation_count(lead);
+        if (count < 0 || i + static_cast<std::size_t>(count) >= text.size()) {
+            return false;
+        }
+        for (int k = 1; k <= count; ++k) {
+            const unsigned char byte = static_cast<unsigned char>(text[i + static_cast<std::size_t>(k)]);
+            if (k == 1 ? !is_second_byte(lead, byte) : (byte & 0xC0) != 0x80) {
+                return false;
+            }
+        }
+        i += static_cast<std::size_t>(count) + 1;
+    }
+    return true;
+}

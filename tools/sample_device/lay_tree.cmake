@@ -1,0 +1,15 @@
+# Copies the folder TREE over the folder DEVICE, and removes from DEVICE what an earlier run copied and TREE no longer
+# holds. FILES names the files of TREE; LAID keeps their names for the next run.
+cmake_minimum_required(VERSION 3.25)
+file(STRINGS "${FILES}" files)
+if(EXISTS "${LAID}")
+    file(STRINGS "${LAID}" earlier_files)
+    foreach(file IN LISTS earlier_files)
+        if(NOT file IN_LIST files)
+            file(REMOVE "${DEVICE}/${file}")
+        endif()
+    endforeach()
+endif()
+file(COPY_FILE "${FILES}" "${LAID}")
+file(COPY "${TREE}/" DESTINATION "${DEVICE}")
+file(TOUCH "${LAID}")
