@@ -9,8 +9,10 @@
 
 namespace panel_device {
 
-/** Whose an observer is: a host's, on whichever of its connections; a connection's where that has no host
- * number. */
+/**
+ * Whose an observer is: a host's, on whichever of its connections; a connection's where that has no host
+ * number.
+ */
 struct OBSERVER_OWNER {
     std::uint64_t host;       ///< 0: none
     std::uint32_t connection; ///< 0 where there is a host

@@ -8,8 +8,8 @@
 /**
  * The platform's data-file store: files named by a storage area, a group in it, and a file name.
  *
- * Every operation returns 0 on success and a platform code otherwise. Any thread. A name is a relative path, ended by
- * NUL, without "." and ".." components; folders in it are made when a file is written.
+ * Every operation returns 0 on success and a platform code otherwise. Any thread. A name is a relative path,
+ * ended by NUL, without "." and ".." components; folders in it are made when a file is written.
  */
 
 typedef void* DVU_DIO_HANDLE;
@@ -22,8 +22,8 @@ extern "C" {
 
 /**
  * Opens a file.
- * @param mode    0: for reading; 1: for writing its whole content anew, which takes the place of the earlier content
- *                when dvu_dio_fclose() succeeds
+ * @param mode    0: for reading; 1: for writing its whole content anew, which takes the place of the earlier
+ *                content when dvu_dio_fclose() succeeds
  * @param handle  receives the handle, to be closed by dvu_dio_fclose(); unchanged on failure
  */
 PANEL_PLATFORM_EXPORT int dvu_dio_fopen(int area, int group, const char* name, int mode,
@@ -38,9 +38,9 @@ PANEL_PLATFORM_EXPORT int dvu_dio_fwrite(const void* data, std::uint32_t size, D
 /** Brings what was written to the storage device. */
 PANEL_PLATFORM_EXPORT int dvu_dio_fflush(DVU_DIO_HANDLE handle);
 /**
- * Closes a file and releases the handle, also on failure. A file open for writing then keeps its earlier content if a
- * write had failed; if only the last step to the storage device did, the new content is there and may not
- * survive a loss of power.
+ * Closes a file and releases the handle, also on failure. A file open for writing then keeps its earlier
+ * content if a write had failed; if only the last step to the storage device did, the new content is there
+ * and may not survive a loss of power.
  */
 PANEL_PLATFORM_EXPORT int dvu_dio_fclose(DVU_DIO_HANDLE handle);
 /** @return 0 when the name belongs to a file */

@@ -54,8 +54,8 @@ public:
      * @param rcv_buf   receives the reply, header included; unchanged on failure
      * @param rcv_len   capacity of @p rcv_buf in bytes on entry; the reply's length on return, 0 on failure
      * @param name      the service's name, ended by NUL
-     * @return 0, or a platform code: the arguments were refused, the service is not ready, it did not answer, it
-     *         went away, or its reply is none or too long
+     * @return 0, or a platform code: the arguments were refused, the service is not ready, it did not answer,
+     *         it went away, or its reply is none or too long
      */
     long bmc_mc_send_sync_message(long mode, long func_id, char* send_buf, unsigned int send_len,
                                   char* rcv_buf, unsigned int* rcv_len, const char* name);

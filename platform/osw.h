@@ -41,7 +41,8 @@ private:
 };
 
 /**
- * Names a timer of the platform; its first word is the timer's number, unique in the process. It runs nothing.
+ * Names a timer of the platform; its first word is the timer's number, unique in the process. It runs
+ * nothing.
  * @p kind is kept behind the number and means nothing on a workstation.
  */
 class PANEL_PLATFORM_EXPORT OSW_Timer_Control {
@@ -58,7 +59,11 @@ private:
 
 extern "C" {
 
-/** Suspends the calling thread. @param units  platform time units, 10 microseconds each on a workstation. @return 0 */
+/**
+ * Suspends the calling thread.
+ * @param units  platform time units, 10 microseconds each on a workstation.
+ * @return 0
+ */
 PANEL_PLATFORM_EXPORT int emwOSWSleep(unsigned long units);
 
 /** Loads a shared library. @param handle  receives its handle; null on failure. @return 0 on success */

@@ -34,7 +34,7 @@ public:
      *
      * @param observer  stays the caller's; not null
      * @param owner     the observer is forgotten when this object is destroyed; null: forget_observer() has
-     * to be called before the observer is destroyed
+     *                  to be called before the observer is destroyed
      * @return 0; -1 when the service does not answer: the observer is then registered when the service
      *         greets this process the next time; any other result of the service, which leaves the observer
      *         unregistered

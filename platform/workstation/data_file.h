@@ -14,8 +14,8 @@ namespace panel_platform {
  * One open file of the data-file store. Any thread.
  *
  * A file that is written grows under a temporary name in its own folder and takes its place in close(); until
- * then, and after any failure to write, the earlier file stays as it was. A failure to bring the folder to the
- * storage device afterwards is told by close() too, with the new file in place.
+ * then, and after any failure to write, the earlier file stays as it was. A failure to bring the folder to
+ * the storage device afterwards is told by close() too, with the new file in place.
  */
 class data_file {
 public:

@@ -16,7 +16,7 @@ namespace {
 const int RETRY_PAUSE = 100; // milliseconds
 const int FOR_EVER = -1;
 
-/** Blocks all signals for its lifetime: a thread made meanwhile leaves them to the other threads of the host. */
+/** Blocks all signals for its lifetime: a thread made meanwhile leaves them to the host's other threads. */
 class signal_block {
 public:
     signal_block() {

@@ -10,7 +10,7 @@ enum PLATFORM_CODE : int {
     PLATFORM_NOT_FOUND = 2,        ///< no such file or language attribute
     PLATFORM_NAME_REFUSED = 3,     ///< a name that is malformed or leads through a link or a plain file
     PLATFORM_NOT_A_FILE = 4,       ///< the name belongs to a folder, a link or a device
-    PLATFORM_TOO_LARGE = 5,        ///< a file size beyond 32 bits; a message that is too long, or longer than the room for it
+    PLATFORM_TOO_LARGE = 5,        ///< a file beyond 32 bits; a message beyond its limit or the room for it
     PLATFORM_BAD_HANDLE = 6,       ///< a handle that is null, closed or was never given out
     PLATFORM_WRONG_MODE = 7,       ///< a read from a file open for writing, or the reverse
     PLATFORM_IO_ERROR = 8,         ///< any other failure of the operating system

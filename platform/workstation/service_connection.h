@@ -26,7 +26,8 @@ public:
     bool is_ready();
 
     /**
-     * Sends a request and waits for its reply, three seconds at most once the exchanges of other threads are over.
+     * Sends a request and waits for its reply, three seconds at most once the exchanges of other threads are
+     * over.
      *
      * @param request       at least IPC_HEADER_LENGTH bytes, of which the header is not read
      * @param reply_length  capacity of @p reply on entry; the reply's bytes on return, 0 without one

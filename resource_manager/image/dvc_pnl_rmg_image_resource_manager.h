@@ -228,7 +228,7 @@ public:
      * @param bytes  an encoded picture of any format the toolkit knows whose header tells its size; not kept
      * @param count  bytes, at most 2147483647
      * @return DVC_PNL_RMG_RESULT_OK; DVC_PNL_RMG_RESULT_IMAGE_ERROR when there are no bytes or too many, when
-     * they cannot be decoded, or when the identifier is taken, which changes nothing
+     *         they cannot be decoded, or when the identifier is taken, which changes nothing
      */
     int dvc_pnl_rmg_set_external_image(const std::string& id, unsigned char* bytes, unsigned long count);
     /** Removes a registered picture, if there is one. */

@@ -72,7 +72,7 @@ public:
      * Reads a message data file.
      *
      * @param file_name  appended to RESOURCE_SHEETEXTENSION_DIR as it stands, so it may reach into
-     * subdirectories
+     *                   subdirectories
      * @param text       receives the contents up to the first NUL, in front of what it holds; unchanged
      *                   on failure
      * @param error      0 when the name is null or empty; otherwise unchanged
@@ -137,7 +137,7 @@ public:
 
     /**
      * @return a font of the language's family; the application's font for an option language whose pack tells
-     * none; English's for an id that is no language
+     *         none; English's for an id that is no language
      */
     QFont dvc_pnl_rmg_get_font(int language_id);
     /** @return the font of the language in force */

@@ -24,8 +24,10 @@ class DVC_PNL_EXPORT dvc_pnl_rmg_option_language_attribute_manager {
 public:
     static const std::uint32_t OPTION_LANGUAGE_MEMBER[5]; ///< setting ids of the slots 1 to 5
     static const int OPTION_LANGUAGE_MEMBER_NUM;          ///< number of slots
-    /** A pack lies in the folder of its language id below OPT_BASE_PATH; the next paths and names are in
-     * there. */
+    /**
+     * A pack lies in the folder of its language id below OPT_BASE_PATH; the next paths and names are in
+     * there.
+     */
     static const std::string OPT_BASE_PATH;
     static const std::string NAME_LIB_OPT_LANG;
     static const std::string OPT_FONTS_PATH;

@@ -1,39 +1,23 @@
 #include "service_process.h"
 
+#include "dvc_pnl_dec_communication.h"
+
 #include <csignal>
-#include <cstdio>
-#include <cstdlib>
-#include <filesystem>
+#include <string>
 #include <sys/prctl.h>
 #include <sys/wait.h>
 #include <unistd.h>
 #include <utility>
 
-namespace {
-
-[[noreturn]] void become_service(const std::vector<std::string>& options, int ready) {
-    std::vector<std::string> words = {DEVICE_SERVICE, "--ready-fd", std::to_string(ready), "--log-level",
-                                      "error"};
-    words.insert(words.end(), options.begin(), options.end());
-    std::vector<char*> arguments;
-    for (std::string& word : words) {
-        arguments.push_back(&word[0]);
-    }
-    arguments.push_back(nullptr);
-    ::prctl(PR_SET_PDEATHSIG, SIGKILL); // a test that is ended from outside leaves no service behind
-    ::execv(DEVICE_SERVICE, arguments.data());
-    ::_exit(127);
-}
-
-} // namespace
-
-service_process::service_process(const std::vector<std::string>& options) {
+service_process::service_process() {
     int ends[2] = {};
     EXPECT_EQ(0, ::pipe(ends));
+    const std::string ready = std::to_string(ends[1]);
     process_ = ::fork();
     if (process_ == 0) {
-        ::close(ends[0]);
-        become_service(options, ends[1]);
+        ::prctl(PR_SET_PDEATHSIG, SIGKILL); // a test that is ended from outside leaves no service behind
+        ::execl(DEVICE_SERVICE, DEVICE_SERVICE, "--ready-fd", ready.c_str(), "--log-level", "error", nullptr);
+        ::_exit(127);
     }
     ::close(ends[1]);
     char line = 0;
@@ -58,24 +42,16 @@ int service_process::wait() {
     return WIFEXITED(status) ? WEXITSTATUS(status) : -WTERMSIG(status);
 }
 
-scratch_service::scratch_service() {
-    std::string name = testing::TempDir() + "/panel_service_XXXXXX";
-    folder_ = ::mkdtemp(&name[0]) ? name : "";
-    ::setenv("PANEL_PLATFORM_DIR", folder_.c_str(), 1);
-}
-
-scratch_service::~scratch_service() {
-    std::error_code ignored;
-    std::filesystem::remove_all(folder_, ignored);
-}
-
-int run_panelctl(const std::string& arguments, std::string& output) {
-    output.clear();
-    std::FILE* const pipe = ::popen((PANELCTL " " + arguments).c_str(), "r");
-    char buffer[512];
-    for (std::size_t count = 0; (count = std::fread(buffer, 1, sizeof buffer, pipe)) > 0;) {
-        output.append(buffer, count);
+panel_device::DEVICE_MESSAGE ask_service(std::int32_t func_id, const std::vector<std::int32_t>& values) {
+    std::vector<char> request = encode_message(panel_device::make_message(func_id, values), {});
+    char bytes[panel_platform::IPC_LONGEST_MESSAGE];
+    unsigned int length = sizeof bytes;
+    velarion::bmc_mc_client client;
+    client.bmc_mc_send_sync_message(1, func_id, request.data(), static_cast<unsigned int>(request.size()),
+                                    bytes, &length, velarion::DVC_PNL_DEC_SERVICE_NAME);
+    panel_device::DEVICE_MESSAGE reply;
+    if (decode_message(bytes, length, reply) != panel_device::DEVICE_OK) {
+        reply.result = -1;
     }
-    const int status = ::pclose(pipe);
-    return WIFEXITED(status) ? WEXITSTATUS(status) : -WTERMSIG(status);
+    return reply;
 }

@@ -1,22 +1,25 @@
 #ifndef SERVICE_PROCESS_H
 #define SERVICE_PROCESS_H
 
+#include "device_message.h"
+#include "scratch_folder.h"
+
+#include <cstdint>
+#include <cstdlib>
 #include <gtest/gtest.h>
-#include <string>
 #include <sys/types.h>
 #include <vector>
 
 /** A real panel_device_service. The constructor returns when it is ready, or has ended without getting so. */
 class service_process {
 public:
-    explicit service_process(const std::vector<std::string>& options = {});
+    service_process();
     /** Kills it if it still runs. */
     ~service_process();
     service_process(const service_process&) = delete;
     service_process& operator=(const service_process&) = delete;
 
     bool is_ready() const { return is_ready_; }
-    pid_t process() const { return process_; }
 
     /** Sends a signal and waits for the end. @return exit status, or minus the signal that ended it */
     int end_by(int signal);
@@ -28,18 +31,15 @@ private:
     bool is_ready_ = false;
 };
 
+/** Sends the service a request of this process. @return the reply; its result is -1 when there is none */
+panel_device::DEVICE_MESSAGE ask_service(std::int32_t func_id, const std::vector<std::int32_t>& values);
+
 /** Gives each test an empty platform folder of its own. */
 class scratch_service : public testing::Test {
 protected:
-    scratch_service();
-    ~scratch_service() override;
-    const std::string& folder() const { return folder_; }
+    scratch_service() { ::setenv("PANEL_PLATFORM_DIR", scratch_.path("platform").c_str(), 1); }
 
-private:
-    std::string folder_;
+    const scratch_folder scratch_;
 };
-
-/** Runs panelctl. @param output  receives its standard output. @return its exit status */
-int run_panelctl(const std::string& arguments, std::string& output);
 
 #endif

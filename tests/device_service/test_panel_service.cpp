@@ -2,8 +2,8 @@
 #include "panel_service.h"
 #include "service_log.h"
 
-#include <cstring>
 #include <gtest/gtest.h>
+#include <iterator>
 #include <utility>
 
 namespace {
@@ -59,10 +59,8 @@ protected:
     }
 
     std::int32_t result_of_reply(std::uint32_t connection) {
-        for (const DEVICE_MESSAGE& message : messages_to(connection, IPC_REPLY)) {
-            return message.result;
-        }
-        return -1;
+        const std::vector<DEVICE_MESSAGE> replies = messages_to(connection, IPC_REPLY);
+        return replies.empty() ? -1 : replies[0].result;
     }
 
     std::vector<DEVICE_MESSAGE> messages_to(std::uint32_t connection, IPC_KIND kind) {
@@ -79,65 +77,93 @@ protected:
         return found;
     }
 
+    std::vector<std::int32_t> events_of(std::uint32_t connection) {
+        std::vector<std::int32_t> events;
+        for (const DEVICE_MESSAGE& message : messages_to(connection, IPC_NOTIFICATION)) {
+            events.push_back(message.func_id);
+        }
+        return events;
+    }
+
     std::int32_t add_observer(std::uint32_t connection, std::int32_t number, std::uint64_t host = HOST) {
         const DEVICE_MESSAGE request = {
             DVC_PNL_DEC_FUNCTION_ADD_KEY_OBSERVER, 0, {{DVC_PNL_DEC_PARAMETER_OBSERVER, number}}};
         return ask(connection, request, 0, host);
     }
 
+    /** Lets another host press a key. @return observers told */
+    std::int32_t press_key() {
+        sent_.clear();
+        const std::vector<std::int32_t> values = {5, DVC_PNL_DEC_KEY_PRESSED};
+        EXPECT_EQ(DEVICE_OK, ask(3, make_message(CONTROL_KEY_EVENT, values), 0, HOST + 1));
+        return messages_to(3, IPC_REPLY).at(0).records.at(0).value;
+    }
+
     std::map<std::uint32_t, std::vector<std::vector<char>>> sent_;
     panel_service service_;
 };
 
+/** A request to run the timer procedure of the print-service LED. */
+DEVICE_MESSAGE timer_request(std::int32_t lit_time, std::int32_t dark_time, std::int32_t cycles,
+                             std::int32_t end_status) {
+    return {DVC_PNL_DEC_FUNCTION_SET_LED_AIRPRINT_TIMER_PROC,
+            DEVICE_OK,
+            {{4, 1}, {5, lit_time}, {6, dark_time}, {7, cycles}, {8, end_status}}};
+}
+
 TEST_F(test_panel_service, every_request_is_checked_before_it_is_believed) {
+    ASSERT_TRUE(attach(2, HOST + 1, ATTACH_EVENTS));
     const struct {
         const char* name;
         DEVICE_MESSAGE request;
         std::int32_t result;
     } rows[] = {
-        {"right", make_message(101, {1, 1}), DEVICE_OK},
         {"no parameters", make_message(101, {}), DEVICE_BAD_COUNT},
         {"one too many", make_message(101, {1, 1, 1}), DEVICE_BAD_COUNT},
         {"parameters in the wrong order", {101, 0, {{1, 1}, {0, 1}}}, DEVICE_BAD_PARAMETER},
-        {"unknown parameter", {101, 0, {{0, 1}, {2, 1}}}, DEVICE_BAD_PARAMETER},
-        {"unknown LED", make_message(101, {8, 1}), DEVICE_UNKNOWN_LED},
-        {"unknown status", make_message(101, {1, 4}), DEVICE_UNKNOWN_STATUS},
-        {"parameter where none belongs", make_message(103, {1}), DEVICE_BAD_COUNT},
+        {"LED before the first", make_message(101, {-1, 1}), DEVICE_UNKNOWN_LED},
+        {"LED beyond the last", make_message(101, {8, 1}), DEVICE_UNKNOWN_LED},
+        {"status before the first", make_message(101, {1, -1}), DEVICE_UNKNOWN_STATUS},
+        {"status of the timer", make_message(101, {1, LED_STATUS_TIMER}), DEVICE_UNKNOWN_STATUS},
         {"function the panel does not send", make_message(102, {}), DEVICE_UNKNOWN_FUNCTION},
         {"notification as a request", make_message(110, {1, 1}), DEVICE_UNKNOWN_FUNCTION},
-        {"timer without values", {108, 0, {{4, 1}}}, DEVICE_BAD_COUNT},
+        {"lit too shortly", timer_request(9, 10, 1, 1), DEVICE_BAD_VALUE},
+        {"dark too shortly", timer_request(10, 9, 1, 1), DEVICE_BAD_VALUE},
+        {"lit too long", timer_request(60001, 10, 1, 1), DEVICE_BAD_VALUE},
+        {"fewer than no cycles", timer_request(10, 10, -1, 1), DEVICE_BAD_VALUE},
+        {"too many cycles", timer_request(10, 10, 1000001, 1), DEVICE_BAD_VALUE},
+        {"timer that ends in a timer", timer_request(10, 10, 1, LED_STATUS_TIMER), DEVICE_UNKNOWN_STATUS},
         {"key beyond the last", make_message(CONTROL_KEY_EVENT, {256, 1}), DEVICE_UNKNOWN_KEY},
         {"key before the first", make_message(CONTROL_KEY_EVENT, {-1, 1}), DEVICE_UNKNOWN_KEY},
         {"key neither pressed nor released", make_message(CONTROL_KEY_EVENT, {1, 2}), DEVICE_UNKNOWN_STATUS},
         {"unknown fault", make_message(CONTROL_SET_FAULT, {6, 0, 0}), DEVICE_BAD_VALUE},
         {"delay before the request", make_message(CONTROL_SET_FAULT, {1, -1, 0}), DEVICE_BAD_VALUE},
+        {"failure that is a success", make_message(CONTROL_SET_FAULT, {3, 0, 0}), DEVICE_BAD_VALUE},
         {"fault for fewer than no requests", make_message(CONTROL_SET_FAULT, {2, 0, -1}), DEVICE_BAD_VALUE},
     };
     for (const auto& row : rows) {
         SCOPED_TRACE(row.name);
         EXPECT_EQ(row.result, ask(1, row.request));
     }
+    EXPECT_EQ(std::vector<std::int32_t>(std::size(rows), EVENT_REFUSED), events_of(2));
+    EXPECT_EQ(-1, service_.next_deadline());
 }
 
 TEST_F(test_panel_service, lengths_and_counts_that_lie_are_answered_with_a_code) {
     const struct {
-        const char* name;
         std::size_t length;
         std::int32_t count;
         std::int32_t result;
     } rows[] = {
-        {"header alone", 72, 0, DEVICE_BAD_LENGTH},
-        {"cut in its own header", 87, 0, DEVICE_BAD_LENGTH},
-        {"half a record", 88 + 12, 1, DEVICE_BAD_LENGTH},
-        {"negative count", 88, -1, DEVICE_BAD_COUNT},
-        {"smallest count", 104, INT32_MIN, DEVICE_BAD_COUNT},
-        {"largest count", 104, INT32_MAX, DEVICE_BAD_LENGTH},
-        {"count too small", 104, 1, DEVICE_BAD_LENGTH},
-        {"count too large", 104, 3, DEVICE_BAD_LENGTH},
-        {"count that wraps to the length", 104, 0x20000002, DEVICE_BAD_LENGTH},
+        {72, 0, DEVICE_BAD_LENGTH},      // the message layer's header alone
+        {87, 0, DEVICE_BAD_LENGTH},      // cut in its own header
+        {88 + 12, 1, DEVICE_BAD_LENGTH}, // half a record
+        {88, -1, DEVICE_BAD_COUNT},          {104, INT32_MIN, DEVICE_BAD_COUNT},
+        {104, INT32_MAX, DEVICE_BAD_LENGTH}, {104, 1, DEVICE_BAD_LENGTH},          // too small
+        {104, 3, DEVICE_BAD_LENGTH},         {104, 0x20000002, DEVICE_BAD_LENGTH}, // wraps to the length
     };
     for (const auto& row : rows) {
-        SCOPED_TRACE(row.name);
+        SCOPED_TRACE(row.count);
         std::vector<char> bytes = encode_message(make_message(101, {1, 1}), {});
         dvc_pnl_dec_store(&bytes[DVC_PNL_DEC_PCNT_OFFSET], row.count);
         bytes.resize(row.length);
@@ -150,12 +176,10 @@ TEST_F(test_panel_service, connections_that_leave_the_protocol_are_closed) {
     IPC_HEADER header;
     header.host = HOST;
     const std::vector<char> request = encode_message(make_message(103, {}), {});
-    for (const IPC_KIND kind : {IPC_REPLY, IPC_NOTIFICATION, IPC_GREETING, IPC_LOST}) {
-        header.kind = kind;
+    for (const IPC_KIND kind : {IPC_REPLY, IPC_NOTIFICATION, IPC_GREETING, IPC_LOST, IPC_ATTACH}) {
+        header.kind = kind; // an attach has no payload
         EXPECT_FALSE(send(1, header, request));
     }
-    header.kind = IPC_ATTACH;
-    EXPECT_FALSE(send(1, header, request)); // an attach has no payload
     EXPECT_FALSE(attach(1, HOST, ATTACH_EVENTS_AND_EDGES + 1));
     EXPECT_FALSE(attach(2, 0)); // no process has the number 0
     EXPECT_TRUE(attach(1, HOST));
@@ -166,48 +190,48 @@ TEST_F(test_panel_service, key_events_reach_the_observers_of_each_host_and_no_ot
     ASSERT_TRUE(attach(2, HOST));
     ASSERT_TRUE(attach(3, HOST + 1));
     EXPECT_EQ(DEVICE_OK, add_observer(1, 77));
-    EXPECT_EQ(DEVICE_OK, add_observer(1, 77)); // once more has no effect
+    EXPECT_EQ(DEVICE_OK, add_observer(2, 77)); // once more has no effect
     EXPECT_EQ(DEVICE_OK, add_observer(1, -2)); // an address beyond 31 bits
-    sent_.clear();
-    EXPECT_EQ(DEVICE_OK, ask(1, make_message(CONTROL_KEY_EVENT, {5, DVC_PNL_DEC_KEY_PRESSED})));
-    ASSERT_EQ(2U, sent_[2].size());
-    EXPECT_TRUE(sent_[3].empty());
+    EXPECT_EQ(2, press_key());
+    ASSERT_EQ((std::vector<std::int32_t>(2, DVC_PNL_DEC_FUNCTION_NOTIFY_KEY_EVENT)), events_of(2));
+    EXPECT_TRUE(events_of(3).empty());
     IPC_HEADER header;
     ASSERT_TRUE(read_ipc_header(sent_[2][1].data(), sent_[2][1].size(), header));
     EXPECT_EQ(0xFFFFFFFEU, header.destination);
-    const DEVICE_MESSAGE event = messages_to(2, IPC_NOTIFICATION)[0];
-    EXPECT_EQ(DVC_PNL_DEC_FUNCTION_NOTIFY_KEY_EVENT, event.func_id);
+    const DEVICE_MESSAGE event = messages_to(2, IPC_NOTIFICATION)[1];
     EXPECT_EQ(5, event.records[0].value);
     EXPECT_EQ(DVC_PNL_DEC_KEY_PRESSED, event.records[1].value);
-    EXPECT_EQ(2, messages_to(1, IPC_REPLY)[0].records[0].value);
-
     service_.disconnected(1);
-    sent_.clear();
-    EXPECT_EQ(DEVICE_OK, ask(3, make_message(CONTROL_KEY_EVENT, {5, 0}), 0, HOST + 1));
-    EXPECT_TRUE(sent_[2].empty()); // forgotten with the connection that registered them
+    EXPECT_EQ(2, press_key()) << "lost although the host is there";
+    service_.disconnected(2);
+    service_.connected(4, 1);
+    ASSERT_TRUE(attach(4, HOST));
+    EXPECT_EQ(0, press_key()) << "kept although the host was gone";
 }
 
-TEST_F(test_panel_service, a_connection_registers_64_observers_at_most) {
+TEST_F(test_panel_service, a_host_registers_64_observers_at_most) {
     for (std::int32_t number = 0; number < MOST_OBSERVERS; ++number) {
         ASSERT_EQ(DEVICE_OK, add_observer(1, number));
     }
-    EXPECT_EQ(DEVICE_TOO_MANY_OBSERVERS, add_observer(1, 64));
-    EXPECT_EQ(DEVICE_OK, add_observer(1, 0));
-    EXPECT_EQ(DEVICE_OK, add_observer(2, 64));
+    EXPECT_EQ(DEVICE_TOO_MANY_OBSERVERS, add_observer(2, 64));
+    EXPECT_EQ(DEVICE_OK, add_observer(2, 0));
+    EXPECT_EQ(DEVICE_OK, add_observer(3, 64, HOST + 1));
 }
 
 TEST_F(test_panel_service, faults_are_for_so_many_requests_of_the_library) {
     const DEVICE_MESSAGE all_on = make_message(103, {});
+    const auto is_lit = [this] { // asks without counting as a request of the library
+        EXPECT_EQ(DEVICE_OK, ask(1, make_message(CONTROL_LIST_LEDS, {})));
+        return messages_to(1, IPC_REPLY)[0].records[2].value != 0;
+    };
     ASSERT_EQ(DEVICE_OK, ask(1, make_message(CONTROL_SET_FAULT, {FAULT_FAIL, 55, 2})));
     EXPECT_EQ(55, ask(1, all_on));
-    EXPECT_EQ(DEVICE_OK, ask(1, make_message(CONTROL_LIST_LEDS, {}))); // no fault, and not counted
-    EXPECT_EQ(0, messages_to(1, IPC_REPLY)[0].records[2].value);       // the request was not carried out
+    EXPECT_FALSE(is_lit()) << "a request that fails was carried out";
     EXPECT_EQ(55, ask(1, all_on));
-    EXPECT_EQ(DEVICE_OK, ask(1, all_on));
     ASSERT_EQ(DEVICE_OK, ask(1, make_message(CONTROL_SET_FAULT, {FAULT_DROP, 0, 1})));
-    EXPECT_EQ(-1, ask(1, make_message(104, {})));
-    EXPECT_EQ(DEVICE_OK, ask(1, make_message(CONTROL_LIST_LEDS, {})));
-    EXPECT_EQ(0, messages_to(1, IPC_REPLY)[0].records[2].value); // carried out all the same
+    EXPECT_EQ(-1, ask(1, all_on));
+    EXPECT_TRUE(is_lit()) << "a request whose reply is dropped was not carried out";
+    EXPECT_EQ(DEVICE_OK, ask(1, all_on));
     ASSERT_EQ(DEVICE_OK, ask(1, make_message(CONTROL_SET_FAULT, {FAULT_DELAY, 300, 0})));
     EXPECT_EQ(-1, ask(1, all_on, 1000));
     EXPECT_EQ(1300, service_.next_deadline());
@@ -218,18 +242,38 @@ TEST_F(test_panel_service, faults_are_for_so_many_requests_of_the_library) {
     EXPECT_EQ(-1, service_.next_deadline());
 }
 
+TEST_F(test_panel_service, a_connection_waits_for_so_many_delayed_replies_and_takes_them_with_it) {
+    const int most_delayed = 1024;
+    ASSERT_EQ(DEVICE_OK, ask(1, make_message(CONTROL_SET_FAULT, {FAULT_DELAY, 300, 0})));
+    const std::vector<char> request = encode_message(make_message(103, {}), {});
+    IPC_HEADER header;
+    header.func_id = 103;
+    header.host = HOST;
+    for (int i = 0; i < most_delayed; ++i) {
+        ASSERT_TRUE(send(1, header, request));
+    }
+    EXPECT_FALSE(send(1, header, request));
+    EXPECT_TRUE(send(2, header, request));
+    service_.disconnected(1);
+    sent_.clear();
+    service_.advance(300);
+    EXPECT_EQ(1U, sent_.size());
+}
+
 TEST_F(test_panel_service, watchers_are_told_what_they_asked_for) {
     ASSERT_TRUE(attach(2, HOST + 1, ATTACH_EVENTS));
     ASSERT_TRUE(attach(3, HOST + 2, ATTACH_EVENTS_AND_EDGES));
     EXPECT_EQ(DEVICE_OK, ask(1, make_message(101, {5, 2}), 1000));
+    const DEVICE_MESSAGE event = messages_to(3, IPC_NOTIFICATION).at(0);
+    EXPECT_EQ(5, event.records.at(0).value);
+    EXPECT_EQ(2, event.records.at(1).value);
+    EXPECT_EQ(DEVICE_OK, ask(1, timer_request(10, 10, 1, 0), 1000));
+    service_.advance(1500); // the LED turns off, and the timer ends
     service_.advance(1500);
-    EXPECT_EQ(DEVICE_UNKNOWN_LED, ask(1, make_message(101, {8, 2}), 1500));
-    std::vector<std::int32_t> told;
-    for (const DEVICE_MESSAGE& message : messages_to(3, IPC_NOTIFICATION)) {
-        told.push_back(message.func_id);
-    }
-    EXPECT_EQ((std::vector<std::int32_t>{EVENT_LED, EVENT_LED_EDGE, EVENT_REFUSED}), told);
-    EXPECT_EQ(2U, messages_to(2, IPC_NOTIFICATION).size());
+    service_.disconnected(1);
+    EXPECT_EQ((std::vector<std::int32_t>{EVENT_LED, EVENT_LED, EVENT_LED_EDGE, EVENT_LED, EVENT_HOST_GONE}),
+              events_of(3));
+    EXPECT_EQ((std::vector<std::int32_t>{EVENT_LED, EVENT_LED, EVENT_LED, EVENT_HOST_GONE}), events_of(2));
 }
 
 } // namespace

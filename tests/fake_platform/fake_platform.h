@@ -21,9 +21,9 @@ constexpr int FAKE_FAILURE = 0x0FA1;
  *           layer "bmc_mc_client", "~bmc_mc_client", "facade_template", "~facade_template", "dispatch",
  *           "bmc_mc_check_facade" and "bmc_mc_send_sync_message"
  * numbers:  its integer arguments in their order, handles and pointers left out; a timer: its kind and its
- * id; a sent message: mode, function id, request length, reply capacity text:     its file, library, symbol
- * or service name; a trace: its text as formatted bytes:    exactly the bytes handed over for writing,
- * sending or dispatching
+ *           id; a sent message: mode, function id, request length, reply capacity; dispatch: none
+ * text:     its file, library, symbol or service name; a trace: its text as formatted
+ * bytes:    exactly the bytes handed over for sending
  */
 struct FAKE_CALL {
     std::string function;
@@ -37,54 +37,63 @@ struct FAKE_CALL {
  *
  * Without a script: settings, attributes, files and libraries do not exist (FAKE_FAILURE), everything else
  * succeeds, services are ready at once, a sent message gets no reply bytes, and sleeping takes no time.
- * Locks are real. Any thread may call the platform; scripts are thread-safe too.
+ * Locks are real. Any thread may call the platform, but no other one while the test calls what is here.
  */
 class fake_platform {
 public:
     /** Forgets calls, scripts, files and open handles; timers count from 1 again. */
-    void reset();
+    void reset() { state_ = STATE(); }
 
-    std::vector<FAKE_CALL> calls() const;
+    std::vector<FAKE_CALL> calls() const { return state_.calls; }
     std::vector<FAKE_CALL> calls_of(const std::string& function) const;
-    std::size_t count(const std::string& function) const;
-    void forget_calls();
+    std::size_t count(const std::string& function) const { return calls_of(function).size(); }
+    void forget_calls() { state_.calls.clear(); }
 
     /** Lets a function that returns a result fail, without effect, in all calls from the next one on. */
-    void fail(const std::string& function, int code = FAKE_FAILURE);
+    void fail(const std::string& function, int code = FAKE_FAILURE) { state_.failures[function] = code; }
 
     /** @param width  bits: 8, 16 or 32; a read writes exactly so many */
-    void set_setting(std::uint32_t group, std::uint32_t item, int width, std::uint32_t value);
-    void fail_setting(std::uint32_t group, std::uint32_t item, int code = FAKE_FAILURE);
-    void set_attribute(int language_id, int attribute, const std::string& text);
+    void set_setting(std::uint32_t group, std::uint32_t item, int width, std::uint32_t value) {
+        state_.settings[{group, item}] = {width, value, 0};
+    }
+    void fail_setting(std::uint32_t group, std::uint32_t item, int code = FAKE_FAILURE) {
+        state_.settings[{group, item}] = {0, 0, code};
+    }
+    void set_attribute(int language_id, int attribute, const std::string& text) {
+        state_.attributes[{language_id, attribute}] = text;
+    }
 
     /** Provides a library. @param result,has_handle  what loading it answers */
     void add_library(const std::string& path, int result = 0, bool has_handle = true);
     /** Provides a symbol, and its library. @param address  an object or a function without captures */
     template <typename TARGET>
     void add_symbol(const std::string& path, const std::string& name, TARGET* address) {
-        add_symbol_address(path, name, reinterpret_cast<void*>(address));
+        state_.libraries[path].symbols[name] = reinterpret_cast<void*>(address);
     }
 
-    void set_file(int area, int group, const std::string& name, const std::string& bytes);
+    void set_file(int area, int group, const std::string& name, const std::string& bytes) {
+        state_.files[{area, group, name}] = bytes;
+    }
     /** @param bytes  receives the file as last closed. @return whether it exists */
     bool get_file(int area, int group, const std::string& name, std::string& bytes) const;
     /** Lets dvu_dio_stat() report this size for every file. */
-    void set_stat_size(std::uint32_t size);
+    void set_stat_size(std::uint32_t size) { state_.stat_size = size; }
     /** Lets each dvu_dio_fread() deliver at most so many bytes. */
-    void set_read_limit(std::uint32_t bytes);
+    void set_read_limit(std::uint32_t bytes) { state_.read_limit = bytes; }
     /** Lets each dvu_dio_fread() report this count, whatever it delivered. */
-    void set_read_count(std::uint32_t count);
-    std::size_t open_file_count() const;
+    void set_read_count(std::uint32_t count) { state_.read_count = count; }
+    std::size_t open_file_count() const { return state_.open_files.size(); }
 
     /** Lets the first @p checks readiness checks answer no, and all later ones yes. */
-    void set_ready_after(unsigned long checks);
-    /** Adds an answer to a sent message; the last one added answers all later messages too.
-     *  @param bytes  copied as far as they fit, and only when @p result is 0 */
-    void add_reply(const std::string& bytes, long result = 0);
+    void set_ready_after(unsigned long checks) { state_.checks_until_ready = checks; }
+    /**
+     * Adds an answer to a sent message; the last one added answers all later messages too.
+     * @param bytes  copied as far as they fit, and only when @p result is 0
+     */
+    void add_reply(const std::string& bytes, long result = 0) { state_.replies.push_back({bytes, result}); }
 
 private:
-    friend struct fake_platform_services;
-    using ITEM = std::pair<std::uint32_t, std::uint32_t>;
+    friend struct fake_platform_call;
     using FILE_KEY = std::tuple<int, int, std::string>;
 
     struct SETTING {
@@ -93,8 +102,8 @@ private:
         int code;
     };
     struct LIBRARY {
-        int result;
-        bool has_handle;
+        int result = 0;
+        bool has_handle = true;
         std::map<std::string, void*> symbols;
     };
     struct OPEN_FILE {
@@ -111,7 +120,7 @@ private:
     struct STATE {
         std::vector<FAKE_CALL> calls;
         std::map<std::string, int> failures;
-        std::map<ITEM, SETTING> settings;
+        std::map<std::pair<std::uint32_t, std::uint32_t>, SETTING> settings;
         std::map<std::pair<int, int>, std::string> attributes;
         std::map<std::string, LIBRARY> libraries;
         std::map<FILE_KEY, std::string> files;
@@ -124,9 +133,7 @@ private:
         std::uint32_t last_timer_id = 0;
     };
 
-    void add_symbol_address(const std::string& path, const std::string& name, void* address);
-
-    mutable std::mutex mutex_;
+    std::mutex mutex_; // of the calls of the platform
     STATE state_;
     std::uintptr_t last_handle_ = 0; // survives reset(), so that old handles stay invalid
 };

@@ -2,14 +2,12 @@
 #include "host_receiver.h"
 #include "ipc_header.h"
 #include "message_delivery.h"
-#include "raw_connection.h"
 #include "service_process.h"
 
 #include <QCoreApplication>
 #include <QEventLoop>
 #include <QThread>
 
-#include <csignal>
 #include <functional>
 #include <memory>
 #include <utility>
@@ -50,10 +48,6 @@ private:
     EVENTS events_;
 };
 
-std::uint32_t number_of(const dvc_pnl_dec_key_event_observer* observer) {
-    return static_cast<std::uint32_t>(reinterpret_cast<std::uintptr_t>(observer));
-}
-
 void dispatch(host_receiver& receiver, const std::vector<char>& message) {
     std::vector<char> bytes = message;
     receiver.dispatch(DVC_PNL_DEC_FUNCTION_NOTIFY_KEY_EVENT, bytes.data(),
@@ -63,53 +57,27 @@ void dispatch(host_receiver& receiver, const std::vector<char>& message) {
 std::vector<char> key_event(const dvc_pnl_dec_key_event_observer* observer, int key, int status) {
     panel_platform::IPC_HEADER header;
     header.kind = panel_platform::IPC_NOTIFICATION;
-    header.destination = number_of(observer);
+    header.destination = dvc_pnl_dec_observer_number(observer);
     return encode_message(make_message(DVC_PNL_DEC_FUNCTION_NOTIFY_KEY_EVENT, {key, status}), header);
 }
 
-class test_host_receiver : public scratch_service {
-protected:
-    /** Waits until this process takes notifications and has this many observers in the service. */
-    static void wait_until_told(int key, std::size_t observers) {
-        raw_connection control(1);
-        DEVICE_MESSAGE reply;
-        do {
-            QCoreApplication::processEvents();
-            ASSERT_TRUE(control.send(make_message(CONTROL_KEY_EVENT, {key, 1})));
-            ASSERT_TRUE(control.receive(reply));
-        } while (reply.records.at(0).value != static_cast<int>(observers));
-    }
-};
+using test_host_receiver = scratch_service;
 
-TEST_F(test_host_receiver, a_key_press_comes_round_to_its_observers) {
-    service_process service;
-    host_receiver receiver;
-    test_observer first;
-    test_observer second;
-    ASSERT_EQ(0, receiver.add_observer(&first));
-    ASSERT_EQ(0, receiver.add_observer(&second));
-    const panel_platform::message_delivery delivery(receiver, DVC_PNL_DEC_SERVICE_NAME);
-    wait_until_told(1, 2);
-    std::string output;
-    EXPECT_EQ(0, run_panelctl("key press 30", output));
-    EXPECT_EQ(0, run_panelctl("key release 30", output));
-    EXPECT_EQ((EVENTS{{1, 1}, {30, 1}, {30, 0}}), first.wait_for(3));
-    EXPECT_EQ((EVENTS{{1, 1}, {30, 1}, {30, 0}}), second.wait_for(3));
-    receiver.forget_observer(&first);
-    receiver.forget_observer(&second);
-}
-
-TEST_F(test_host_receiver, observers_are_registered_again_with_a_new_service) {
+TEST_F(test_host_receiver, observers_are_told_by_each_service_that_is_started) {
     host_receiver receiver;
     test_observer observer;
     const panel_platform::message_delivery delivery(receiver, DVC_PNL_DEC_SERVICE_NAME);
     EXPECT_EQ(-1, receiver.add_observer(&observer)); // no service yet
-    for (int start = 1; start <= 2; ++start) {
-        SCOPED_TRACE(start);
+    EVENTS expected;
+    for (const int key : {30, 255}) {
+        SCOPED_TRACE(key);
         service_process service;
-        wait_until_told(start, 1);
-        EXPECT_EQ((std::pair<int, int>{start, 1}), observer.wait_for(static_cast<std::size_t>(start)).back());
-        service.end_by(SIGKILL);
+        while (ask_service(CONTROL_KEY_EVENT, {key, 1}).records.at(0).value == 0) { // not registered yet
+            QCoreApplication::processEvents();
+        }
+        ask_service(CONTROL_KEY_EVENT, {key, 0});
+        expected.insert(expected.end(), {{key, 1}, {key, 0}});
+        EXPECT_EQ(expected, observer.wait_for(expected.size()));
     }
     receiver.forget_observer(&observer);
 }
@@ -157,17 +125,16 @@ TEST_F(test_host_receiver, notifications_that_are_wrong_reach_nobody) {
     for (std::size_t length = 0; length < right.size(); ++length) {
         dispatch(receiver, {right.begin(), right.begin() + static_cast<std::ptrdiff_t>(length)});
     }
-    for (const std::int32_t count : {-1, 0, 3, 0x20000002, INT32_MIN, INT32_MAX}) {
+    const std::pair<std::size_t, std::int32_t> lies[] = {
+        {DVC_PNL_DEC_PCNT_OFFSET, -1},        {DVC_PNL_DEC_PCNT_OFFSET, 0},
+        {DVC_PNL_DEC_PCNT_OFFSET, 3},         {DVC_PNL_DEC_PCNT_OFFSET, 0x20000002},
+        {DVC_PNL_DEC_PCNT_OFFSET, INT32_MIN}, {DVC_PNL_DEC_PCNT_OFFSET, INT32_MAX},
+        {DVC_PNL_DEC_FUNC_ID_OFFSET, 111},    {DVC_PNL_DEC_PARAMETERS_OFFSET, 9}};
+    for (const auto& [place, value] : lies) {
         std::vector<char> lying = right;
-        dvc_pnl_dec_store(&lying[DVC_PNL_DEC_PCNT_OFFSET], count);
+        dvc_pnl_dec_store(&lying[place], value);
         dispatch(receiver, lying);
     }
-    std::vector<char> other_function = right;
-    dvc_pnl_dec_store(&other_function[DVC_PNL_DEC_FUNC_ID_OFFSET], 111);
-    dispatch(receiver, other_function);
-    std::vector<char> other_parameter = right;
-    dvc_pnl_dec_store(&other_parameter[DVC_PNL_DEC_PARAMETERS_OFFSET], 9);
-    dispatch(receiver, other_parameter);
     dispatch(receiver, key_event(&observer, 1, 2)); // neither pressed nor released
     dispatch(receiver, key_event(&observer + 1, 1, 1));
     dispatch(receiver, key_event(&observer, 8, 0));

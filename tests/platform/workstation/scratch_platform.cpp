@@ -1,12 +1,11 @@
 #include "scratch_platform.h"
 
-#include <csignal>
 #include <cstdlib>
-#include <fcntl.h>
 #include <filesystem>
 #include <fstream>
 #include <iterator>
 #include <sys/wait.h>
+#include <thread>
 #include <unistd.h>
 
 scratch_platform::scratch_platform() {
@@ -35,29 +34,21 @@ int wait_for(pid_t process) {
     return WIFEXITED(status) ? WEXITSTATUS(status) : -WTERMSIG(status);
 }
 
-int run_in_process(const std::function<bool()>& work, const std::string& errors) {
-    return wait_for(start_process([&] {
-        if (!errors.empty()) {
-            ::dup2(::open(errors.c_str(), O_WRONLY | O_CREAT | O_TRUNC, 0600), STDERR_FILENO);
-        }
-        return work();
-    }));
+int run_in_process(const std::function<bool()>& work) {
+    return wait_for(start_process(work));
+}
+
+void run_in_threads(const std::function<void(int number)>& work) {
+    std::vector<std::thread> threads;
+    for (int number = 0; number < 4; ++number) {
+        threads.emplace_back(work, number);
+    }
+    for (std::thread& thread : threads) {
+        thread.join();
+    }
 }
 
 std::string read_bytes(const std::string& path) {
     std::ifstream file(path, std::ios::binary);
     return {std::istreambuf_iterator<char>(file), {}};
-}
-
-void write_bytes(const std::string& path, const std::string& bytes) {
-    std::ofstream(path, std::ios::binary) << bytes;
-}
-
-std::vector<std::string> lines_of(const std::string& path) {
-    std::ifstream file(path);
-    std::vector<std::string> lines;
-    for (std::string line; std::getline(file, line);) {
-        lines.push_back(line);
-    }
-    return lines;
 }

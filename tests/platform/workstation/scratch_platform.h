@@ -25,11 +25,11 @@ private:
 pid_t start_process(const std::function<bool()>& work);
 /** @return the exit status, or minus the signal that ended the process */
 int wait_for(pid_t process);
-/** @param errors  file that takes the process's standard error; the test's own when empty */
-int run_in_process(const std::function<bool()>& work, const std::string& errors = {});
+int run_in_process(const std::function<bool()>& work);
+
+/** Runs @p work in four threads at once, with the numbers 0 to 3. */
+void run_in_threads(const std::function<void(int number)>& work);
 
 std::string read_bytes(const std::string& path);
-void write_bytes(const std::string& path, const std::string& bytes);
-std::vector<std::string> lines_of(const std::string& path);
 
 #endif

