@@ -170,7 +170,8 @@ area draw_screen_parts(svg_canvas& canvas, int figure, const std::string& glyph,
     const int marked = (figure * 5 + 1) % (columns * rows);
     area found = inner;
     for (int i = 0; i < columns * rows; ++i) {
-        const area part{inner.x + w * (i % columns) + 3, inner.y + h * (i / columns) + 3, w - 6, h - 6};
+        const int row = i / columns;
+        const area part{inner.x + w * (i % columns) + 3, inner.y + h * row + 3, w - 6, h - 6};
         canvas.rect(part, 4,
                     {i == marked ? colors.accent : "", i == marked ? colors.surface : colors.raised, 3});
         const double size = std::min(part.width, part.height) - 6;

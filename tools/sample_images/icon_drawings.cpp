@@ -34,7 +34,7 @@ const std::map<picture_mark, mark_sign> SIGNS = {
 void draw_ring(svg_canvas& canvas, double phase, const palette& colors) {
     for (int i = 0; i < 8; ++i) {
         const double angle = i * PI / 4 - PI / 2;
-        const int age = (static_cast<int>(phase * 8 + 0.5) - i + 16) % 8;
+        const int age = (static_cast<int>(std::lround(phase * 8)) - i + 16) % 8;
         const std::string& color = age == 0 ? colors.foreground : age < 3 ? colors.accent : colors.line;
         canvas.circle(BADGE_PLACE + 6.5 * std::cos(angle), BADGE_PLACE + 6.5 * std::sin(angle), 1.7,
                       {"", color});

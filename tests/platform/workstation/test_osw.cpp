@@ -28,6 +28,7 @@ TEST(test_osw, guards_exclude_other_threads_and_timers_have_numbers_of_their_own
             }
             const OSW_Timer_Control timer(0x24000);
             std::uint32_t id = 0;
+            // NOLINTNEXTLINE(bugprone-undefined-memory-manipulation): its first bytes are the promise
             std::memcpy(&id, &timer, sizeof id);
             const OSW_Thread_Guard outer;
             const OSW_Thread_Guard inner; // the same thread may take it again

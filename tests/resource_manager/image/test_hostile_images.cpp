@@ -11,7 +11,7 @@ namespace fs = std::filesystem;
 
 namespace {
 
-const long MEMORY_ALLOWANCE = 384 * 1024; // kilobytes beyond what was used before
+const long MEMORY_ALLOWANCE = 384L * 1024; // kilobytes beyond what was used before
 
 long peak_memory() {
     rusage usage;

@@ -82,7 +82,7 @@ TEST(sample_images, faults_of_the_pictograms_are_reported) {
     folder.write("glyphs.tsv", "words\tdrawing\na\tl M0 0h9\nb,a\tl M0 0h9\nc\tl o 1 2\nd\tx M0 0\n");
     std::ostringstream output;
     diagnostics report(output);
-    const glyph_book read(folder.path("glyphs.tsv"), report);
+    EXPECT_FALSE(glyph_book(folder.path("glyphs.tsv"), report).has("c"));
     const std::string file = folder.path("glyphs.tsv");
     EXPECT_EQ(output.str(), file + ":3: error: the word \"a\" has a pictogram already\n" + file +
                                 ":4: error: the shape \"l o 1 2\" is not understood\n" + file +

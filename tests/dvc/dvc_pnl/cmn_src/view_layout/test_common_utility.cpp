@@ -28,7 +28,7 @@ TEST(dip2pixel, tables_hold_what_the_floating_point_rule_gives) {
     for (int dp = 0; dp <= 1024; ++dp) {
         SCOPED_TRACE(dp);
         EXPECT_EQ(utility::dip2pixel(dp, FLOOR), static_cast<int>(dp * factor));
-        EXPECT_EQ(utility::dip2pixel(dp, CEIL), static_cast<int>(dp * factor + 0.5));
+        EXPECT_EQ(utility::dip2pixel(dp, CEIL), static_cast<int>(std::floor(dp * factor + 0.5)));
         EXPECT_EQ(utility::dip2pixel(dp, ROUND), static_cast<int>(std::round(dp * factor)));
     }
 }
