@@ -182,7 +182,7 @@ TEST_F(test_data_file_store, wrong_handles_and_arguments_are_refused) {
     char byte = '#';
     std::uint32_t count = 77;
     DVU_DIO_HANDLE handle = nullptr;
-    for (DVU_DIO_HANDLE wrong : {handle, DVU_DIO_HANDLE(&byte)}) {
+    for (DVU_DIO_HANDLE wrong : std::initializer_list<DVU_DIO_HANDLE>{handle, &byte}) {
         EXPECT_EQ(PLATFORM_BAD_HANDLE, dvu_dio_fread(&byte, 1, wrong, &count));
         EXPECT_EQ(0U, count);
         EXPECT_EQ(PLATFORM_BAD_HANDLE, dvu_dio_fwrite(&byte, 1, wrong, &count));
