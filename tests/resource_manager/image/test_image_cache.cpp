@@ -12,11 +12,13 @@ namespace {
 
 using velarion::dvc_pnl_rmg_image_cache;
 
-/** A cache, and copies by which it shows whose pixmaps live. Needs pixmaps of 32 bits for each pixel. */
+/** A cache, and copies by which it shows whose pixmaps live. Holds for pixmaps of 16 and of 32 bits a pixel.
+ */
 class image_cache : public testing::Test {
 protected:
     bool insert(const std::string& key, int kilobytes) {
-        QPixmap* pixmap = new QPixmap(256, kilobytes);
+        QPixmap* pixmap = new QPixmap(width_, kilobytes);
+        pixmap->fill(Qt::transparent); // the same depth as the one that was measured
         witnesses_[key] = *pixmap;
         return cache_->dvc_pnl_rmg_image_insert(name(key), pixmap, 0);
     }
@@ -30,10 +32,17 @@ protected:
     }
     QPixmap* find(const std::string& key) { return cache_->dvc_pnl_rmg_image_get_pixmap(name(key)); }
 
+    /** Pixels of one kilobyte. */
+    static int measured_width() {
+        QPixmap pixmap(1, 1);
+        pixmap.fill(Qt::transparent);
+        return 8 * 1024 / pixmap.depth();
+    }
     static QString name(const std::string& key) { return QString::fromLatin1(key.c_str()); }
 
     std::unique_ptr<dvc_pnl_rmg_image_cache> cache_{new dvc_pnl_rmg_image_cache};
     std::map<std::string, QPixmap> witnesses_;
+    const int width_ = measured_width();
 };
 
 } // namespace
