@@ -75,7 +75,7 @@ private:
         const QRect frame(corner, QSize(grid_.picture, grid_.picture));
         const delivered_image image = session_.request(QString::number(row.image_id), QString(), QSize(0, 0));
         if (image.result == velarion::DVC_PNL_RMG_IMAGE_OK) {
-            draw_picture(painter, frame, row, image.pixmap.size());
+            draw_picture(painter, frame, row, image.pixmap);
         } else {
             painter.fillRect(frame, SURFACE);
             painter.setPen(FAINT);
@@ -87,13 +87,20 @@ private:
                          QStringLiteral("%1 %2").arg(row.image_id).arg(QString::fromUtf8(row.file_name)));
     }
 
-    /** At the largest size inside the frame that keeps the picture's shape; never larger than a bitmap is. */
+    /**
+     * At the largest size inside the frame that keeps the picture's shape. A larger picture is shrunk as it
+     * looks at its own size: drawn smaller, the lines of a component, which keep their width, would cover
+     * each other.
+     */
     void draw_picture(QPainter& painter, const QRect& frame, const DVC_PNL_RMG_IMPL_IMAGE_NAME& row,
-                      const QSize& natural_size) {
-        const QSize size = natural_size.scaled(frame.size(), Qt::KeepAspectRatio).expandedTo(QSize(1, 1));
-        const delivered_image image = session_.request(QString::number(row.image_id), QString(), size);
+                      const QPixmap& natural) {
+        const QSize size = natural.size().scaled(frame.size(), Qt::KeepAspectRatio).expandedTo(QSize(1, 1));
+        const bool is_larger = natural.width() > size.width();
+        const QPixmap picture = is_larger
+                                    ? natural.scaled(size, Qt::IgnoreAspectRatio, Qt::SmoothTransformation)
+                                    : session_.request(QString::number(row.image_id), QString(), size).pixmap;
         const QPoint centre((frame.width() - size.width()) / 2, (frame.height() - size.height()) / 2);
-        painter.drawPixmap(frame.topLeft() + centre, image.pixmap);
+        painter.drawPixmap(frame.topLeft() + centre, picture);
     }
 
     image_session& session_;
