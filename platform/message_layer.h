@@ -38,7 +38,7 @@ public:
      * another thread that is under way, and 5 ms at most beyond that.
      *
      * @param name  the service's name, ended by NUL
-     * @param mode  0
+     * @param mode  1; means nothing on a workstation
      * @return non-zero when the named service is ready to take messages
      */
     static long bmc_mc_check_facade(const char* name, long mode);
@@ -47,7 +47,7 @@ public:
      * Sends a request and waits for its reply; on a workstation three seconds at most, once the requests of
      * other threads are over. Any thread.
      *
-     * @param mode      0
+     * @param mode      1; means nothing on a workstation
      * @param func_id   what is asked, in 32 bits
      * @param send_buf  the request; its first 72 bytes are room for the message layer's header and not read
      * @param send_len  bytes of it, 72 at least
