@@ -102,6 +102,18 @@ TEST_F(language_resource, text_of_a_message_by_language) {
     }
 }
 
+TEST_F(language_resource, every_text_of_every_language_comes_out) {
+    for (int i = 0; i < dvc_pnl_rmg_imple_message_table_size; ++i) {
+        const DVC_PNL_RMG_IMPL_MESSAGE& message = dvc_pnl_rmg_impl_message_table[i];
+        const std::string key = std::to_string(message.message_id);
+        for (int column = 0; column < DVC_PNL_RMG_STANDARD_LANGUAGE_COUNT; ++column) {
+            ASSERT_EQ(text_of(key, standard_language_id_table[column]),
+                      standard_language_message_table[message.message_table_index][column])
+                << key;
+        }
+    }
+}
+
 TEST_F(language_resource, missing_messages_are_empty_or_show_their_keys) {
     const std::string keys[] = {"0", "-1", "31396", "432", "2147483647", "-2147483648", "no_such_file"};
     for (const std::string& key : keys) {
