@@ -17,7 +17,8 @@ public:
     virtual ~facade_template();
 
     /**
-     * Called by the platform, on a thread of its own, with each message that it receives. Does nothing here.
+     * Called by the platform, on a thread of the platform, with each message that it receives. Does nothing
+     * here.
      *
      * @param func_id     what the message says
      * @param rcv_buf     the message, header included: @p rcv_buflen bytes, which stay the platform's and are

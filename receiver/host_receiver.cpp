@@ -110,8 +110,8 @@ void host_receiver::take_key_event(std::uint32_t number, int key, int status) {
 
 void host_receiver::register_all() {
     waiting_.clear();
-    for (const ENTRY& entry : entries_) {
-        waiting_.push_back(entry.observer);
+    for (auto entry = entries_.rbegin(); entry != entries_.rend(); ++entry) { // taken from the end
+        waiting_.push_back(entry->observer);
     }
     register_waiting();
 }

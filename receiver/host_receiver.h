@@ -63,7 +63,7 @@ private:
     void register_waiting();
 
     std::vector<ENTRY> entries_;
-    std::vector<velarion::dvc_pnl_dec_key_event_observer*> waiting_; ///< to be registered anew
+    std::vector<velarion::dvc_pnl_dec_key_event_observer*> waiting_; ///< to be registered; the last first
     QObject event_loop_; ///< what waits in the event loop for it is dropped when it is destroyed
 };
 

@@ -24,8 +24,7 @@ constexpr int DVC_PNL_RMG_RESULT_IO_ERROR = 0x53023005;
 /** An external image cannot be decoded or is already registered. */
 constexpr int DVC_PNL_RMG_RESULT_IMAGE_ERROR = 0x53023006;
 
-/** While this environment variable exists, missing texts and pictures come out as something that can be seen.
- */
+/** While this environment variable exists, missing texts and pictures come out as something to be seen. */
 constexpr char DVC_PNL_RMG_TEST_AID[] = "TEST_ICON_MESSAGE";
 
 } // namespace velarion

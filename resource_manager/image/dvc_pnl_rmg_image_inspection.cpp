@@ -78,8 +78,7 @@ QString reference_of(const QXmlStreamReader& reader) {
     return reader.attributes().value(QLatin1String("xlink:href")).toString();
 }
 
-/** The element of which an element is drawn or built, as the toolkit reads the reference; empty without one.
- */
+/** The element that an element draws or builds on, as the toolkit reads the reference; empty without one. */
 QString target_of(const QXmlStreamReader& reader) {
     const QString kind = reader.name().toString();
     const QString reference = reference_of(reader);

@@ -31,7 +31,7 @@ bool dvc_pnl_rmg_is_drawable_svg_file(const QString& path);
 /**
  * @return false for what would exhaust the stack, the memory or the patience of whoever draws it: deep
  *         nesting, references in a circle or multiplying, entities that do, large bitmaps within,
- * compression. True otherwise, also for what is no SVG document at all.
+ *         compression. True otherwise, also for what is no SVG document at all.
  */
 bool dvc_pnl_rmg_is_drawable_svg(const QByteArray& document);
 

@@ -25,8 +25,8 @@ public:
     static const std::uint32_t OPTION_LANGUAGE_MEMBER[5]; ///< setting ids of the slots 1 to 5
     static const int OPTION_LANGUAGE_MEMBER_NUM;          ///< number of slots
     /**
-     * A pack lies in the folder of its language id below OPT_BASE_PATH; the next paths and names are in
-     * there.
+     * A pack lies in the folder of its language id below OPT_BASE_PATH; the paths and names that follow are
+     * in there, but for TMP_FONTS_PATH, where fonts are linked.
      */
     static const std::string OPT_BASE_PATH;
     static const std::string NAME_LIB_OPT_LANG;

@@ -65,20 +65,24 @@ using test_host_receiver = scratch_service;
 
 TEST_F(test_host_receiver, observers_are_told_by_each_service_that_is_started) {
     host_receiver receiver;
+    test_observer first;
     test_observer observer;
+    observer.on_event = [&] { EXPECT_EQ(observer.events().size(), first.events().size()); };
     const panel_platform::message_delivery delivery(receiver, DVC_PNL_DEC_SERVICE_NAME);
-    EXPECT_EQ(-1, receiver.add_observer(&observer)); // no service yet
+    EXPECT_EQ(-1, receiver.add_observer(&first)); // no service yet
+    EXPECT_EQ(-1, receiver.add_observer(&observer));
     EVENTS expected;
     for (const int key : {30, 255}) {
         SCOPED_TRACE(key);
         service_process service;
-        while (ask_service(CONTROL_KEY_EVENT, {key, 1}).records.at(0).value == 0) { // not registered yet
+        while (ask_service(CONTROL_KEY_EVENT, {key, 1}).records.at(0).value < 2) { // not registered yet
             QCoreApplication::processEvents();
         }
         ask_service(CONTROL_KEY_EVENT, {key, 0});
         expected.insert(expected.end(), {{key, 1}, {key, 0}});
         EXPECT_EQ(expected, observer.wait_for(expected.size()));
     }
+    receiver.forget_observer(&first);
     receiver.forget_observer(&observer);
 }
 

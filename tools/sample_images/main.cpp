@@ -105,8 +105,8 @@ int run(const option_values& options) {
 
 int main(int argc, char** argv) {
     const QCoreApplication application(argc, argv);
-    std::setlocale(LC_NUMERIC,
-                   "C"); // a document's numbers have a decimal point, whatever the user's language
+    // A document's numbers have a decimal point, whatever the user's language.
+    std::setlocale(LC_NUMERIC, "C");
     const QStringList arguments = QCoreApplication::arguments();
     if (arguments.contains("--help") || arguments.contains("-h")) {
         std::cout << HELP;

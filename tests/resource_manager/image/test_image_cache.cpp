@@ -12,8 +12,7 @@ namespace {
 
 using velarion::dvc_pnl_rmg_image_cache;
 
-/** A cache, and copies by which it shows whose pixmaps live. Holds for pixmaps of 16 and of 32 bits a pixel.
- */
+/** A cache, and copies by which it shows whose pixmaps live. Holds for pixmaps of 16 and of 32 bits. */
 class image_cache : public testing::Test {
 protected:
     bool insert(const std::string& key, int kilobytes) {

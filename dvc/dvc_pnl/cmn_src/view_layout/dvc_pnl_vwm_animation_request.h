@@ -13,8 +13,7 @@ enum DVC_PNL_VWM_ANIMATION_TYPE : std::int32_t { DVC_PNL_VWM_ANIMATION_TYPE_DEFA
 /** The direction of an animation. Values beyond the default belong to the user interface. */
 enum DVC_PNL_VWM_ANIMATION_DIRECTION : std::int32_t { DVC_PNL_VWM_ANIMATION_DIRECTION_DEFAULT = 0 };
 
-/** What the user interface asks of an animation. A value, for any thread: any stored number is kept as it is.
- */
+/** What the user interface asks of an animation. A value of any thread: a stored number is kept as it is. */
 class DVC_PNL_EXPORT dvc_pnl_vwm_animation_request {
 public:
     /** The default of both. */
