@@ -2,6 +2,7 @@
 
 #include "dvc_pnl_common_utility.h"
 #include "dvc_pnl_rmg_data_file_access.h"
+#include "dvc_pnl_rmg_file_guard.h"
 #include "dvc_pnl_rmg_language_setting_manager.h"
 #include "dvc_pnl_rmg_option_language_attribute_manager.h"
 #include "dvc_pnl_rmg_property.h"
@@ -17,6 +18,7 @@
 #include <cstdio>
 #include <cstdlib>
 #include <memory>
+#include <new>
 
 namespace velarion {
 
@@ -169,6 +171,9 @@ int dvc_pnl_rmg_language_resource::dvc_pnl_rmg_get_message_data(const char* file
         return DVC_PNL_RMG_RESULT_INVALID_ARGUMENT;
     }
     const std::string path = resource_dir_.toUtf8().constData() + std::string(file_name);
+    if (dvc_pnl_rmg_is_pipe_or_device(path.c_str())) {
+        return DVC_PNL_RMG_RESULT_NOT_FOUND;
+    }
     const FILE_POINTER file(std::fopen(path.c_str(), "r"), std::fclose);
     if (!file) {
         return DVC_PNL_RMG_RESULT_NOT_FOUND;
@@ -177,11 +182,13 @@ int dvc_pnl_rmg_language_resource::dvc_pnl_rmg_get_message_data(const char* file
     if (!get_file_size(path.c_str(), size)) {
         return DVC_PNL_RMG_RESULT_IO_ERROR;
     }
-    std::string buffer(size, '\0');
-    if (std::fread(&buffer[0], 1, size, file.get()) == 0) {
+    const std::unique_ptr<char[]> buffer(new (std::nothrow) char[size + 1]);
+    const std::size_t count = buffer ? std::fread(buffer.get(), 1, size, file.get()) : 0;
+    if (count == 0) {
         return DVC_PNL_RMG_RESULT_IO_ERROR;
     }
-    text.insert(0, buffer.c_str());
+    buffer[count] = '\0';
+    text.insert(0, buffer.get());
     return DVC_PNL_RMG_RESULT_OK;
 }
 

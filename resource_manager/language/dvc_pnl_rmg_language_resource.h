@@ -39,6 +39,9 @@ public:
      * A setting that cannot be read leaves its member of the selection at 0, and then no direction is
      * applied.
      *
+     * Create it before any widget: applying the direction sends LayoutDirectionChange to the widgets that
+     * exist, while dvc_pnl_rmg_get_instance() still returns null.
+     *
      * @return the instance, owned by the class
      */
     static dvc_pnl_rmg_language_resource* dvc_pnl_rmg_create_instance();
@@ -77,8 +80,8 @@ public:
      *                   on failure
      * @param error      0 when the name is null or empty; otherwise unchanged
      * @return DVC_PNL_RMG_RESULT_OK; DVC_PNL_RMG_RESULT_INVALID_ARGUMENT for a null or empty name;
-     *         DVC_PNL_RMG_RESULT_NOT_FOUND when the file cannot be opened; DVC_PNL_RMG_RESULT_IO_ERROR
-     *         when it cannot be read, is empty or is longer than a text can be
+     *         DVC_PNL_RMG_RESULT_NOT_FOUND when the file cannot be opened or is a pipe or device;
+     *         DVC_PNL_RMG_RESULT_IO_ERROR when it cannot be read, is empty or does not fit the memory
      */
     int dvc_pnl_rmg_get_message_data(const char* file_name, std::string& text, int& error);
 

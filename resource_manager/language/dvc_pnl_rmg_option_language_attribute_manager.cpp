@@ -1,5 +1,7 @@
 #include "dvc_pnl_rmg_option_language_attribute_manager.h"
 
+#include "dvc_pnl_rmg_file_guard.h"
+#include "dvc_pnl_rmg_font_link.h"
 #include "dvc_pnl_rmg_property.h"
 #include "dvc_pnl_rmg_setting_id.h"
 #include "dvc_pnl_utl_toolkit.h"
@@ -13,9 +15,7 @@
 
 #include <dirent.h>
 #include <sys/stat.h>
-#include <unistd.h>
 
-#include <cstdio>
 #include <memory>
 
 namespace velarion {
@@ -52,16 +52,6 @@ bool is_font_file_name(const std::string& name) {
         c = to_ascii_upper(c);
     }
     return extension == dvc_pnl_rmg_option_language_attribute_manager::FONT_FILE_EXT;
-}
-
-/** Makes the link under a name of this process and moves it into place: readers never miss it. */
-void replace_link(const std::string& target, const std::string& directory, const std::string& name) {
-    const std::string temporary = directory + ".new-link-" + std::to_string(getpid());
-    unlink(temporary.c_str());
-    if (symlink(target.c_str(), temporary.c_str()) == 0 &&
-        std::rename(temporary.c_str(), (directory + name).c_str()) != 0) {
-        unlink(temporary.c_str());
-    }
 }
 
 bool is_right_to_left_line(const QString& line) {
@@ -123,8 +113,10 @@ void dvc_pnl_rmg_option_language_attribute_manager::dvc_pnl_rmg_initialize_optio
 }
 
 void dvc_pnl_rmg_option_language_attribute_manager::load_pack(int slot, const std::string& directory) {
+    const std::string path = directory + NAME_LIB_OPT_LANG;
     void* library = nullptr;
-    if (emwOSWLoadLibrary(&library, (directory + NAME_LIB_OPT_LANG).c_str()) != 0 || library == nullptr) {
+    if (!dvc_pnl_rmg_is_safe_to_load(path.c_str()) || emwOSWLoadLibrary(&library, path.c_str()) != 0 ||
+        !library) {
         return;
     }
     valid_function_map_[slot] = get_pack_function<VALID_FUNCTION>(library, SYMBOL_IS_VALID_OPT_LANG);
@@ -143,7 +135,7 @@ void dvc_pnl_rmg_option_language_attribute_manager::make_link_for_fonts(std::str
         const std::string name = entry->d_name;
         const std::string path = directory + name;
         if (is_regular_file(path) && is_font_file_name(name)) {
-            replace_link(path, TMP_FONTS_PATH, name);
+            dvc_pnl_rmg_make_font_link(path, TMP_FONTS_PATH, name);
         }
     }
 }
@@ -219,8 +211,9 @@ int dvc_pnl_rmg_option_language_attribute_manager::get_option_language_layout_di
     if (directory.empty()) {
         return 1;
     }
-    QFile file(dvc_pnl_utl_from_8bit((directory + OPT_ATTRIBUTE_FILE).c_str()));
-    if (!file.open(QIODevice::ReadOnly | QIODevice::Text)) {
+    const std::string path = directory + OPT_ATTRIBUTE_FILE;
+    QFile file(dvc_pnl_utl_from_8bit(path.c_str()));
+    if (dvc_pnl_rmg_is_pipe_or_device(path.c_str()) || !file.open(QIODevice::ReadOnly | QIODevice::Text)) {
         return 1;
     }
     QTextStream lines(&file);

@@ -17,8 +17,9 @@ namespace velarion {
  * settings.
  *
  * A language is valid when a slot names it, whether or not its pack loads: without a pack its texts and
- * its font family come out null. Texts belong to the pack and are to be copied at once. No operation
- * reports an error. The language resource owns the one instance; GUI thread only.
+ * its font family come out null. A pack's library is not loaded when it is cut short or no regular file.
+ * Texts belong to the pack and are to be copied at once. No operation reports an error. The language
+ * resource owns the one instance; GUI thread only.
  */
 class DVC_PNL_EXPORT dvc_pnl_rmg_option_language_attribute_manager {
 public:
@@ -55,7 +56,8 @@ public:
     void dvc_pnl_rmg_initialize_option_language();
 
     /**
-     * Links every font file of a directory into "/tmp/fonts/", replacing links of the same name.
+     * Links every font file of a directory into "/tmp/fonts/", replacing files and links of the same name. A
+     * font that lies in "/tmp/fonts/" itself, or is a link to its own place there, is left alone.
      *
      * Font files are regular files, or links to such, whose names end in ".ttf" in any letter case
      * after at least one character.

@@ -5,7 +5,12 @@
 
 #include <QApplication>
 
+#include <sys/stat.h>
+
+#include <array>
+#include <cstdlib>
 #include <filesystem>
+#include <map>
 #include <set>
 
 using namespace velarion;
@@ -28,6 +33,34 @@ std::set<std::string> font_links() {
     }
     return names;
 }
+
+/** What stands in the folder of links and in the pack's: links by their targets. */
+std::map<std::string, std::string> entries_of_fonts() {
+    std::map<std::string, std::string> entries;
+    for (const std::string folder : {"/tmp/fonts", "/tmp/pack"}) {
+        for (const auto& entry : fs::recursive_directory_iterator(folder)) {
+            entries[entry.path()] = entry.is_symlink() ? fs::read_symlink(entry).string() : "";
+        }
+    }
+    return entries;
+}
+
+/** The headers of small libraries that end with their last byte: a segment, or two sections, the first
+ * without bytes. */
+const struct {
+    int elf_class; // 1: 32 bits, 2: 64 bits
+    std::size_t size;
+    std::vector<std::array<std::size_t, 3>> numbers; // position, width, value
+} LIBRARIES[] = {
+    {1, 86, {{28, 4, 52}, {42, 2, 32}, {44, 2, 1}, {52, 4, 1}, {56, 4, 84}, {68, 4, 2}}},
+    {2, 122, {{32, 8, 64}, {54, 2, 56}, {56, 2, 1}, {64, 4, 1}, {72, 8, 120}, {96, 8, 2}}},
+    {1,
+     132,
+     {{32, 4, 52}, {46, 2, 40}, {48, 2, 2}, {56, 4, 8}, {72, 4, 1U << 30}, {96, 4, 1}, {112, 4, 132}}},
+    {2,
+     192,
+     {{40, 8, 64}, {58, 2, 64}, {60, 2, 2}, {68, 4, 8}, {96, 8, 1U << 30}, {132, 4, 1}, {160, 8, 192}}},
+};
 
 /** The path that an operation makes of "kb.txt"; both numbers must come out as 0. */
 template <typename OPERATION, typename... ID> std::string path_of(OPERATION operation, ID... id) {
@@ -122,6 +155,47 @@ TEST_F(attribute_managers, a_pack_that_does_not_load_leaves_a_valid_language_wit
     }
 }
 
+TEST_F(attribute_managers, a_pack_library_that_is_cut_short_or_no_file_is_not_handed_to_the_loader) {
+    const std::string library = "/mnt/optlang/86/panel/liboptlang/libOptLang.so";
+    set_slot(1, 86);
+    const auto expect_handed_on = [&](bool is_handed_on, const std::string& name) {
+        platform_.forget_calls();
+        const option_manager packs;
+        EXPECT_EQ(platform_.count("emwOSWLoadLibrary"), is_handed_on ? 1U : 0U) << name;
+    };
+    for (const int kind : {S_IFDIR, S_IFIFO}) {
+        place_special_file(library, kind);
+        expect_handed_on(false, std::to_string(kind));
+    }
+    fs::remove(library);
+    for (const std::string& no_elf : {std::string(),
+                                      std::string("\x7F"
+                                                  "EL"),
+                                      std::string(64, 'x')}) {
+        write_file(library, no_elf);
+        expect_handed_on(true, no_elf);
+    }
+    for (const auto& row : LIBRARIES) {
+        for (const int byte_order : {1, 2}) {
+            std::string whole = "\x7F"
+                                "ELF" +
+                                std::string{char(row.elf_class), char(byte_order)};
+            whole.resize(row.size);
+            for (const auto& [position, width, value] : row.numbers) {
+                for (std::size_t i = 0; i < width; ++i) {
+                    whole[position + (byte_order == 1 ? i : width - 1 - i)] =
+                        static_cast<char>(value >> 8 * i);
+                }
+            }
+            for (std::size_t size = 16; size <= whole.size(); ++size) {
+                write_file(library, whole.substr(0, size));
+                expect_handed_on(size == whole.size(),
+                                 std::to_string(row.size) + ", " + std::to_string(size));
+            }
+        }
+    }
+}
+
 TEST_F(attribute_managers, initialising_again_follows_the_slots_and_links_no_fonts) {
     fs::create_directories("/tmp/fonts");
     set_slot(1, 86);
@@ -151,7 +225,12 @@ TEST_F(attribute_managers, an_unknown_option_language_has_no_folder) {
 TEST_F(attribute_managers, direction_follows_the_attribute_file) {
     set_slot(1, 972);
     option_manager packs;
-    EXPECT_EQ(packs.get_option_language_layout_direction(972), 1) << "no file";
+    const std::string attributes = "/mnt/optlang/972/panel/attr/opt_attribute.txt";
+    for (const int kind : {0, S_IFDIR, S_IFIFO}) {
+        place_special_file(attributes, kind);
+        EXPECT_EQ(packs.get_option_language_layout_direction(972), 1) << kind;
+    }
+    fs::remove(attributes);
     const struct {
         const char* contents;
         int direction;
@@ -161,31 +240,58 @@ TEST_F(attribute_managers, direction_follows_the_attribute_file) {
         {"x=1\n\n=\nil_ae=1\n", 1},
     };
     for (const auto& row : rows) {
-        write_file("/mnt/optlang/972/panel/attr/opt_attribute.txt", row.contents);
+        write_file(attributes, row.contents);
         EXPECT_EQ(packs.get_option_language_layout_direction(972), row.direction) << row.contents;
     }
 }
 
-TEST_F(attribute_managers, fonts_of_packs_are_linked_by_name_and_the_highest_language_wins) {
-    const std::string low = "/mnt/optlang/86/panel/optfonts/";
-    const std::string high = "/mnt/optlang/886/panel/optfonts/";
-    for (const char* name :
-         {"A.TTF", "b.ttf", "c.otf", ".ttf", "$(touch harm) ;'.ttf", "f.ttf.bak", "g.tTf"}) {
-        write_file(low + name, "font");
-    }
-    write_file(high + "b.ttf", "font");
-    fs::create_directory(low + "d.ttf");
-    fs::create_symlink("b.ttf", low + "e.ttf");
-    fs::create_symlink("nowhere", low + "dangling.ttf");
+TEST_F(attribute_managers, a_font_of_the_highest_language_wins) {
     fs::create_directories("/tmp/fonts");
-    fs::create_symlink("/nowhere", "/tmp/fonts/b.ttf");
+    for (const std::string id : {"86", "886", "9"}) {
+        write_file("/mnt/optlang/" + id + "/panel/optfonts/b.ttf", "font");
+    }
     set_slot(1, 886);
     set_slot(2, 86);
     const option_manager packs;
-    const std::set<std::string> expected = {"A.TTF", "b.ttf", "e.ttf", "g.tTf", "$(touch harm) ;'.ttf"};
-    EXPECT_EQ(font_links(), expected);
-    EXPECT_EQ(fs::read_symlink("/tmp/fonts/b.ttf"), high + "b.ttf");
-    EXPECT_EQ(fs::read_symlink("/tmp/fonts/e.ttf"), low + "e.ttf");
+    EXPECT_EQ(fs::read_symlink("/tmp/fonts/b.ttf"), "/mnt/optlang/886/panel/optfonts/b.ttf");
+}
+
+TEST_F(attribute_managers, fonts_are_linked_as_the_command_does_it_but_never_to_themselves) {
+    const struct {
+        const char* setup; // in the folder of fonts, $p, and beside it that of links, $f
+        const char* directory;
+        bool is_as_command; // otherwise nothing changes
+    } rows[] = {
+        {"touch A.TTF b.ttf c.otf .ttf f.ttf.bak g.tTf .h.ttf; mkdir d.ttf", "$p/", true},
+        {R"(touch -- " a'\"\$(touch harm) ;\`b.ttf" "-n
+.ttf")",
+         "$p/", true},
+        {"touch a.ttf; ln -s a.ttf b.ttf; ln -s none c.ttf; ln -s $p/b.ttf $f/a.ttf", "$p/", true},
+        {"touch a.ttf b.ttf c.ttf; ln a.ttf $f; ln -s $p/b.ttf $f; ln -s /none $f/c.ttf", "$p/", true},
+        {"touch a.ttf b.ttf; mkdir -p $f/a.ttf $f/b.ttf/b.ttf", "$p/", true},
+        {"touch a.ttf; mkdir other; ln -s $p/other $f/a.ttf", "$p/", true},
+        {"touch $f/a.ttf; ln -s $f/a.ttf $p", "$p/", true},
+        {"touch a.ttf $f/a.ttf; ln -s $p/a $f/.new-link-$PPID; mkdir $f/.new-link-$PPID-0", "$p/", true},
+        {"touch $f/a.ttf", "$f/", true},
+        {"touch a.ttf; ln -s $p/a.ttf $f", "$f/", false},
+        {"touch $f/a.ttf; ln $f/a.ttf $f/b; ln -s $f fonts", "$p/fonts/", false},
+        {"touch a; ln -s ../pack/a $f/a.ttf; ln -s $f/a.ttf $p", "$p/", false},
+    };
+    const std::string folders = "p=/tmp/pack; f=/tmp/fonts; rm -rf $p $f; mkdir -p $p $f; cd $p; ";
+    for (const auto& row : rows) {
+        SCOPED_TRACE(row.setup);
+        const std::string links =
+            "; d=" + std::string(row.directory) +
+            "; for i in $d* $d.[!.]*; do case ${i##*/} in ?*.[tT][tT][fF]) [ -f \"$i\" ] && "
+            "ln -fs \"$i\" \"$f/${i##*/}\" 2>/dev/null; esac; done; true";
+        EXPECT_EQ(std::system((folders + row.setup + (row.is_as_command ? links : "")).c_str()), 0);
+        const std::map<std::string, std::string> expected = entries_of_fonts();
+        EXPECT_EQ(std::system((folders + row.setup).c_str()), 0);
+        std::string directory = row.directory;
+        directory.replace(0, 2, directory[1] == 'f' ? "/tmp/fonts" : "/tmp/pack");
+        option_manager().make_link_for_fonts(directory);
+        EXPECT_EQ(entries_of_fonts(), expected);
+    }
 }
 
 TEST_F(language_files, fonts_of_standard_option_and_unknown_languages) {

@@ -4,7 +4,10 @@
 
 #include <QApplication>
 
+#include <sys/stat.h>
+
 #include <cstdlib>
+#include <filesystem>
 #include <map>
 
 using namespace velarion;
@@ -131,6 +134,8 @@ TEST_F(language_resource, message_data_goes_before_what_the_text_held) {
     write_file("/mnt/sheetext/a", std::string("caf\xE9\0y", 6));
     write_file("/mnt/sheetext/sub/12", "below");
     write_file("/mnt/sheetext/empty", "");
+    place_special_file("/mnt/sheetext/pipe", S_IFIFO);
+    std::filesystem::create_symlink("/dev/zero", "/mnt/sheetext/device");
     const struct {
         const char* file;
         int result;
@@ -140,6 +145,8 @@ TEST_F(language_resource, message_data_goes_before_what_the_text_held) {
         {nullptr, DVC_PNL_RMG_RESULT_INVALID_ARGUMENT, "-", 0},
         {"", DVC_PNL_RMG_RESULT_INVALID_ARGUMENT, "-", 0},
         {"missing", DVC_PNL_RMG_RESULT_NOT_FOUND, "-", 4711},
+        {"pipe", DVC_PNL_RMG_RESULT_NOT_FOUND, "-", 4711},
+        {"device", DVC_PNL_RMG_RESULT_NOT_FOUND, "-", 4711},
         {"empty", DVC_PNL_RMG_RESULT_IO_ERROR, "-", 4711},
         {"sub", DVC_PNL_RMG_RESULT_IO_ERROR, "-", 4711},
         {"a", DVC_PNL_RMG_RESULT_OK, "caf\xE9-", 4711},
