@@ -4,6 +4,7 @@ set(PANEL_VIEW_DEVICE_DIR "${PROJECT_BINARY_DIR}/device")
 # panel_view_add_option_pack(FOLDER): builds the option language pack of a source folder named like its
 # language id, into the device tree. PANEL_VIEW_OPTION_PACK_TARGET receives the target that does it.
 function(panel_view_add_option_pack folder)
+    string(REGEX REPLACE "/+$" "" folder "${folder}")
     cmake_path(GET folder FILENAME id)
     set(output "${CMAKE_CURRENT_BINARY_DIR}/packs/${id}")
     set(pack_directory "${PANEL_VIEW_DEVICE_DIR}/mnt/optlang/${id}")

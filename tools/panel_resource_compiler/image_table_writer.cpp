@@ -4,7 +4,7 @@
 
 bool write_image_table(const std::vector<catalogue_image>& images, const std::string& folder,
                        std::string& fault) {
-    source_writer writer(folder + "/image_name_table.cpp");
+    source_writer writer(folder, "image_name_table.cpp");
     std::ostream& out = writer.stream();
     out << "// Made by panel_resource_compiler from the image list; changes are lost.\n"
            "#include \"dvc_pnl_rmg_image_name_table.h\"\n\n"

@@ -4,6 +4,7 @@
 #include "message_catalogue.h"
 #include "message_table_writer.h"
 #include "option_pack.h"
+#include "output_folder.h"
 
 #include <algorithm>
 #include <array>
@@ -17,7 +18,8 @@ enum EXIT_CODE { EXIT_GOOD = 0, EXIT_CATALOGUE_FAULT = 1, EXIT_USAGE = 2, EXIT_F
 
 const std::string NO_CLASS = "-Wno-";
 const std::string ERROR_CLASS = "-Werror=";
-const std::array<const char*, 3> WARNING_CLASSES = {WARNING_PLACEHOLDERS, WARNING_FONTS, WARNING_EXTENSIONS};
+const std::array<const char*, 4> WARNING_CLASSES = {WARNING_PLACEHOLDERS, WARNING_FONTS, WARNING_EXTENSIONS,
+                                                    WARNING_STANDARD};
 
 const char HELP[] =
     R"(panel_resource_compiler - turns the panel's catalogue into what the library loads
@@ -26,20 +28,22 @@ Usage:
   panel_resource_compiler check    --catalogue DIR [-W...]
   panel_resource_compiler messages --catalogue DIR --output DIR [-W...]
   panel_resource_compiler images   --catalogue DIR --output DIR [-W...]
-  panel_resource_compiler pack     --catalogue DIR --pack DIR --output DIR [-W...]
+  panel_resource_compiler pack     --catalogue DIR --pack DIR --output DIR [--no-fill] [-W...]
 
 Commands:
   check      checks messages, texts, images and every pack below DIR/packs; writes nothing
   messages   writes message_id_table.cpp and message_text_table.cpp
   images     writes image_name_table.cpp
   pack       writes option_pack.cpp and the pack's other files below tree/panel/, and removes what
-             an earlier build of the pack wrote there and this one does not
+             an earlier build of the pack wrote there and this one does not; rows without a
+             text get the English one, and how many is printed
 
 Options:
   --catalogue DIR      folder that holds messages.tsv, texts/<language>.tsv and images.tsv
   --pack DIR           pack folder, named like its language id
-  --output DIR         where to write; made when missing
-  -Wno-CLASS           leaves out the warnings of a class: placeholders, fonts, extensions
+  --output DIR         where to write; made when missing; links inside are not followed
+  --no-fill            leaves rows of a pack without a text; the panel shows their messages' names
+  -Wno-CLASS           leaves out the warnings of a class: placeholders, fonts, extensions, standard
   -Werror=CLASS        makes them errors
   --help, --version
 
@@ -52,6 +56,7 @@ struct command_line {
     std::string catalogue;
     std::string pack;
     std::string output;
+    bool is_filled = true;
     std::vector<std::string> disabled_classes;
     std::vector<std::string> error_classes;
 };
@@ -80,6 +85,10 @@ bool read_option(const std::vector<std::string>& arguments, std::size_t& i, comm
     }
     if (starts_with(argument, ERROR_CLASS)) {
         return read_warning_class(argument.substr(ERROR_CLASS.size()), line.error_classes, fault);
+    }
+    if (argument == "--no-fill" && line.command == "pack") {
+        line.is_filled = false;
+        return true;
     }
     std::string* value = argument == "--catalogue" ? &line.catalogue
                          : argument == "--pack"    ? &line.pack
@@ -153,11 +162,19 @@ catalogue read_catalogue(const command_line& line, diagnostics& report) {
     return read;
 }
 
+/** Fills the rows without a text, if wanted, and tells how many they are. */
+void complete_pack(const command_line& line, catalogue& read) {
+    const std::size_t own = read.pack.texts.size();
+    std::cout << "pack " << read.pack.language_id << ": " << own << " rows with texts of its own, ";
+    if (line.is_filled) {
+        std::cout << fill_option_pack(read.messages, read.pack) << " filled with English ones\n";
+    } else {
+        std::cout << "none filled\n";
+    }
+}
+
 bool write_output(const command_line& line, const catalogue& read, std::string& fault) {
-    std::error_code error;
-    std::filesystem::create_directories(line.output, error);
-    if (error) {
-        fault = line.output + ": " + error.message();
+    if (!output_folder(line.output).make(fault)) {
         return false;
     }
     return line.command == "pack"     ? write_option_pack(read.pack, line.output, fault)
@@ -174,10 +191,13 @@ int run(const command_line& line) {
     for (const std::string& name : line.error_classes) {
         report.make_class_an_error(name);
     }
-    const catalogue read = read_catalogue(line, report);
+    catalogue read = read_catalogue(line, report);
     report.write_summary();
     if (report.error_count() != 0) {
         return EXIT_CATALOGUE_FAULT;
+    }
+    if (line.command == "pack") {
+        complete_pack(line, read);
     }
     std::string fault;
     if (line.command != "check" && !write_output(line, read, fault)) {

@@ -7,8 +7,8 @@ namespace {
 const char PREAMBLE[] = "// Made by panel_resource_compiler from the message catalogue; changes are lost.\n"
                         "#include \"dvc_pnl_rmg_message_table.h\"\n\n";
 
-bool write_id_table(const message_catalogue& catalogue, const std::string& path, std::string& fault) {
-    source_writer writer(path);
+bool write_id_table(const message_catalogue& catalogue, const std::string& folder, std::string& fault) {
+    source_writer writer(folder, "message_id_table.cpp");
     std::ostream& out = writer.stream();
     out << PREAMBLE << "const int dvc_pnl_rmg_imple_message_table_size = " << catalogue.messages.size()
         << ";\n\nconst DVC_PNL_RMG_IMPL_MESSAGE dvc_pnl_rmg_impl_message_table[] = {\n";
@@ -19,8 +19,8 @@ bool write_id_table(const message_catalogue& catalogue, const std::string& path,
     return writer.finish(fault);
 }
 
-bool write_text_table(const message_catalogue& catalogue, const std::string& path, std::string& fault) {
-    source_writer writer(path);
+bool write_text_table(const message_catalogue& catalogue, const std::string& folder, std::string& fault) {
+    source_writer writer(folder, "message_text_table.cpp");
     std::ostream& out = writer.stream();
     out << PREAMBLE
         << "const char* const standard_language_message_table[DVC_PNL_RMG_STANDARD_MESSAGE_ROWS]"
@@ -39,6 +39,5 @@ bool write_text_table(const message_catalogue& catalogue, const std::string& pat
 } // namespace
 
 bool write_message_tables(const message_catalogue& catalogue, const std::string& folder, std::string& fault) {
-    return write_id_table(catalogue, folder + "/message_id_table.cpp", fault) &&
-           write_text_table(catalogue, folder + "/message_text_table.cpp", fault);
+    return write_id_table(catalogue, folder, fault) && write_text_table(catalogue, folder, fault);
 }

@@ -1,6 +1,7 @@
 #include "option_pack.h"
 
 #include "dvc_pnl_rmg_property.h"
+#include "output_folder.h"
 #include "source_writer.h"
 #include "text_lines.h"
 #include "written_files.h"
@@ -14,11 +15,13 @@
 namespace fs = std::filesystem;
 
 const char WARNING_FONTS[] = "fonts";
+const char WARNING_STANDARD[] = "standard";
 
 namespace {
 
 const int HIGHEST_LANGUAGE_ID = 65535; // the slots hold 16 bits
 const std::size_t ENGLISH = 1;
+const std::int32_t EMPTY_ROW = 1;
 const char FONT[] = "font";
 
 // In the folder that a pack is written to.
@@ -34,13 +37,24 @@ std::string trimmed(const std::string& text) {
     return text.substr(first, text.find_last_not_of(" \t\r") - first + 1);
 }
 
+/** The name of a folder, also of "folder/" and ".". */
+std::string name_of(const std::string& folder) {
+    const fs::path path = fs::absolute(folder).lexically_normal();
+    return (path.has_filename() ? path : path.parent_path()).filename().string();
+}
+
 bool read_language_id(const std::string& folder, int& language_id) {
-    const std::string name = fs::path(folder).filename().string();
+    const std::string name = name_of(folder);
     const char* end = name.data() + name.size();
     const std::from_chars_result result = std::from_chars(name.data(), end, language_id);
     return result.ec == std::errc() && result.ptr == end && name == std::to_string(language_id) &&
            language_id > 0 && language_id <= HIGHEST_LANGUAGE_ID &&
            language_id != velarion::DVC_PNL_RMG_PROPERTY::LANGUAGE_ID_OPTION;
+}
+
+bool is_standard_language(int language_id) {
+    const std::int32_t* end = standard_language_id_table + DVC_PNL_RMG_STANDARD_LANGUAGE_COUNT;
+    return std::find(standard_language_id_table, end, language_id) != end;
 }
 
 bool stands_twice(const fs::path& font, const std::vector<std::string>& fonts) {
@@ -49,10 +63,28 @@ bool stands_twice(const fs::path& font, const std::vector<std::string>& fonts) {
     });
 }
 
+/** The library takes every letter case; the locale has no say. */
+bool is_font_file_name(const fs::path& path) {
+    std::string extension = path.extension().string();
+    for (char& c : extension) {
+        c = c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
+    }
+    return extension == ".ttf";
+}
+
+void take_font_family(const source_place& place, const std::string& family, option_pack& pack,
+                      diagnostics& report) {
+    if (!std::all_of(family.begin(), family.end(), [](char c) { return c >= ' ' && c <= '~'; })) {
+        report.error(place, "font_family \"" + family +
+                                "\" holds more than printable ASCII, which the library cannot pass on; "
+                                "give the font's ASCII name");
+    }
+    pack.font_family = family;
+}
+
 void take_font(const source_place& place, const std::string& path, option_pack& pack, diagnostics& report) {
     std::error_code error;
-    const fs::path extension = fs::path(path).extension();
-    if (extension != ".ttf" && extension != ".TTF") {
+    if (!is_font_file_name(path)) {
         report.error(place, "font \"" + path + "\" does not end in .ttf");
     } else if (stands_twice(path, pack.font_files)) {
         report.error(place, "font \"" + path + "\" has the file name of a font before it; name it once");
@@ -92,7 +124,7 @@ public:
 private:
     void take_property(const source_place& place, const std::string& key, const std::string& value) {
         if (key == "font_family") {
-            pack_.font_family = value;
+            take_font_family(place, value, pack_, report_);
         } else if (key == "direction") {
             if (value != "ltr" && value != "rtl") {
                 report_.error(place, "direction \"" + value + "\" is neither \"ltr\" nor \"rtl\"");
@@ -145,8 +177,28 @@ void read_texts(const std::string& path, const message_catalogue& catalogue, opt
     }
 }
 
-bool write_library_source(const option_pack& pack, const std::string& path, std::string& fault) {
-    source_writer writer(path);
+void read_keymap(const std::string& folder, option_pack& pack, diagnostics& report) {
+    std::error_code error;
+    if (!fs::is_directory(folder, error)) {
+        return;
+    }
+    pack.keymap_folder = folder;
+    fs::recursive_directory_iterator entry(folder, fs::directory_options::follow_directory_symlink, error);
+    for (; !error && entry != fs::recursive_directory_iterator(); entry.increment(error)) {
+        std::error_code unknown;
+        if (entry->is_regular_file(unknown)) {
+            pack.keymap_files.insert(entry->path().lexically_relative(folder).string());
+        } else if (!entry->is_directory(unknown)) {
+            report.error({entry->path().string(), 0}, "is neither a file nor a folder; remove it");
+        }
+    }
+    if (error) {
+        report.error({folder, 0}, "cannot be listed: " + error.message());
+    }
+}
+
+bool write_library_source(const option_pack& pack, const std::string& folder, std::string& fault) {
+    source_writer writer(folder, "option_pack.cpp");
     std::ostream& out = writer.stream();
     out << "// Made by panel_resource_compiler from an option language pack; changes are lost.\n"
            "#include <algorithm>\n#include <iterator>\n\n"
@@ -176,47 +228,43 @@ bool write_library_source(const option_pack& pack, const std::string& path, std:
     return writer.finish(fault);
 }
 
-/** The files of a pack's keyboard directory, named from it. */
-std::set<std::string> keymap_files(const option_pack& pack) {
-    std::set<std::string> files;
-    if (!pack.keymap_folder.empty()) {
-        const auto options = fs::directory_options::follow_directory_symlink;
-        for (const auto& entry : fs::recursive_directory_iterator(pack.keymap_folder, options)) {
-            if (!entry.is_directory()) {
-                files.insert(entry.path().lexically_relative(pack.keymap_folder).string());
-            }
-        }
-    }
-    return files;
-}
-
 std::set<std::string> files_of_tree(const option_pack& pack) {
     std::set<std::string> files = {ATTRIBUTES};
     for (const std::string& font : pack.font_files) {
         files.insert(FONTS + fs::path(font).filename().string());
     }
-    for (const std::string& file : keymap_files(pack)) {
+    for (const std::string& file : pack.keymap_files) {
         files.insert(KEYMAP + file);
     }
     return files;
 }
 
-void write_tree(const option_pack& pack, const fs::path& folder) {
-    for (const std::string& file : files_of_tree(pack)) {
-        fs::create_directories((folder / file).parent_path());
-        fs::remove(folder / file);
+bool copy_file(const fs::path& from, const output_folder& output, const std::string& name,
+               std::string& fault) {
+    std::ifstream file(from, std::ios::binary);
+    const std::string contents{std::istreambuf_iterator<char>(file), {}};
+    if (!file.is_open() || file.bad()) {
+        fault = from.string() + ": cannot be read";
+        return false;
     }
-    std::ofstream attributes;
-    attributes.exceptions(std::ios::failbit | std::ios::badbit);
-    attributes.open(folder / ATTRIBUTES);
-    attributes << "il_ae=" << (pack.is_right_to_left ? 0 : 1) << '\n';
-    attributes.close();
+    return output.write(name, contents, fault);
+}
+
+bool write_tree(const option_pack& pack, const output_folder& output, std::string& fault) {
+    if (!output.write(ATTRIBUTES, pack.is_right_to_left ? "il_ae=0\n" : "il_ae=1\n", fault)) {
+        return false;
+    }
     for (const std::string& font : pack.font_files) {
-        fs::create_symlink(font, folder / FONTS / fs::path(font).filename());
+        if (!output.link(FONTS + fs::path(font).filename().string(), font, fault)) {
+            return false;
+        }
     }
-    for (const std::string& file : keymap_files(pack)) {
-        fs::copy_file(fs::path(pack.keymap_folder) / file, folder / KEYMAP / file);
+    for (const std::string& file : pack.keymap_files) {
+        if (!copy_file(fs::path(pack.keymap_folder) / file, output, KEYMAP + file, fault)) {
+            return false;
+        }
     }
+    return true;
 }
 
 } // namespace
@@ -226,25 +274,34 @@ option_pack read_option_pack(const std::string& folder, const message_catalogue&
     option_pack pack;
     if (!read_language_id(folder, pack.language_id)) {
         report.error({folder, 0}, "the folder's name must be a language id, 1 to 65535 except 999");
+    } else if (is_standard_language(pack.language_id)) {
+        report.warning(WARNING_STANDARD, {folder, 0},
+                       "language " + std::to_string(pack.language_id) +
+                           " is a standard language, whose texts are always the library's; "
+                           "name the folder like another id");
     }
     read_properties(folder + "/pack.conf", pack, report);
     read_texts(folder + "/texts.tsv", catalogue, pack, report);
-    std::error_code error;
-    if (fs::is_directory(folder + "/keymap", error)) {
-        pack.keymap_folder = folder + "/keymap";
-    }
+    read_keymap(folder + "/keymap", pack, report);
     return pack;
 }
 
-bool write_option_pack(const option_pack& pack, const std::string& folder, std::string& fault) {
-    try {
-        if (!replace_written_files(folder, files_of_tree(pack), fault)) {
-            return false;
-        }
-        write_tree(pack, folder);
-    } catch (const std::exception& error) { // file system errors, with path and reason
-        fault = error.what();
-        return false;
+std::size_t fill_option_pack(const message_catalogue& catalogue, option_pack& pack) {
+    const std::size_t own = pack.texts.size();
+    pack.texts.emplace(EMPTY_ROW, "");
+    for (const catalogue_message& message : catalogue.messages) {
+        pack.texts.emplace(message.row, catalogue.rows[static_cast<std::size_t>(message.row)].texts[ENGLISH]);
     }
-    return write_library_source(pack, folder + "/option_pack.cpp", fault);
+    for (std::int32_t row = EMPTY_ROW; row < NULL_ROW; ++row) {
+        const std::string& english = catalogue.rows[static_cast<std::size_t>(row)].texts[ENGLISH];
+        if (!english.empty()) {
+            pack.texts.emplace(row, english);
+        }
+    }
+    return pack.texts.size() - own;
+}
+
+bool write_option_pack(const option_pack& pack, const std::string& folder, std::string& fault) {
+    return replace_written_files(folder, files_of_tree(pack), fault) &&
+           write_tree(pack, output_folder(folder), fault) && write_library_source(pack, folder, fault);
 }

@@ -4,11 +4,14 @@
 #include "message_catalogue.h"
 
 #include <map>
+#include <set>
 #include <string>
 #include <vector>
 
 /** Name of the warning class for fonts of a pack that are not installed. */
 extern const char WARNING_FONTS[];
+/** Name of the warning class for packs of standard languages, which the panel never asks. */
+extern const char WARNING_STANDARD[];
 
 /** One option language in its source form, checked. */
 struct option_pack {
@@ -17,11 +20,12 @@ struct option_pack {
     bool is_right_to_left = false;
     std::vector<std::string> font_files;       ///< absolute paths
     std::map<std::int32_t, std::string> texts; ///< by row; rows without an entry have no text
-    std::string keymap_folder;                 ///< empty when the pack has no keyboard files
+    std::string keymap_folder;
+    std::set<std::string> keymap_files; ///< named from keymap_folder
 };
 
 /**
- * Reads a pack folder, named like its language id:
+ * Reads a pack folder, named like its language id; a "/" at the end of its path does not count:
  * - pack.conf: lines "key = value": "font_family", "direction" ("ltr" or "rtl"), and a "font" line, with an
  *   absolute path, for each font file;
  * - texts.tsv: columns row and text, the rows ascending;
@@ -31,6 +35,14 @@ struct option_pack {
  */
 option_pack read_option_pack(const std::string& folder, const message_catalogue& catalogue,
                              diagnostics& report);
+
+/**
+ * Gives a text to the rows that have none, so that the panel shows no names of messages: row 1 the empty
+ * text, every other row that a message shows, or that has an English text, the English one.
+ *
+ * @return how many rows got one
+ */
+std::size_t fill_option_pack(const message_catalogue& catalogue, option_pack& pack);
 
 /**
  * Writes the source of the pack's library, option_pack.cpp, and the pack's other files below

@@ -1,6 +1,6 @@
 #include "source_writer.h"
 
-#include <filesystem>
+#include "output_folder.h"
 
 std::string cpp_literal(const std::string& text) {
     std::string literal = "\"";
@@ -31,26 +31,6 @@ std::string cpp_literal(const std::string& text) {
     return literal + '"';
 }
 
-source_writer::source_writer(const std::string& path)
-    : path_(path)
-    , temporary_path_(path + ".new")
-    , file_(temporary_path_, std::ios::binary) {}
-
-source_writer::~source_writer() {
-    std::error_code ignored;
-    std::filesystem::remove(temporary_path_, ignored);
-}
-
-bool source_writer::finish(std::string& fault) {
-    file_.close();
-    if (!file_) {
-        fault = temporary_path_ + ": cannot be written";
-        return false;
-    }
-    std::error_code error;
-    std::filesystem::rename(temporary_path_, path_, error);
-    if (error) {
-        fault = path_ + ": " + error.message();
-    }
-    return !error;
+bool source_writer::finish(std::string& fault) const {
+    return output_folder(folder_).write(name_, contents_.str(), fault);
 }

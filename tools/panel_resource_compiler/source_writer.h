@@ -1,31 +1,29 @@
 #ifndef SOURCE_WRITER_H
 #define SOURCE_WRITER_H
 
-#include <fstream>
+#include <sstream>
 #include <string>
 
 /** A text as a C++ string literal, quotation marks included. */
 std::string cpp_literal(const std::string& text);
 
-/**
- * Writes a generated file as a whole: it appears under its name only when finish() succeeds.
- */
+/** Writes a generated file, which appears under its name as a whole when finish() succeeds. */
 class source_writer {
 public:
-    explicit source_writer(const std::string& path);
-    ~source_writer();
-    source_writer(const source_writer&) = delete;
-    source_writer& operator=(const source_writer&) = delete;
+    /** @param folder  as of output_folder; @param name  of the file in it */
+    source_writer(const std::string& folder, const std::string& name)
+        : folder_(folder)
+        , name_(name) {}
 
-    std::ostream& stream() { return file_; }
+    std::ostream& stream() { return contents_; }
 
     /** @param fault  receives the reason when it fails. @return whether the file is in place */
-    bool finish(std::string& fault);
+    bool finish(std::string& fault) const;
 
 private:
-    std::string path_;
-    std::string temporary_path_;
-    std::ofstream file_;
+    std::string folder_;
+    std::string name_;
+    std::ostringstream contents_;
 };
 
 #endif

@@ -51,6 +51,10 @@ void take_line(const source_place& place, std::string text, std::vector<text_lin
         report.error(place, "is not valid UTF-8 text");
         return;
     }
+    if (text.find('\r') != std::string::npos) {
+        report.error(place, "holds a carriage return, which the panel cannot show; remove it");
+        return;
+    }
     lines.push_back({place, std::move(text)});
 }
 

@@ -16,7 +16,7 @@ struct text_line {
  * Reads the lines of a UTF-8 text file, whose lines end in LF or CR LF. Empty lines, lines that start with
  * "#" and a byte order mark at the start are left out.
  *
- * @param lines   receives the lines; one that is not valid UTF-8 is left out
+ * @param lines   receives the lines; one that is not valid UTF-8, or holds a CR before its end, is left out
  * @param report  receives every fault
  * @return whether the file could be read to its end
  */

@@ -18,7 +18,8 @@ struct tsv_record {
  * Empty lines and lines that start with "#" are comments. A field holds "\n" for a line break, "\t" for a
  * tab and "\\" for a backslash.
  *
- * @param columns  the columns the table must have; any other column is an error
+ * @param columns  the columns the table must have; any other is an error, and so is a text that stands first
+ * and is not the first of these: it could begin like a comment
  * @param report   receives every fault; a record with a fault is left out
  * @return the records in the order of the file
  */

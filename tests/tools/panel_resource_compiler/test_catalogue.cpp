@@ -34,6 +34,7 @@ const struct {
     {TEXTS, "is outside 0 to 21998", {"21999\t", "22000\ta"}},
     {TEXTS, "fields instead of 2", {"3", "3\ta\tb"}},
     {TEXTS, "error: unknown escape", {"3\ta\\rb", "3\ta\\"}},
+    {TEXTS, "error: holds a carriage return", {"3\ta\rb", "3\ta\r\r"}},
     {TEXTS, "error: is not valid UTF-8 text", {"3\t\xFF", std::string("3\ta\0b", 5)}},
     {IMAGES, "error: the image has no name", {"6\t\ta.png"}},
     {IMAGES, "printable ASCII", {"6\tGR\xC3\x96SSE\ta.png", "6\tB\\tB\ta.png", "6\tB\tgr\xC3\xB6sse.png"}},
@@ -46,7 +47,7 @@ const struct {
     {PROPERTIES, "error: unknown property \"family\"; known are", {"family = F"}},
     {PROPERTIES, "error: \"direction\" stands in line 2 already", {"direction = ltr"}},
     {PROPERTIES, "error: is no \"key = value\" line", {"rtl"}},
-    {PROPERTIES, "is not installed; the pack goes without [-Wfonts]", {"font = /nowhere/a.ttf"}},
+    {PROPERTIES, "is not installed; the pack goes without [-Wfonts]", {"font = /nowhere/a.tTf"}},
     {PROPERTIES, "is not installed; the pack goes without", {"font = /" + std::string(300, 'a') + ".ttf"}},
     {PROPERTIES, "does not end in .ttf", {"font = /nowhere/b.otf"}},
     {PROPERTIES, "is not an absolute path; the pack links to it", {"font = c.ttf"}},
@@ -83,6 +84,21 @@ const struct {
     {"packs/86/pack.conf", "\xEF\xBB\xBF# c\n  # c\ndirection = up\n",
      "packs/86/pack.conf:3: error: direction \"up\" is neither \"ltr\" nor \"rtl\"\n"
      "packs/86/pack.conf: error: names no font_family\n2 errors, 0 warnings\n"},
+    {"packs/86/pack.conf",
+     "font_family = Gr\xC3\xB6\xC3\x9F"
+     "e\n",
+     "packs/86/pack.conf:1: error: font_family \"Gr\xC3\xB6\xC3\x9F"
+     "e\" holds more than printable ASCII, which the "
+     "library cannot pass on; give the font's ASCII name\n1 error, 0 warnings\n"},
+    {"packs/86/texts.tsv", "text\trow\n#1 of %1\t5\n",
+     "packs/86/texts.tsv:1: error: column \"text\" stands first, where a text that begins with # would be "
+     "taken for a "
+     "comment; put \"row\" first\n1 error, 0 warnings\n"},
+    {"packs/49/texts.tsv", "row\ttext\n",
+     "packs/49: warning: language 49 is a standard language, whose texts are always the library's; name the "
+     "folder like "
+     "another id [-Wstandard]\npacks/49/pack.conf: error: cannot be opened for reading\n1 error, 1 "
+     "warning\n"},
     {"packs/README", "a file beside the packs", ""},
 };
 
@@ -142,7 +158,6 @@ TEST(catalogue, placeholders_that_differ_are_warned_of) {
 TEST(catalogue, the_folder_of_a_pack_is_named_like_a_language_id) {
     for (const std::string name : {"0", "999", "65536", "-86", "086", "86a", "99999999999"}) {
         const scratch_catalogue catalogue;
-        catalogue.write_pack("1");
         catalogue.write_pack("65535");
         catalogue.write_pack(name);
         EXPECT_EQ(catalogue.run("check").errors, "packs/" + name +

@@ -13,8 +13,9 @@ TEST(program, tells_wrong_usage) {
         const char* fault;
     } rows[] = {
         {{}, "--pack is missing"},
-        {{"-Wno-font"}, "unknown warning class \"font\"; known are placeholders, fonts, extensions"},
-        {{"-Werror="}, "unknown warning class \"\"; known are placeholders, fonts, extensions"},
+        {{"-Wno-font"},
+         "unknown warning class \"font\"; known are placeholders, fonts, extensions, standard"},
+        {{"-Werror="}, "unknown warning class \"\"; known are placeholders, fonts, extensions, standard"},
     };
     for (const auto& row : rows) {
         const process_result result = catalogue.run("pack", row.arguments);
@@ -48,6 +49,38 @@ TEST(program, an_output_that_cannot_be_written_is_reported) {
         EXPECT_NE(result.errors.find(output), std::string::npos) << result.errors;
     }
     EXPECT_FALSE(fs::exists(folder + "/message_text_table.cpp.new"));
+}
+
+TEST(program, links_in_the_output_folder_are_never_followed) {
+    const char refused[] = ": is a symbolic link, which is not followed; remove it";
+    const struct {
+        const char* link; // to the folder "beside"
+        const char* report;
+    } rows[] = {
+        {"option_pack.cpp.new", ""},
+        {"tree/panel/optfonts", ""}, // the pack has no font: nothing to write there, and nothing to remove
+        {"tree/panel/keymap/sub", refused},
+        {"tree", refused},
+    };
+    for (const auto& row : rows) {
+        const scratch_catalogue catalogue;
+        const scratch_folder& folder = catalogue.folder();
+        catalogue.write("packs/86/keymap/sub/a.kbd", "a");
+        folder.write("beside/font.ttf", "kept");
+        folder.write("beside/panel/keep", "kept");
+        folder.write("out/written_files.txt", "tree/panel/optfonts/font.ttf\ntree/panel/keep\n");
+        const std::string link = std::string("out/") + row.link;
+        fs::create_directories(fs::path(folder.path(link)).parent_path());
+        fs::create_symlink(folder.path(link == "out/option_pack.cpp.new" ? "new" : "beside"),
+                           folder.path(link));
+        const process_result result = catalogue.run("pack", {"--pack", catalogue.path("packs/86")});
+        EXPECT_EQ(result.exit_code, *row.report == '\0' ? 0 : 3) << row.link;
+        EXPECT_NE(result.errors.find(*row.report == '\0' ? "" : row.link + std::string(row.report)),
+                  std::string::npos)
+            << result.errors;
+        EXPECT_EQ(folder.read("beside/font.ttf") + folder.read("beside/panel/keep"), "keptkept") << row.link;
+        EXPECT_FALSE(fs::exists(folder.path("new")) || fs::exists(folder.path("beside/a.kbd"))) << row.link;
+    }
 }
 
 TEST(program, a_pack_gets_the_files_of_the_device_and_loses_those_of_an_earlier_build) {
