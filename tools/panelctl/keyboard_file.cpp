@@ -1,6 +1,7 @@
 #include "keyboard_file.h"
 
 #include <QFile>
+#include <QFileInfo>
 #include <QSet>
 
 namespace {
@@ -19,7 +20,12 @@ public:
         , fault_(fault) {}
 
     bool open() {
+        const QFileInfo place(path_);
         QFile file(path_);
+        if (place.exists() && !place.isFile()) {
+            fault_ = QStringLiteral("%1: is no regular file; replace it by one").arg(path_);
+            return false;
+        }
         if (!file.open(QIODevice::ReadOnly)) {
             fault_ = QStringLiteral("%1: cannot be read").arg(path_);
             return false;

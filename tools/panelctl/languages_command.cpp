@@ -4,9 +4,11 @@
 #include "dvc_pnl_rmg_language_resource.h"
 #include "dvc_pnl_rmg_message_table.h"
 #include "dvc_pnl_rmg_property.h"
+#include "keyboard_file.h"
 #include "panel_session.h"
 
 #include <QApplication>
+#include <QFileInfo>
 #include <QJsonArray>
 #include <QJsonObject>
 
@@ -47,26 +49,58 @@ language_state read_state(velarion::dvc_pnl_rmg_language_resource& language) {
     return state;
 }
 
-void print_languages_as_json(velarion::dvc_pnl_rmg_language_resource& language, const language_state& state) {
-    QJsonArray standard;
+/** An option language as its pack describes it. */
+struct option_language {
+    int id = 0;
+    QString name; ///< in itself; empty when the pack's language information does not tell
+    int direction = 1;
+    QString font_family; ///< empty when the pack tells none
+};
+
+/** @return false when a file of a pack is there but cannot be read, which is reported */
+bool read_option_languages(velarion::dvc_pnl_rmg_language_resource& language,
+                           std::vector<option_language>& options) {
+    std::vector<int> ids;
+    language.dvc_pnl_rmg_get_option_language_id_array(ids);
+    bool is_good = true;
+    for (const int id : ids) {
+        int first = 0;
+        int second = 0;
+        std::string path;
+        language.dvc_pnl_rmg_get_language_info_file_param(id, first, second, path);
+        language_information information;
+        QString fault;
+        if (QFileInfo::exists(QString::fromStdString(path)) &&
+            !read_language_information(QString::fromStdString(path), id, information, fault)) {
+            report_fault(fault);
+            is_good = false;
+        }
+        options.push_back({id, information.name, language.dvc_pnl_rmg_get_option_layout_direction(id),
+                           QString::fromUtf8(language.dvc_pnl_rmg_get_font_name(id))});
+    }
+    return is_good;
+}
+
+void print_languages_as_json(velarion::dvc_pnl_rmg_language_resource& language,
+                             const std::vector<option_language>& options, const language_state& state) {
+    QJsonArray standard_as_json;
     for (int i = 0; i < language.dvc_pnl_rmg_get_standard_language_number(); ++i) {
-        standard.append(
+        standard_as_json.append(
             QJsonObject{{QStringLiteral("index"), i},
                         {QStringLiteral("id"), standard_language_id_table[i]},
                         {QStringLiteral("name"), QLatin1String(LANGUAGE_NAMES[i])},
                         {QStringLiteral("font_family"), QLatin1String(standard_font_family_table[i])}});
     }
-    std::vector<int> ids;
-    language.dvc_pnl_rmg_get_option_language_id_array(ids);
-    QJsonArray options;
-    for (const int id : ids) {
-        options.append(QJsonObject{
-            {QStringLiteral("id"), id},
-            {QStringLiteral("right_to_left"), language.dvc_pnl_rmg_get_option_layout_direction(id) == 0}});
+    QJsonArray options_as_json;
+    for (const option_language& option : options) {
+        options_as_json.append(QJsonObject{{QStringLiteral("id"), option.id},
+                                           {QStringLiteral("name"), option.name},
+                                           {QStringLiteral("right_to_left"), option.direction == 0},
+                                           {QStringLiteral("font_family"), option.font_family}});
     }
     print_json(QJsonDocument(QJsonObject{
-        {QStringLiteral("standard"), standard},
-        {QStringLiteral("option"), options},
+        {QStringLiteral("standard"), standard_as_json},
+        {QStringLiteral("option"), options_as_json},
         {QStringLiteral("in_force"), state.in_force},
         {QStringLiteral("selection"), QJsonArray{state.language_id, state.option_language_id}},
         {QStringLiteral("preferred"), state.is_preferred},
@@ -78,7 +112,8 @@ QString mark_of(int id, const language_state& state) {
     return id == state.in_force ? QStringLiteral("*") : QStringLiteral(" ");
 }
 
-void print_languages(velarion::dvc_pnl_rmg_language_resource& language, const language_state& state) {
+void print_languages(velarion::dvc_pnl_rmg_language_resource& language,
+                     const std::vector<option_language>& options, const language_state& state) {
     std::vector<QStringList> rows{{QStringLiteral(" "), QStringLiteral("id"), QStringLiteral("language"),
                                    QStringLiteral("direction"), QStringLiteral("font family")}};
     for (int i = 0; i < language.dvc_pnl_rmg_get_standard_language_number(); ++i) {
@@ -86,11 +121,10 @@ void print_languages(velarion::dvc_pnl_rmg_language_resource& language, const la
         rows.push_back({mark_of(id, state), QString::number(id), QLatin1String(LANGUAGE_NAMES[i]),
                         describe_direction(1), QLatin1String(standard_font_family_table[i])});
     }
-    std::vector<int> ids;
-    language.dvc_pnl_rmg_get_option_language_id_array(ids);
-    for (const int id : ids) {
-        rows.push_back({mark_of(id, state), QString::number(id), QStringLiteral("option language"),
-                        describe_direction(language.dvc_pnl_rmg_get_option_layout_direction(id)), QString()});
+    for (const option_language& option : options) {
+        rows.push_back({mark_of(option.id, state), QString::number(option.id),
+                        option.name.isEmpty() ? QStringLiteral("option language") : as_one_line(option.name),
+                        describe_direction(option.direction), as_one_line(option.font_family)});
     }
     print_table(rows);
     print_line(QStringLiteral("\nIn force: %1, %2 (%3 selection %4, %5); the application writes %6.")
@@ -123,10 +157,12 @@ int run_languages_command(const QStringList& arguments) {
         return usage_fault(command, QStringLiteral("--prefer takes a language id, or 999,OPTION-ID"));
     }
     const language_state state = read_state(session.language());
+    std::vector<option_language> options;
+    exit_code = read_option_languages(session.language(), options) ? EXIT_FOUND : EXIT_SERVICE;
     if (parser.isSet(QLatin1String(JSON_OPTION))) {
-        print_languages_as_json(session.language(), state);
+        print_languages_as_json(session.language(), options, state);
     } else {
-        print_languages(session.language(), state);
+        print_languages(session.language(), options, state);
     }
-    return EXIT_FOUND;
+    return exit_code;
 }

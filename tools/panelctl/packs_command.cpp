@@ -1,6 +1,7 @@
 #include "command.h"
 
 #include "display.h"
+#include "dvc_pnl_rmg_file_guard.h"
 #include "dvc_pnl_rmg_message_table.h"
 #include "dvc_pnl_rmg_option_language_attribute_manager.h"
 #include "dvc_pnl_rmg_setting_id.h"
@@ -30,7 +31,8 @@ struct slot_state {
 
 bool library_loads(const std::string& path) {
     void* library = nullptr;
-    return emwOSWLoadLibrary(&library, path.c_str()) == 0 && library != nullptr;
+    return velarion::dvc_pnl_rmg_is_safe_to_load(path.c_str()) &&
+           emwOSWLoadLibrary(&library, path.c_str()) == 0 && library;
 }
 
 int count_rows(pack_manager& packs, int language_id) {

@@ -3,6 +3,8 @@
 
 #include <gtest/gtest.h>
 
+#include <sys/stat.h>
+
 namespace {
 
 class keyboard_file : public testing::Test {
@@ -61,6 +63,14 @@ TEST_F(keyboard_file, faults_name_their_line) {
             << row.contents;
         EXPECT_EQ(fault_.section(QLatin1Char('/'), -1).toStdString(), row.fault);
     }
+}
+
+TEST_F(keyboard_file, a_pipe_is_no_file) {
+    const std::string pipe = scratch_.path("pipe");
+    ASSERT_EQ(mkfifo(pipe.c_str(), 0600), 0);
+    keyboard board;
+    EXPECT_FALSE(read_keyboard(QString::fromStdString(pipe), board, fault_));
+    EXPECT_EQ(fault_.toStdString(), pipe + ": is no regular file; replace it by one");
 }
 
 TEST_F(keyboard_file, prohibitions_of_all_languages_and_of_one) {

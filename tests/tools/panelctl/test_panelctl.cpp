@@ -69,6 +69,8 @@ TEST_F(panelctl, languages_follow_the_settings_and_the_preference) {
         EXPECT_EQ(state["in_force"].toInt(), row.in_force);
         EXPECT_EQ(state["selection"].toArray(), row.selection);
         EXPECT_EQ(state["right_to_left"].toBool(), row.is_right_to_left);
+        EXPECT_EQ(state["option"][1]["name"].toString(), "\u05E2\u05D1\u05E8\u05D9\u05EA");
+        EXPECT_EQ(state["option"][1]["font_family"].toString(), "DejaVu Sans");
         const std::string list = output_of({"languages", "--prefer", row.prefer});
         EXPECT_NE(list.find("\n*  " + std::to_string(row.in_force) + " "), std::string::npos) << list;
     }
@@ -86,9 +88,15 @@ TEST_F(panelctl, packs_tell_what_is_in_the_slots) {
     EXPECT_EQ(slots_of_device[1]["path"].toString(), "/mnt/optlang/86/");
     EXPECT_GT(slots_of_device[1]["rows"].toInt(), 0);
     set("option_language_4", 852);
-    const process_result missing = run({"packs"});
-    EXPECT_EQ(missing.exit_code, 1);
-    EXPECT_NE(missing.output.find("\n4     852       does not load"), std::string::npos) << missing.output;
+    const std::string library = "/panel/liboptlang/libOptLang.so";
+    const std::string whole = tree().read("mnt/optlang/86" + library);
+    for (const std::size_t size : {std::size_t(0), whole.size() / 2}) { // without and with a torn library
+        tree().write("mnt/optlang/852" + library, whole.substr(0, size));
+        const process_result missing = run({"packs"});
+        EXPECT_EQ(missing.exit_code, 1);
+        EXPECT_NE(missing.output.find("\n4     852       does not load"), std::string::npos)
+            << missing.output;
+    }
 }
 
 TEST_F(panelctl, units_are_those_of_the_panel) {
