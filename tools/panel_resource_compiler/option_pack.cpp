@@ -75,9 +75,8 @@ bool is_font_file_name(const fs::path& path) {
 void take_font_family(const source_place& place, const std::string& family, option_pack& pack,
                       diagnostics& report) {
     if (!std::all_of(family.begin(), family.end(), [](char c) { return c >= ' ' && c <= '~'; })) {
-        report.error(place, "font_family \"" + family +
-                                "\" holds more than printable ASCII, which the library cannot pass on; "
-                                "give the font's ASCII name");
+        report.error(place,
+                     "font_family \"" + family + "\" is not printable ASCII; give the font's ASCII name");
     }
     pack.font_family = family;
 }
@@ -277,8 +276,7 @@ option_pack read_option_pack(const std::string& folder, const message_catalogue&
     } else if (is_standard_language(pack.language_id)) {
         report.warning(WARNING_STANDARD, {folder, 0},
                        "language " + std::to_string(pack.language_id) +
-                           " is a standard language, whose texts are always the library's; "
-                           "name the folder like another id");
+                           " is a standard language, for which the panel asks no pack; rename the folder");
     }
     read_properties(folder + "/pack.conf", pack, report);
     read_texts(folder + "/texts.tsv", catalogue, pack, report);

@@ -95,9 +95,8 @@ private:
         }
         if (header_is_good_ && names[0] != columns_[0] && names[0] != "id" && names[0] != "row") {
             fail_header(place, "column \"" + names[0] +
-                                   "\" stands first, where a text that begins with # would be "
-                                   "taken for a comment; put \"" +
-                                   columns_[0] + "\" first");
+                                   "\" stands first, where \"#\" starts a comment; put \"" + columns_[0] +
+                                   "\" there");
         }
     }
 

@@ -2,10 +2,6 @@
 
 #include "dvc_pnl_rmg_option_language_attribute_manager.h"
 
-#include <sys/stat.h>
-
-#include <filesystem>
-
 const char PACK_TEXT[] = "\xE5\xA4\x8D\xE5\x8D\xB0";
 
 namespace {
@@ -28,14 +24,6 @@ void language_device::TearDown() {
 void language_device::set_slot(int slot, std::uint16_t language_id) {
     set_item(velarion::dvc_pnl_rmg_option_language_attribute_manager::OPTION_LANGUAGE_MEMBER[slot - 1],
              language_id);
-}
-
-void language_device::place_special_file(const std::string& path, int kind) {
-    std::filesystem::remove_all(path);
-    std::filesystem::create_directories(std::filesystem::path(path).parent_path());
-    if (kind != 0) {
-        EXPECT_EQ(kind == S_IFDIR ? mkdir(path.c_str(), 0755) : mkfifo(path.c_str(), 0644), 0) << path;
-    }
 }
 
 void language_device::install_pack(int language_id) {

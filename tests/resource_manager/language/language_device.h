@@ -21,8 +21,6 @@ protected:
     }
     /** @param slot  1 to 5 */
     void set_slot(int slot, std::uint16_t language_id);
-    /** Replaces what stands at a path by a folder or pipe (S_IFDIR, S_IFIFO), or by nothing (0). */
-    static void place_special_file(const std::string& path, int kind);
     /** Installs a pack that has a text for row 2 and the font family "Pack Sans", and null for all else. */
     void install_pack(int language_id);
 };

@@ -5,8 +5,6 @@
 
 #include <QApplication>
 
-#include <sys/stat.h>
-
 #include <array>
 #include <cstdlib>
 #include <filesystem>
@@ -54,12 +52,8 @@ const struct {
 } LIBRARIES[] = {
     {1, 86, {{28, 4, 52}, {42, 2, 32}, {44, 2, 1}, {52, 4, 1}, {56, 4, 84}, {68, 4, 2}}},
     {2, 122, {{32, 8, 64}, {54, 2, 56}, {56, 2, 1}, {64, 4, 1}, {72, 8, 120}, {96, 8, 2}}},
-    {1,
-     132,
-     {{32, 4, 52}, {46, 2, 40}, {48, 2, 2}, {56, 4, 8}, {72, 4, 1U << 30}, {96, 4, 1}, {112, 4, 132}}},
-    {2,
-     192,
-     {{40, 8, 64}, {58, 2, 64}, {60, 2, 2}, {68, 4, 8}, {96, 8, 1U << 30}, {132, 4, 1}, {160, 8, 192}}},
+    {1, 132, {{32, 4, 52}, {46, 2, 40}, {48, 2, 2}, {56, 4, 8}, {72, 4, 999}, {96, 4, 1}, {112, 4, 132}}},
+    {2, 192, {{40, 8, 64}, {58, 2, 64}, {60, 2, 2}, {68, 4, 8}, {96, 8, 999}, {132, 4, 1}, {160, 8, 192}}},
 };
 
 /** The path that an operation makes of "kb.txt"; both numbers must come out as 0. */
@@ -163,34 +157,29 @@ TEST_F(attribute_managers, a_pack_library_that_is_cut_short_or_no_file_is_not_ha
         const option_manager packs;
         EXPECT_EQ(platform_.count("emwOSWLoadLibrary"), is_handed_on ? 1U : 0U) << name;
     };
-    for (const int kind : {S_IFDIR, S_IFIFO}) {
-        place_special_file(library, kind);
-        expect_handed_on(false, std::to_string(kind));
-    }
+    fs::create_directories(library);
+    expect_handed_on(false, "folder");
     fs::remove(library);
-    for (const std::string& no_elf : {std::string(),
-                                      std::string("\x7F"
-                                                  "EL"),
-                                      std::string(64, 'x')}) {
+    fs::create_symlink("/dev/zero", library);
+    expect_handed_on(false, "device");
+    fs::remove(library);
+    for (const std::string no_elf : {"", "\177EL", "xELF too long for a magic number"}) {
         write_file(library, no_elf);
         expect_handed_on(true, no_elf);
     }
     for (const auto& row : LIBRARIES) {
         for (const int byte_order : {1, 2}) {
-            std::string whole = "\x7F"
-                                "ELF" +
-                                std::string{char(row.elf_class), char(byte_order)};
+            std::string whole = "\177ELF" + std::string{char(row.elf_class), char(byte_order)};
             whole.resize(row.size);
             for (const auto& [position, width, value] : row.numbers) {
                 for (std::size_t i = 0; i < width; ++i) {
-                    whole[position + (byte_order == 1 ? i : width - 1 - i)] =
-                        static_cast<char>(value >> 8 * i);
+                    whole[position + (byte_order == 1 ? i : width - 1 - i)] = char(value >> 8 * i);
                 }
             }
             for (std::size_t size = 16; size <= whole.size(); ++size) {
                 write_file(library, whole.substr(0, size));
                 expect_handed_on(size == whole.size(),
-                                 std::to_string(row.size) + ", " + std::to_string(size));
+                                 std::to_string(size) + " of " + std::to_string(row.size));
             }
         }
     }
@@ -226,10 +215,10 @@ TEST_F(attribute_managers, direction_follows_the_attribute_file) {
     set_slot(1, 972);
     option_manager packs;
     const std::string attributes = "/mnt/optlang/972/panel/attr/opt_attribute.txt";
-    for (const int kind : {0, S_IFDIR, S_IFIFO}) {
-        place_special_file(attributes, kind);
-        EXPECT_EQ(packs.get_option_language_layout_direction(972), 1) << kind;
-    }
+    EXPECT_EQ(packs.get_option_language_layout_direction(972), 1) << "no file";
+    fs::create_directories(fs::path(attributes).parent_path());
+    fs::create_symlink("/dev/zero", attributes);
+    EXPECT_EQ(packs.get_option_language_layout_direction(972), 1) << "device";
     fs::remove(attributes);
     const struct {
         const char* contents;
@@ -247,9 +236,8 @@ TEST_F(attribute_managers, direction_follows_the_attribute_file) {
 
 TEST_F(attribute_managers, a_font_of_the_highest_language_wins) {
     fs::create_directories("/tmp/fonts");
-    for (const std::string id : {"86", "886", "9"}) {
-        write_file("/mnt/optlang/" + id + "/panel/optfonts/b.ttf", "font");
-    }
+    write_file("/mnt/optlang/86/panel/optfonts/b.ttf", "font");
+    write_file("/mnt/optlang/886/panel/optfonts/b.ttf", "font");
     set_slot(1, 886);
     set_slot(2, 86);
     const option_manager packs;
@@ -257,40 +245,32 @@ TEST_F(attribute_managers, a_font_of_the_highest_language_wins) {
 }
 
 TEST_F(attribute_managers, fonts_are_linked_as_the_command_does_it_but_never_to_themselves) {
-    const struct {
-        const char* setup; // in the folder of fonts, $p, and beside it that of links, $f
-        const char* directory;
-        bool is_as_command; // otherwise nothing changes
-    } rows[] = {
-        {"touch A.TTF b.ttf c.otf .ttf f.ttf.bak g.tTf .h.ttf; mkdir d.ttf", "$p/", true},
-        {R"(touch -- " a'\"\$(touch harm) ;\`b.ttf" "-n
-.ttf")",
-         "$p/", true},
-        {"touch a.ttf; ln -s a.ttf b.ttf; ln -s none c.ttf; ln -s $p/b.ttf $f/a.ttf", "$p/", true},
-        {"touch a.ttf b.ttf c.ttf; ln a.ttf $f; ln -s $p/b.ttf $f; ln -s /none $f/c.ttf", "$p/", true},
-        {"touch a.ttf b.ttf; mkdir -p $f/a.ttf $f/b.ttf/b.ttf", "$p/", true},
-        {"touch a.ttf; mkdir other; ln -s $p/other $f/a.ttf", "$p/", true},
-        {"touch $f/a.ttf; ln -s $f/a.ttf $p", "$p/", true},
-        {"touch a.ttf $f/a.ttf; ln -s $p/a $f/.new-link-$PPID; mkdir $f/.new-link-$PPID-0", "$p/", true},
-        {"touch $f/a.ttf", "$f/", true},
-        {"touch a.ttf; ln -s $p/a.ttf $f", "$f/", false},
-        {"touch $f/a.ttf; ln $f/a.ttf $f/b; ln -s $f fonts", "$p/fonts/", false},
-        {"touch a; ln -s ../pack/a $f/a.ttf; ln -s $f/a.ttf $p", "$p/", false},
+    const auto run = [](const std::string& script) {
+        const std::string folders = "p=/tmp/pack; f=/tmp/fonts; rm -rf $p $f; mkdir -p $p $f; cd $p; ";
+        EXPECT_EQ(std::system((folders + script).c_str()), 0);
+        return entries_of_fonts();
     };
-    const std::string folders = "p=/tmp/pack; f=/tmp/fonts; rm -rf $p $f; mkdir -p $p $f; cd $p; ";
-    for (const auto& row : rows) {
-        SCOPED_TRACE(row.setup);
-        const std::string links =
-            "; d=" + std::string(row.directory) +
-            "; for i in $d* $d.[!.]*; do case ${i##*/} in ?*.[tT][tT][fF]) [ -f \"$i\" ] && "
-            "ln -fs \"$i\" \"$f/${i##*/}\" 2>/dev/null; esac; done; true";
-        EXPECT_EQ(std::system((folders + row.setup + (row.is_as_command ? links : "")).c_str()), 0);
-        const std::map<std::string, std::string> expected = entries_of_fonts();
-        EXPECT_EQ(std::system((folders + row.setup).c_str()), 0);
-        std::string directory = row.directory;
-        directory.replace(0, 2, directory[1] == 'f' ? "/tmp/fonts" : "/tmp/pack");
-        option_manager().make_link_for_fonts(directory);
-        EXPECT_EQ(entries_of_fonts(), expected);
+    // Odd names, what is no font, and what stands in the places of links.
+    const std::string setup =
+        R"(touch A.TTF b.tTf .h.ttf " a'\"\$(touch harm) ;\`b.ttf" c.otf .ttf c.ttf.bak x; mkdir d.ttf; ln -s no e.ttf
+        touch f1.ttf f2.ttf f3.ttf f4.ttf; touch $f/f1.ttf; ln f2.ttf $f; ln -s $p/f3.ttf $f; ln -s /no $f/f4.ttf
+        touch g1.ttf g2.ttf g3.ttf; mkdir -p $f/g1.ttf $f/g2.ttf/g2.ttf; ln -s $p/d.ttf $f/g3.ttf
+        touch $f/h.ttf; ln -s $f/h.ttf x1.ttf; ln -s $f/h.ttf .; ln -s b.tTf i.ttf
+        ln -s $p/x $f/.new-link-$PPID; mkdir $f/.new-link-$PPID-0;)";
+    const std::string links = R"(for i in * .h.ttf; do case $i in ?*.[tT][tT][fF])
+        [ -f "$i" ] && ln -fs "$p/$i" "$f/$i" 2>/dev/null; esac; done; true)";
+    const auto expected = run(setup + links);
+    run(setup);
+    std::string directory = "/tmp/pack/";
+    option_manager().make_link_for_fonts(directory);
+    EXPECT_EQ(entries_of_fonts(), expected);
+
+    const auto kept =
+        run("touch a.ttf x $f/b.ttf; ln $f/b.ttf $f/b; ln -s $p/a.ttf ../pack/x $f; ln -s $f fonts;"
+            "ln -s ../pack/x $f/c.ttf; ln -s $f/c.ttf .");
+    for (std::string own : {"/tmp/fonts/", "/tmp/pack/fonts/", "/tmp/pack/"}) {
+        option_manager().make_link_for_fonts(own);
+        EXPECT_EQ(entries_of_fonts(), kept) << own;
     }
 }
 

@@ -134,7 +134,7 @@ TEST_F(language_resource, message_data_goes_before_what_the_text_held) {
     write_file("/mnt/sheetext/a", std::string("caf\xE9\0y", 6));
     write_file("/mnt/sheetext/sub/12", "below");
     write_file("/mnt/sheetext/empty", "");
-    place_special_file("/mnt/sheetext/pipe", S_IFIFO);
+    ASSERT_EQ(mkfifo("/mnt/sheetext/pipe", 0600), 0);
     std::filesystem::create_symlink("/dev/zero", "/mnt/sheetext/device");
     const struct {
         const char* file;

@@ -80,9 +80,14 @@ TEST(generated_source, message_tables_hold_what_the_catalogue_says) {
 
 TEST(generated_source, a_pack_answers_for_its_own_language_and_rows) {
     const scratch_catalogue catalogue;
-    catalogue.write_pack("86", "font_family = Pack \"Sans\"\n", table_of_texts() + "21998\tlast\n");
-    const process_result built = catalogue.run("pack", {"--pack", catalogue.path("packs/86/"), "--no-fill"});
-    ASSERT_EQ(built.output, "pack 86: 6 rows with texts of its own, none filled\n");
+    catalogue.write("messages.tsv", "id\tname\trow\n1\tA\t2\n2\tB\t950\n");
+    catalogue.write("texts/en.tsv", "row\ttext\n2\ten\n900\tEnglish\n901\tno\n");
+    catalogue.write_pack("86", "font_family = Pack \"Sans\"\n", table_of_texts() + "901\t\n21998\tlast\n");
+    const std::string own = "pack 86: 7 rows with texts of its own, ";
+    const std::string folder = catalogue.path("packs/86/");
+    EXPECT_EQ(catalogue.run("pack", {"--pack", folder, "--no-fill"}).output, own + "none filled\n");
+    EXPECT_EQ(catalogue.folder().read("out/option_pack.cpp").find("English"), std::string::npos);
+    ASSERT_EQ(catalogue.run("pack", {"--pack", folder}).output, own + "3 filled with English ones\n");
     void* library = load_compiled(catalogue, {"option_pack.cpp"});
     const auto is_valid = symbol<int (*)(int)>(library, "isValidOptionLanguage");
     const auto message = symbol<const char* (*)(long, int)>(library, "optionMessage");
@@ -92,8 +97,12 @@ TEST(generated_source, a_pack_answers_for_its_own_language_and_rows) {
     for (const auto& text : TEXTS) {
         EXPECT_STREQ(message(row++, 86), text.text);
     }
+    EXPECT_STREQ(message(900, 86), "English");
+    for (const long empty : {1L, 901L, 950L}) { // 901: the pack's own text
+        EXPECT_STREQ(message(empty, 86), "") << empty;
+    }
     EXPECT_STREQ(message(21998, 86), "last");
-    for (const long missing : {-2147483647L, -1L, 0L, 1L, 1000L, 21999L, 2147483647L}) {
+    for (const long missing : {-2147483647L, -1L, 0L, 1000L, 21999L, 2147483647L}) {
         EXPECT_EQ(message(missing, 86), nullptr) << missing;
     }
     EXPECT_EQ(message(FIRST_ROW, 886), nullptr);
@@ -101,20 +110,4 @@ TEST(generated_source, a_pack_answers_for_its_own_language_and_rows) {
     EXPECT_EQ(family(0, 886), nullptr);
     EXPECT_EQ(is_valid(86), 1);
     EXPECT_EQ(is_valid(0), 0);
-}
-
-TEST(generated_source, a_pack_shows_english_where_it_has_no_text) {
-    const scratch_catalogue catalogue;
-    catalogue.write("messages.tsv", "id\tname\trow\n1\tA\t2\n2\tB\t3\n3\tC\t4\n4\tD\t5\n");
-    catalogue.write("texts/en.tsv", "row\ttext\n2\ttwo\n3\tthree\n4\tfour\n6\tsix\n");
-    catalogue.write_pack("86", "font_family = F\n", "row\ttext\n2\tzwei\n3\t\n");
-    EXPECT_EQ(catalogue.run("pack", {"--pack", catalogue.path("packs/86")}).output,
-              "pack 86: 2 rows with texts of its own, 4 filled with English ones\n");
-    const auto message =
-        symbol<const char* (*)(long, int)>(load_compiled(catalogue, {"option_pack.cpp"}), "optionMessage");
-    ASSERT_TRUE(message != nullptr);
-    const char* const expected[] = {nullptr, "", "zwei", "", "four", "", "six", nullptr};
-    for (long row = 0; row < 8; ++row) {
-        EXPECT_STREQ(message(row, 86), expected[row]) << row;
-    }
 }

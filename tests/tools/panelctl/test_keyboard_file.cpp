@@ -65,14 +65,6 @@ TEST_F(keyboard_file, faults_name_their_line) {
     }
 }
 
-TEST_F(keyboard_file, a_pipe_is_no_file) {
-    const std::string pipe = scratch_.path("pipe");
-    ASSERT_EQ(mkfifo(pipe.c_str(), 0600), 0);
-    keyboard board;
-    EXPECT_FALSE(read_keyboard(QString::fromStdString(pipe), board, fault_));
-    EXPECT_EQ(fault_.toStdString(), pipe + ": is no regular file; replace it by one");
-}
-
 TEST_F(keyboard_file, prohibitions_of_all_languages_and_of_one) {
     const QString path =
         path_of("[*]\nfile = / U+0041-U+0043 -\n[81]\nfile = U+1F600\nline = x\n[7]\nfile = 7\n");
@@ -95,4 +87,8 @@ TEST_F(keyboard_file, language_information_keeps_the_order_of_the_keyboards) {
     EXPECT_EQ(information.keyboards, (QStringList{QStringLiteral("b.kbd"), QStringLiteral("a.kbd")}));
     EXPECT_FALSE(read_language_information(path_of("[7]\ncolour = x\n"), 7, information, fault_));
     EXPECT_FALSE(read_language_information(QStringLiteral("/none"), 7, information, fault_));
+    const QString pipe = QString::fromStdString(scratch_.path("pipe"));
+    ASSERT_EQ(mkfifo(scratch_.path("pipe").c_str(), 0600), 0);
+    EXPECT_FALSE(read_language_information(pipe, 7, information, fault_));
+    EXPECT_EQ(fault_, pipe + QLatin1String(": is no regular file; replace it by one"));
 }
