@@ -220,7 +220,7 @@ int emwGENTrcPrintf(int module, int group, int kind, const char* format, ...) {
     char text[LONGEST_TRACE];
     std::vsnprintf(text, sizeof text, format, arguments);
     va_end(arguments);
-    return fake_platform_call({"emwGENTrcPrintf", {module, group, kind}, text, ""}).failure_code;
+    return fake_platform_call({"emwGENTrcPrintf", {module, group, kind}, text, "", format}).failure_code;
 }
 
 // Operating-system wrapper

@@ -24,12 +24,14 @@ constexpr int FAKE_FAILURE = 0x0FA1;
  *           id; a sent message: mode, function id, request length, reply capacity; dispatch: none
  * text:     its file, library, symbol or service name; a trace: its text as formatted
  * bytes:    exactly the bytes handed over for sending
+ * format:   a trace: its format, without the arguments
  */
 struct FAKE_CALL {
     std::string function;
     std::vector<std::int64_t> numbers;
     std::string text;
     std::string bytes;
+    std::string format = {};
 };
 
 /**

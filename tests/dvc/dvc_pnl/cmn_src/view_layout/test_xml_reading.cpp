@@ -62,6 +62,7 @@ protected:
         const std::vector<FAKE_CALL> calls = platform_.calls_of("emwGENTrcPrintf");
         ASSERT_EQ(calls.size(), 1U);
         EXPECT_EQ(calls[0].numbers, (std::vector<std::int64_t>{0x5302, 0x102, 5}));
+        EXPECT_EQ(calls[0].format, "%s:%d:%s:XML Fatal Error lines:%d column:%d %s\n");
         EXPECT_EQ(calls[0].text.rfind("dvc_pnl_utl_xml_parameter_handler:", 0), 0U) << calls[0].text;
         const std::size_t end = calls[0].text.find(":fatalError:");
         EXPECT_EQ(calls[0].text.substr(end), ":fatalError:XML Fatal Error " + text + "\n");
