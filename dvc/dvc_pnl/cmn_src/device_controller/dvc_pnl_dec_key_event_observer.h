@@ -16,8 +16,9 @@ class DVC_PNL_EXPORT dvc_pnl_dec_key_event_observer {
 public:
     dvc_pnl_dec_key_event_observer();
     virtual ~dvc_pnl_dec_key_event_observer();
-    dvc_pnl_dec_key_event_observer(const dvc_pnl_dec_key_event_observer&) = delete;
-    dvc_pnl_dec_key_event_observer& operator=(const dvc_pnl_dec_key_event_observer&) = delete;
+    /** A copy is an observer of its own, not registered. */
+    dvc_pnl_dec_key_event_observer(const dvc_pnl_dec_key_event_observer&) = default;
+    dvc_pnl_dec_key_event_observer& operator=(const dvc_pnl_dec_key_event_observer&) = default;
 
     /** @param key_id  the notification's id, dvc_pnl_dec_serialize::decoded_id */
     virtual void dvc_pnl_dec_key_pressed(int key_id) = 0;

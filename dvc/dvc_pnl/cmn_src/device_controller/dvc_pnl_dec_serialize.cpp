@@ -1,7 +1,6 @@
 #include "dvc_pnl_dec_serialize.h"
 
 #include <algorithm>
-#include <cstring>
 #include <iterator>
 
 namespace velarion {
@@ -10,7 +9,6 @@ namespace {
 
 const unsigned long TIMER_CONTROL_KIND = 0x24000;
 const std::int32_t UNDECODED = 1;
-const std::size_t VALUE_LENGTH = DVC_PNL_DEC_RECORD_LENGTH - DVC_PNL_DEC_RECORD_VALUE_OFFSET;
 
 } // namespace
 
@@ -29,15 +27,16 @@ void dvc_pnl_dec_serialize::serialize(DVC_PNL_DEC_COMMUNICATION_PARAMETER_ID id,
     if (dst) {
         dvc_pnl_dec_store(dst, id);
         ++serialize_cnt_;
-        std::memcpy(static_cast<char*>(dst) + DVC_PNL_DEC_RECORD_VALUE_OFFSET, value, VALUE_LENGTH);
+        dvc_pnl_dec_store(static_cast<char*>(dst) + DVC_PNL_DEC_RECORD_VALUE_OFFSET, dvc_pnl_dec_load(value));
     }
     size += static_cast<int>(DVC_PNL_DEC_RECORD_LENGTH);
 }
 
 int dvc_pnl_dec_serialize::deserialize(void* dst, void* record, int& size) {
-    std::memcpy(dst, static_cast<char*>(record) + DVC_PNL_DEC_RECORD_VALUE_OFFSET, VALUE_LENGTH);
+    const std::int32_t id = dvc_pnl_dec_load(record);
+    dvc_pnl_dec_store(dst, dvc_pnl_dec_load(static_cast<char*>(record) + DVC_PNL_DEC_RECORD_VALUE_OFFSET));
     size += static_cast<int>(DVC_PNL_DEC_RECORD_LENGTH);
-    return dvc_pnl_dec_load(record);
+    return id;
 }
 
 int dvc_pnl_dec_serialize::decode(DVC_PNL_DEC_OBSERVER_COMMUNICATION_HEADER* head) {

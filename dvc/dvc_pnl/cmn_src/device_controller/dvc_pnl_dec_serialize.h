@@ -37,7 +37,7 @@ public:
     /**
      * Reads one parameter record, whatever its id.
      *
-     * @param dst     receives the value's four bytes
+     * @param dst     receives the value's four bytes; may lie in the record
      * @param record  8 bytes
      * @param size    grows by 8 bytes
      * @return the record's parameter id

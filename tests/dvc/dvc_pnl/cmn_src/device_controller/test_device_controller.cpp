@@ -13,6 +13,7 @@
 #include <functional>
 #include <limits>
 #include <thread>
+#include <type_traits>
 
 using namespace velarion;
 
@@ -32,6 +33,10 @@ struct quiet_observer : dvc_pnl_dec_key_event_observer {
     void dvc_pnl_dec_key_pressed(int) override {}
     void dvc_pnl_dec_key_released(int) override {}
 };
+
+static_assert(std::is_copy_constructible<quiet_observer>::value &&
+                  std::is_copy_assignable<quiet_observer>::value,
+              "a host may copy its observer");
 
 // Messages as bytes, built from numbers and written out independently.
 
@@ -280,4 +285,12 @@ TEST(serialize, decodes_what_the_header_announces_up_to_an_unknown_id) {
             EXPECT_EQ(serializer.decoded_status, row.status);
         }
     }
+}
+
+TEST(serialize, reads_the_id_before_it_writes) {
+    std::string record = word_bytes(7) + word_bytes(300);
+    int size = 1;
+    EXPECT_EQ(dvc_pnl_dec_serialize().deserialize(&record[0], &record[0], size), 7);
+    EXPECT_EQ(record, word_bytes(300) + word_bytes(300));
+    EXPECT_EQ(size, 9);
 }
