@@ -16,14 +16,9 @@ const double PX_PER_MM[] = {5.2002, 5.6053};
 const char DP_SUFFIX[] = "dp";
 const char FAILURE_TEXT[] = "0";
 
-/** Entry i is floor((i * 18 + doubled_addend * 7) / 14), that is i * 9/7 plus half the addend, rounded down.
- */
-constexpr dvc_pnl_common_utility::DP2PX_TABLE make_table(std::int32_t doubled_addend) {
-    dvc_pnl_common_utility::DP2PX_TABLE table{};
-    for (std::size_t i = 0; i < table.size(); ++i) {
-        table[i] = (static_cast<std::int32_t>(i) * 18 + doubled_addend * 7) / 14;
-    }
-    return table;
+/** dp * 9/7 plus half of @p doubled_addend, rounded down. */
+constexpr std::int32_t table_entry(std::int32_t dp, std::int32_t doubled_addend) {
+    return (dp * 18 + doubled_addend * 7) / 14;
 }
 
 /** Truncates toward zero; values that an int cannot hold give the nearest limit on every processor. */
@@ -62,9 +57,23 @@ bool read_plain_number(const std::string& text, int& value) {
 
 } // namespace
 
-constexpr dvc_pnl_common_utility::DP2PX_TABLE dvc_pnl_common_utility::s_dp2px_table_floor_ = make_table(0);
-constexpr dvc_pnl_common_utility::DP2PX_TABLE dvc_pnl_common_utility::s_dp2px_table_round_ = make_table(1);
-constexpr dvc_pnl_common_utility::DP2PX_TABLE dvc_pnl_common_utility::s_dp2px_table_ceil_ = make_table(1);
+// A plain array takes its entries one by one; as constant expressions they need no start-up code.
+// clang-format off
+#define ENTRIES_4(dp, addend) table_entry(dp, addend), table_entry((dp) + 1, addend), \
+                              table_entry((dp) + 2, addend), table_entry((dp) + 3, addend)
+#define ENTRIES_16(dp, addend) ENTRIES_4(dp, addend), ENTRIES_4((dp) + 4, addend), \
+                               ENTRIES_4((dp) + 8, addend), ENTRIES_4((dp) + 12, addend)
+#define ENTRIES_64(dp, addend) ENTRIES_16(dp, addend), ENTRIES_16((dp) + 16, addend), \
+                               ENTRIES_16((dp) + 32, addend), ENTRIES_16((dp) + 48, addend)
+#define ENTRIES_256(dp, addend) ENTRIES_64(dp, addend), ENTRIES_64((dp) + 64, addend), \
+                                ENTRIES_64((dp) + 128, addend), ENTRIES_64((dp) + 192, addend)
+#define ENTRIES_1025(addend) ENTRIES_256(0, addend), ENTRIES_256(256, addend), ENTRIES_256(512, addend), \
+                             ENTRIES_256(768, addend), table_entry(1024, addend)
+// clang-format on
+
+const std::int32_t dvc_pnl_common_utility::s_dp2px_table_floor_[] = {ENTRIES_1025(0)};
+const std::int32_t dvc_pnl_common_utility::s_dp2px_table_round_[] = {ENTRIES_1025(1)};
+const std::int32_t dvc_pnl_common_utility::s_dp2px_table_ceil_[] = {ENTRIES_1025(1)};
 
 int dvc_pnl_common_utility::dip2pixel(int dp, ROUNDING_TYPE type) {
     if (static_cast<unsigned int>(dp) <= static_cast<unsigned int>(HIGHEST_TABLE_DP)) {

@@ -3,7 +3,6 @@
 
 #include "dvc_pnl_export.h"
 
-#include <array>
 #include <cstddef>
 #include <cstdint>
 #include <string>
@@ -28,12 +27,12 @@ public:
     };
 
     static constexpr std::size_t DP2PX_TABLE_SIZE = 1025;
-    using DP2PX_TABLE = std::array<std::int32_t, DP2PX_TABLE_SIZE>;
 
     /** Pixels of 0 to 1024 dp, one table for each rounding type. */
-    static const DP2PX_TABLE s_dp2px_table_floor_;
-    static const DP2PX_TABLE s_dp2px_table_round_;
-    static const DP2PX_TABLE s_dp2px_table_ceil_; ///< holds the values of s_dp2px_table_round_
+    static const std::int32_t s_dp2px_table_floor_[DP2PX_TABLE_SIZE];
+    static const std::int32_t s_dp2px_table_round_[DP2PX_TABLE_SIZE];
+    static const std::int32_t
+        s_dp2px_table_ceil_[DP2PX_TABLE_SIZE]; ///< holds the values of s_dp2px_table_round_
 
     dvc_pnl_common_utility() {}
     ~dvc_pnl_common_utility() {}

@@ -25,6 +25,8 @@ const int INT_MOST = std::numeric_limits<int>::max();
 /** A step of the table must be no step of the result: both sides of it follow one rule. */
 TEST(dip2pixel, tables_hold_what_the_floating_point_rule_gives) {
     const double factor = 9.0 / 7.0;
+    const std::int32_t* const floor_table = utility::s_dp2px_table_floor_;
+    EXPECT_EQ(floor_table[1024], 1316);
     for (int dp = 0; dp <= 1024; ++dp) {
         SCOPED_TRACE(dp);
         EXPECT_EQ(utility::dip2pixel(dp, FLOOR), static_cast<int>(dp * factor));
