@@ -1,5 +1,6 @@
 #include "dvc_pnl_utl_xml_parameter_handler.h"
 
+#include "dvc_pnl_utl_special_file.h"
 #include "dvc_pnl_utl_toolkit.h"
 #include "dvc_pnl_utl_xml_handler_base.h"
 #include "dvc_pnl_utl_xml_sax_reader.h"
@@ -8,6 +9,8 @@
 #include <QFile>
 #include <QXmlSimpleReader>
 #include <QtDebug>
+
+#include <algorithm>
 
 #pragma GCC diagnostic ignored "-Wdeprecated-declarations" // see the header
 
@@ -22,7 +25,6 @@ const int TRACE_MODULE = 0x5302;
 const int TRACE_GROUP = 0x102;
 const int TRACE_KIND_ERROR = 5;
 const char SOURCE_NAME[] = "dvc_pnl_utl_xml_parameter_handler";
-const char NAMESPACES_FEATURE[] = "http://xml.org/sax/features/namespaces";
 const int TEXT_MEMORY = 256;            // characters of the buffer at first
 const int MOST_KEPT_TEXT_MEMORY = 4096; // a buffer that grew beyond is given back at the element's end
 
@@ -37,38 +39,52 @@ void convert_to_utf8(const QString& text, std::string& utf8) {
 
 /** Element names are ASCII as a rule: no detour through the toolkit's codec. */
 void convert_name(const QString& name, std::string& utf8) {
-    utf8.clear();
-    const QChar* const end = name.constData() + name.size();
-    for (const QChar* c = name.constData(); c != end; ++c) {
-        if (c->unicode() > 0x7f) {
-            convert_to_utf8(name, utf8);
-            return;
-        }
-        utf8.push_back(static_cast<char>(c->unicode()));
+    const QChar* const units = name.constData();
+    utf8.resize(static_cast<std::string::size_type>(name.size()));
+    unsigned int all = 0;
+    for (std::string::size_type i = 0; i < utf8.size(); ++i) {
+        all |= units[i].unicode();
+        utf8[i] = static_cast<char>(units[i].unicode());
+    }
+    if (all > 0x7f) {
+        convert_to_utf8(name, utf8);
     }
 }
 
-/** QString::simplified() and the conversion in one pass, as long as the text is ASCII. */
-void convert_simplified(const QString& text, std::string& utf8) {
-    utf8.clear();
+/** Converts a text to UTF-8 with its white space simplified, as long as it is ASCII. @return whether it is */
+bool convert_simplified(const QString& text, std::string& utf8) {
+    utf8.resize(static_cast<std::string::size_type>(text.size()));
+    std::string::size_type used = 0;
     bool is_space_due = false;
     const QChar* const end = text.constData() + text.size();
     for (const QChar* c = text.constData(); c != end; ++c) {
         const ushort unit = c->unicode();
         if (unit > 0x7f) {
-            convert_to_utf8(text.simplified(), utf8);
-            return;
+            return false;
         }
         if (is_ascii_space(unit)) {
-            is_space_due = !utf8.empty();
+            is_space_due = used > 0;
             continue;
         }
         if (is_space_due) {
-            utf8.push_back(' ');
+            utf8[used++] = ' ';
             is_space_due = false;
         }
-        utf8.push_back(static_cast<char>(unit));
+        utf8[used++] = static_cast<char>(unit);
     }
+    utf8.resize(used);
+    return true;
+}
+
+/** Replaces a text by its simplified form in its own memory, and converts that to UTF-8. */
+void simplify(QString& text, std::string& utf8) {
+    if (!convert_simplified(text, utf8)) {
+        text = text.simplified();
+        convert_to_utf8(text, utf8);
+        return;
+    }
+    text.resize(static_cast<int>(utf8.size()));
+    std::transform(utf8.begin(), utf8.end(), text.begin(), [](char c) { return QLatin1Char(c); });
 }
 
 void empty_buffer(QString& text) {
@@ -82,8 +98,7 @@ void empty_buffer(QString& text) {
 } // namespace
 
 dvc_pnl_utl_xml_parameter_handler::dvc_pnl_utl_xml_parameter_handler()
-    : handler_(nullptr)
-    , depth_(0) {
+    : handler_(nullptr) {
     text_.reserve(TEXT_MEMORY);
 }
 
@@ -92,22 +107,24 @@ dvc_pnl_utl_xml_parameter_handler::~dvc_pnl_utl_xml_parameter_handler() {}
 int dvc_pnl_utl_xml_parameter_handler::dvc_pnl_utl_execute(dvc_pnl_utl_xml_handler_base* handler,
                                                            const char* path) {
     handler_ = handler;
-    if (handler == nullptr || path == nullptr) {
+    if (!handler || !path) {
         return RESULT_FAILURE;
     }
     const QString file_name = dvc_pnl_utl_from_8bit(path);
-    if (!QFile::exists(file_name)) {
+    if (!QFile::exists(file_name) || is_special_file(file_name)) {
         return RESULT_FAILURE;
     }
     QXmlSimpleReader reader;
-    // Only names as written are used. Without the feature hostile prefixes cost no memory either.
-    reader.setFeature(QLatin1String(NAMESPACES_FEATURE), false);
     dvc_pnl_utl_xml_sax_reader sax_reader(&reader);
     return sax_reader.parseExecute(this, file_name.toUtf8().constData()) ? RESULT_READ : RESULT_FAILURE;
 }
 
+std::unique_ptr<dvc_pnl_utl_xml_parameter_handler::element_texts>
+dvc_pnl_utl_xml_parameter_handler::take_texts() {
+    return spare_texts_ ? std::move(spare_texts_) : std::make_unique<element_texts>();
+}
+
 bool dvc_pnl_utl_xml_parameter_handler::startDocument() {
-    depth_ = 0;
     return true;
 }
 
@@ -119,22 +136,29 @@ bool dvc_pnl_utl_xml_parameter_handler::startElement(const QString& /*namespace_
                                                      const QString& /*local_name*/,
                                                      const QString& qualified_name,
                                                      const QXmlAttributes& /*attributes*/) {
-    if (depth_ == DEEPEST_ELEMENT) {
+    if (!handler_) {
         return false;
     }
-    ++depth_;
-    convert_name(qualified_name, name_utf8_);
-    return handler_->dvc_pnl_utl_start_element(name_utf8_) == HANDLER_GOES_ON;
+    std::unique_ptr<element_texts> texts = take_texts();
+    convert_name(qualified_name, texts->name);
+    const int answer = handler_->dvc_pnl_utl_start_element(texts->name);
+    spare_texts_ = std::move(texts);
+    return answer == HANDLER_GOES_ON;
 }
 
 bool dvc_pnl_utl_xml_parameter_handler::endElement(const QString& /*namespace_uri*/,
                                                    const QString& /*local_name*/,
                                                    const QString& qualified_name) {
-    --depth_;
-    convert_name(qualified_name, name_utf8_);
-    convert_simplified(text_, text_utf8_);
+    if (!handler_) {
+        return false;
+    }
+    std::unique_ptr<element_texts> texts = take_texts();
+    convert_name(qualified_name, texts->name);
+    simplify(text_, texts->text);
+    const int answer = handler_->dvc_pnl_utl_end_element(texts->name, texts->text);
     empty_buffer(text_);
-    return handler_->dvc_pnl_utl_end_element(name_utf8_, text_utf8_) == HANDLER_GOES_ON;
+    spare_texts_ = std::move(texts);
+    return answer == HANDLER_GOES_ON;
 }
 
 bool dvc_pnl_utl_xml_parameter_handler::characters(const QString& text) {

@@ -6,6 +6,7 @@
 #include <QString>
 #include <QXmlDefaultHandler>
 
+#include <memory>
 #include <string>
 
 namespace velarion {
@@ -25,30 +26,25 @@ class dvc_pnl_utl_xml_handler_base;
  */
 class DVC_PNL_EXPORT dvc_pnl_utl_xml_parameter_handler : public QXmlDefaultHandler {
 public:
-    /** Elements nested deeper stop the parse, as a document handler would. */
-    static constexpr int DEEPEST_ELEMENT = 4096;
-
     dvc_pnl_utl_xml_parameter_handler();
     ~dvc_pnl_utl_xml_parameter_handler() override;
 
     /**
      * Reads a file.
      *
-     * Every failure but a null argument and a missing file is reported by one line of debug output and
-     * one trace record that name line and column. What the document handler did before stays done.
+     * Every failure but a null argument and a missing file, device or pipe is reported by one line of debug
+     * output and one trace record that name line and column. What the document handler did before stays done.
      *
      * @param handler  receives the elements; borrowed for the call; the handler of earlier calls is
      *                 forgotten, also when this one fails
      * @param path     ASCII
      * @return 1 when the file was read to its end; -65536 for a null argument, a missing or unreadable
-     *         file, a file that is not well formed or exceeds a limit, or when the handler stopped
+     *         file, a device or pipe, a file that is not well formed or exceeds a limit, or when the handler
+     *         stopped
      */
     int dvc_pnl_utl_execute(dvc_pnl_utl_xml_handler_base* handler, const char* path);
 
-    /**
-     * Called by the reader. They return true to go on. Namespaces are not processed: URI and local name are
-     * empty, the qualified name is the name as it is written.
-     */
+    /** Called by the reader. They return true to go on. The qualified name is the name as it is written. */
     bool startDocument() override;
     bool endDocument() override;
     bool startElement(const QString& namespace_uri, const QString& local_name, const QString& qualified_name,
@@ -63,11 +59,17 @@ public:
     bool fatalError(const QXmlParseException& exception) override;
 
 private:
+    /** What the document handler is given, UTF-8. Nobody else's meanwhile: it may start another parse. */
+    struct element_texts {
+        std::string name;
+        std::string text;
+    };
+
+    std::unique_ptr<element_texts> take_texts();
+
     dvc_pnl_utl_xml_handler_base* handler_;
-    QString text_; // character data since the last element end
-    int depth_;
-    std::string name_utf8_; // kept between elements for their memory
-    std::string text_utf8_;
+    QString text_;                               // character data since the last element end
+    std::unique_ptr<element_texts> spare_texts_; // kept between elements for their memory
 };
 
 #pragma GCC diagnostic pop

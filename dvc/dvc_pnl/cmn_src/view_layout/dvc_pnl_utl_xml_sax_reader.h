@@ -19,16 +19,21 @@ class dvc_pnl_utl_xml_parameter_handler;
 /** Runs the toolkit's SAX reader on a file. */
 class DVC_PNL_EXPORT dvc_pnl_utl_xml_sax_reader {
 public:
+    /** Elements nested deeper stop the parse. */
+    static constexpr int DEEPEST_ELEMENT = 4096;
+
     /** @param reader  borrowed; must outlive this object */
     explicit dvc_pnl_utl_xml_sax_reader(QXmlReader* reader);
 
     /**
      * Parses a file and reports its events.
      *
-     * A document type declaration that could exhaust memory or stack ends the document where it does so,
-     * and the reader then reports an unexpected end of file.
+     * Elements nested too deep stop the parse like a callback that returns false; entities that expand too
+     * much, and content models nested too deep, end the document where they do so, and the reader then
+     * reports an unexpected end of file. A device, pipe or socket counts as a missing file.
      *
-     * @param handler  receives events and errors; borrowed for the call; null: nobody does
+     * @param handler  receives events and errors and is the reader's content and error handler afterwards;
+     *                 borrowed; null: nobody receives them
      * @param path     an 8-bit string; the file is opened by the first read
      * @return whether the reader came to the end of a well-formed document without being stopped
      */
