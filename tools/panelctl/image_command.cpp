@@ -80,7 +80,8 @@ int run_image_command(const QStringList& arguments) {
 
 int run_images_command(const QStringList& arguments) {
     QCommandLineParser parser;
-    parser.setApplicationDescription(QStringLiteral("Lists the rows of the image table."));
+    parser.setApplicationDescription(
+        QStringLiteral("Lists the rows of the image table. Ends with 1 when no row matches the filter."));
     parser.addOption(
         {QStringLiteral("filter"),
          QStringLiteral("Only rows whose number, name or file holds the text, in any letter case."),
@@ -91,6 +92,9 @@ int run_images_command(const QStringList& arguments) {
     }
     const std::vector<const DVC_PNL_RMG_IMPL_IMAGE_NAME*> images =
         find_images(parser.value(QStringLiteral("filter")));
+    if (images.empty()) {
+        report_no_match(parser.value(QStringLiteral("filter")));
+    }
     std::vector<QStringList> rows;
     QJsonArray rows_as_json;
     for (const DVC_PNL_RMG_IMPL_IMAGE_NAME* image : images) {

@@ -36,6 +36,10 @@ std::vector<const DVC_PNL_RMG_IMPL_IMAGE_NAME*> find_images(const QString& text)
     return found;
 }
 
+void report_no_match(const QString& text) {
+    report_fault(QStringLiteral("no image's number, name or file holds \"%1\"").arg(text));
+}
+
 QString describe_image_result(int result) {
     switch (result) {
     case velarion::DVC_PNL_RMG_IMAGE_OK:

@@ -38,6 +38,9 @@ private:
 /** The rows of the image table whose number, name or file holds a text, in any letter case; all for "". */
 std::vector<const DVC_PNL_RMG_IMPL_IMAGE_NAME*> find_images(const QString& text);
 
+/** Reports that find_images() found nothing for a text. */
+void report_no_match(const QString& text);
+
 /** A result of an image request for people. */
 QString describe_image_result(int result);
 

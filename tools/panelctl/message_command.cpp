@@ -80,7 +80,13 @@ void report_missing(const message_entry& entry) {
 
 void print_entry(const message_entry& entry) {
     if (entry.texts.size() == 1) {
-        print_line(entry.texts.front().second);
+        const QString& text = entry.texts.front().second;
+        print_line(text);
+        if (text.isEmpty()) {
+            report_fault(QStringLiteral("\"%1\" has no text in language %2")
+                             .arg(entry.key)
+                             .arg(entry.texts.front().first));
+        }
         return;
     }
     print_line(entry.is_table_message ? QStringLiteral("%1  %2  row %3")

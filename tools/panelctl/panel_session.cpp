@@ -4,6 +4,7 @@
 #include "dvc_pnl_rmg_language_resource.h"
 #include "dvc_pnl_rmg_standard_language_attribute_manager.h"
 
+#include <QDir>
 #include <QFile>
 #include <QFileInfo>
 
@@ -18,11 +19,30 @@ bool is_from_font_command(const QByteArray& line) {
     return line.startsWith("mkdir: ") || line.startsWith("ln: ");
 }
 
+bool is_device_tree_in_place() {
+    using manager = velarion::dvc_pnl_rmg_standard_language_attribute_manager;
+    return QFileInfo(QString::fromStdString(manager::BASE_PATH)).isDir();
+}
+
+/** Without a device tree the library makes its font links in the machine's own /tmp. */
+void report_font_links_left() {
+    const QDir folder(QStringLiteral("/tmp/fonts"));
+    QStringList links;
+    for (const QFileInfo& link : folder.entryInfoList(QDir::System | QDir::Files)) {
+        if (link.symLinkTarget().startsWith(QLatin1String("/usr/local/vuk_plp/"))) {
+            links.append(link.filePath());
+        }
+    }
+    if (!links.isEmpty()) {
+        report_fault(QStringLiteral("the library left links on this machine; to remove them: rm %1; rmdir %2")
+                         .arg(links.join(QLatin1Char(' ')), folder.path()));
+    }
+}
+
 } // namespace
 
 void report_missing_device_tree() {
-    using manager = velarion::dvc_pnl_rmg_standard_language_attribute_manager;
-    if (!QFileInfo(QString::fromStdString(manager::BASE_PATH)).isDir()) {
+    if (!is_device_tree_in_place()) {
         report_fault(
             QStringLiteral("the device tree is not in place, so there are no option language packs and "
                            "no data files; run this through scripts/device-shell"));
@@ -57,8 +77,13 @@ font_command_silence::~font_command_silence() {
 
 panel_session::panel_session() {
     report_missing_device_tree();
-    const font_command_silence silence;
-    language_ = velarion::dvc_pnl_rmg_language_resource::dvc_pnl_rmg_create_instance();
+    {
+        const font_command_silence silence;
+        language_ = velarion::dvc_pnl_rmg_language_resource::dvc_pnl_rmg_create_instance();
+    }
+    if (!is_device_tree_in_place()) {
+        report_font_links_left();
+    }
 }
 
 panel_session::~panel_session() {

@@ -29,7 +29,7 @@ private:
     int captured_error_;
 };
 
-/** The library's language resource for one run of a command. */
+/** The library's language resource for one run of a command; says what it left outside a device tree. */
 class panel_session {
 public:
     panel_session();

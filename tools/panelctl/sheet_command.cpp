@@ -150,7 +150,9 @@ int run_sheet_command(const QStringList& arguments) {
     QCommandLineParser parser;
     parser.setApplicationDescription(QStringLiteral(
         "Draws a contact sheet: the pictures of the image table with their numbers and files, on "
-        "the panel's\nbackground. Many pictures fill several pages, FILE-01.png and so on."));
+        "the panel's\nbackground. Many pictures fill several pages, FILE-01.png and so on. Ends with 1, and "
+        "writes "
+        "nothing, when no\nrow matches the filter."));
     parser.addOptions({
         {QStringList{QStringLiteral("o"), QStringLiteral("output")}, QStringLiteral("PNG file to write."),
          QStringLiteral("FILE")},
@@ -174,7 +176,7 @@ int run_sheet_command(const QStringList& arguments) {
     }
     const std::vector<image_row> rows = find_images(parser.value(QStringLiteral("filter")));
     if (rows.empty()) {
-        report_fault(QStringLiteral("no image matches \"%1\"").arg(parser.value(QStringLiteral("filter"))));
+        report_no_match(parser.value(QStringLiteral("filter")));
         return EXIT_NOT_FOUND;
     }
     return draw_sheets(rows, size, parser.value(QStringLiteral("o")),

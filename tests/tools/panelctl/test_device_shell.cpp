@@ -2,6 +2,8 @@
 
 #include <filesystem>
 
+#include <unistd.h>
+
 namespace {
 
 using device_shell = device;
@@ -67,4 +69,21 @@ TEST_F(device_shell, a_tree_lies_at_the_paths_of_the_device_and_nowhere_else) {
     EXPECT_TRUE(exists(scratch_.path("tree/tmp/fonts")));
     EXPECT_FALSE(exists("/tmp/" + name));
     EXPECT_EQ(exists("/tmp/fonts"), had_fonts);
+}
+
+TEST_F(device_shell, a_device_starts_without_font_links_unless_it_is_in_use) {
+    const std::string tree = scratch_.path("tree");
+    const std::string start = DEVICE_SHELL " --tree " + tree + " mkdir /tmp/fonts";
+    std::filesystem::create_directories(tree);
+    EXPECT_EQ(run_shell({"--tree", tree, "mkdir", "/tmp/fonts"}).exit_code, 0);
+    EXPECT_EQ(run_shell({"--tree", tree, "mkdir", "/tmp/fonts"}).exit_code, 0);
+    EXPECT_EQ(run_shell({"--tree", tree, "sh", "-c", "mkdir /tmp/fonts && " + start}).exit_code, 1);
+}
+
+TEST_F(device_shell, a_platform_folder_below_tmp_stays_visible) {
+    const std::string folder = "/tmp/" + std::to_string(getpid()) + "_platform";
+    run_shell({"--scratch", "sh", "-c", "echo x >$PANEL_PLATFORM_DIR/note"},
+              {{"PANEL_PLATFORM_DIR", folder}});
+    EXPECT_TRUE(exists(folder + "/note"));
+    std::filesystem::remove_all(folder);
 }

@@ -99,7 +99,7 @@ TEST_F(panel_message, data_files_of_the_device_are_read_by_name) {
     }
 }
 
-TEST_F(panel_message, outside_the_device_tree_one_line_says_so) {
+TEST_F(panel_message, outside_the_device_tree_is_said_with_what_was_left) {
     const process_result result =
         run_process({"bwrap", "--ro-bind", "/", "/", "--dev", "/dev", "--tmpfs", "/tmp", "--tmpfs", "/mnt",
                      "--tmpfs", "/usr/local", "--bind", BUILD_FOLDER, BUILD_FOLDER, PANELCTL, "message", "1"},
@@ -107,5 +107,8 @@ TEST_F(panel_message, outside_the_device_tree_one_line_says_so) {
     EXPECT_EQ(result.exit_code, 0);
     EXPECT_EQ(result.output, output_of({"message", "1"}));
     EXPECT_EQ(result.errors, "panelctl: the device tree is not in place, so there are no option language "
-                             "packs and no data files; run this through scripts/device-shell\n");
+                             "packs and no data files; run this through scripts/device-shell\n"
+                             "panelctl: the library left links on this machine; to remove them: rm "
+                             "/tmp/fonts/HeiseiKakuGothW5_213_C.ttf /tmp/fonts/UniversOTS_ArabicHebrew.ttf; "
+                             "rmdir /tmp/fonts\n");
 }

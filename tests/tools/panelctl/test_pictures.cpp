@@ -58,6 +58,9 @@ TEST_F(pictures, sheets_show_what_the_filter_finds) {
     EXPECT_NE(sheet.errors.find("page 1 of 1, pictures 1 to 11 of 11"), std::string::npos) << sheet.errors;
     EXPECT_GT(QImage(QString::fromStdString(file)).width(), 1000);
     EXPECT_EQ(run({"sheet", "--filter", "no such picture", "-o", file}).exit_code, 1);
+    const process_result images = run({"images", "--filter", "no such picture"});
+    EXPECT_EQ(images.exit_code, 1);
+    EXPECT_EQ(images.errors, "panelctl: no image's number, name or file holds \"no such picture\"\n");
     EXPECT_EQ(run({"sheet", "--filter", "swkb", "--size", "256", "-o", file}).exit_code, 0);
     EXPECT_TRUE(std::filesystem::exists(scratch_.path("sheet-02.png")));
 }
