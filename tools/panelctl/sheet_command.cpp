@@ -6,6 +6,7 @@
 #include <QFileInfo>
 #include <QJsonArray>
 #include <QPainter>
+#include <QTextOption>
 
 #include <algorithm>
 #include <cstdio>
@@ -83,8 +84,11 @@ private:
         }
         const QRect label(corner.x(), frame.bottom() + 4, grid_.cell_width() - MARGIN, LABEL_HEIGHT);
         painter.setPen(FOREGROUND);
-        painter.drawText(label, Qt::TextWrapAnywhere,
-                         QStringLiteral("%1 %2").arg(row.image_id).arg(QString::fromUtf8(row.file_name)));
+        QString name = QString::fromUtf8(row.file_name);
+        name.replace(QLatin1Char('_'), QStringLiteral("_\u200b")); // where a line may end
+        QTextOption wrapped;
+        wrapped.setWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
+        painter.drawText(label, QStringLiteral("%1 %2").arg(row.image_id).arg(name), wrapped);
     }
 
     /**
