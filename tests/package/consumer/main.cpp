@@ -1,21 +1,11 @@
-// A panel that shows one text: includes what a host of the library includes.
-#include "data_file_store.h"
+// A host that uses each of the installed libraries.
 #include "dvc_pnl_common_utility.h"
 #include "dvc_pnl_rmg_language_resource.h"
-#include "dvc_pnl_rmg_language_setting_manager.h"
 #include "dvc_pnl_rmg_message_table.h"
-#include "dvc_pnl_rmg_option_language_attribute_manager.h"
-#include "dvc_pnl_rmg_property.h"
-#include "dvc_pnl_rmg_setting_id.h"
-#include "dvc_pnl_rmg_standard_language_attribute_manager.h"
 #include "host_receiver.h"
 #include "message_delivery.h"
-#include "message_layer.h"
-#include "osw.h"
 #include "platform_codes.h"
 #include "settings_database.h"
-#include "settings_store.h"
-#include "trace.h"
 
 #include <QApplication>
 
