@@ -52,7 +52,7 @@ enum ATTACH_INTEREST : std::uint32_t {
     ATTACH_EVENTS_AND_EDGES = 2 ///< all events
 };
 
-/** Misbehaviour on purpose, for all requests but those of CONTROL_FUNCTION. */
+/** Misbehaviour on purpose, for all requests but those of CONTROL_FUNCTION; delay and drop for probes too. */
 enum FAULT_KIND : std::int32_t {
     FAULT_NONE = 0,
     FAULT_DELAY = 1,     ///< the reply comes after so many milliseconds

@@ -125,10 +125,16 @@ bool panel_service::receive(std::uint32_t connection, const IPC_HEADER& header, 
     if (header.kind == panel_platform::IPC_ATTACH) {
         return attach(connection, header);
     }
-    if (header.kind != panel_platform::IPC_REQUEST || !may_send_requests(connection)) {
+    if (!may_send_requests(connection)) {
         return false;
     }
     advance(now);
+    if (header.kind == panel_platform::IPC_PROBE) {
+        return answer_probe(connection, header, bytes, now);
+    }
+    if (header.kind != panel_platform::IPC_REQUEST) {
+        return false;
+    }
     answer(connection, header, bytes, now);
     return true;
 }
@@ -162,7 +168,22 @@ void panel_service::answer(std::uint32_t number, const IPC_HEADER& header, const
     IPC_HEADER reply_header;
     reply_header.kind = panel_platform::IPC_REPLY;
     reply_header.sequence = header.sequence;
-    std::vector<char> message = encode_message(reply, reply_header);
+    send_reply(number, encode_message(reply, reply_header), fault, now);
+}
+
+/** A service that leaves requests without an answer does so with probes; other faults are none of theirs. */
+bool panel_service::answer_probe(std::uint32_t number, const IPC_HEADER& header, const char* bytes,
+                                 std::int64_t now) {
+    if (header.length != panel_platform::IPC_HEADER_LENGTH) {
+        return false;
+    }
+    const bool is_faulty = faults_.kind() == FAULT_DELAY || faults_.kind() == FAULT_DROP;
+    send_reply(number, {bytes, bytes + header.length}, is_faulty ? faults_.take() : FAULT_NONE, now);
+    return true;
+}
+
+void panel_service::send_reply(std::uint32_t number, std::vector<char> message, FAULT_KIND fault,
+                               std::int64_t now) {
     if (fault == FAULT_DELAY) {
         delayed_.insert({now + faults_.value(), {number, std::move(message)}});
     } else if (fault != FAULT_DROP) {

@@ -71,6 +71,9 @@ private:
     bool attach(std::uint32_t number, const panel_platform::IPC_HEADER& header);
     void answer(std::uint32_t number, const panel_platform::IPC_HEADER& header, const char* bytes,
                 std::int64_t now);
+    bool answer_probe(std::uint32_t number, const panel_platform::IPC_HEADER& header, const char* bytes,
+                      std::int64_t now);
+    void send_reply(std::uint32_t number, std::vector<char> message, FAULT_KIND fault, std::int64_t now);
     FAULT_KIND take_fault(std::uint32_t connection);
     DEVICE_RESULT carry_out(std::uint32_t number, const panel_platform::IPC_HEADER& header, const char* bytes,
                             std::int64_t now, DEVICE_MESSAGE& reply);

@@ -35,8 +35,9 @@ public:
     ~bmc_mc_client();
 
     /**
-     * Asks whether a service can be sent messages. Any thread; on a workstation it waits for a request of
-     * another thread that is under way, and 5 ms at most beyond that.
+     * Asks whether a service can be sent messages. Any thread. On a workstation the first check of a process
+     * waits for a service that may be starting, 2.5 seconds at most; every later one answers at once. A
+     * service that did not answer a request in time is not ready until something is heard from it.
      *
      * @param name  the service's name, ended by NUL
      * @param mode  1; means nothing on a workstation
@@ -45,8 +46,8 @@ public:
     static long bmc_mc_check_facade(const char* name, long mode);
 
     /**
-     * Sends a request and waits for its reply; on a workstation three seconds at most, once the requests of
-     * other threads are over. Any thread.
+     * Sends a request and waits for its reply, which carries the request's function id; on a workstation
+     * three seconds at most, the requests of other threads before it included. Any thread.
      *
      * @param mode      1; means nothing on a workstation
      * @param func_id   what is asked, in 32 bits

@@ -61,7 +61,7 @@ extern "C" {
 
 /**
  * Suspends the calling thread.
- * @param units  platform time units, 10 microseconds each on a workstation.
+ * @param units  platform time units, 1 microsecond each on a workstation.
  * @return 0
  */
 PANEL_PLATFORM_EXPORT int emwOSWSleep(unsigned long units);

@@ -6,7 +6,7 @@ namespace panel_platform {
 
 namespace {
 
-const std::uint32_t MAGIC = 0x50445331; // "PDS1"
+constexpr std::uint32_t MAGIC = 0x50445331; // "PDS1"
 
 /** The header as it lies in the message. */
 struct IPC_LAYOUT {
@@ -42,7 +42,7 @@ bool read_ipc_header(const void* message, std::size_t length, IPC_HEADER& header
     }
     std::memcpy(&layout, message, sizeof layout);
     if (layout.magic != MAGIC || layout.length != length || layout.kind < IPC_REQUEST ||
-        layout.kind > IPC_LOST) {
+        layout.kind > IPC_PROBE) {
         return false;
     }
     header.kind = static_cast<IPC_KIND>(layout.kind);

@@ -16,14 +16,15 @@ enum IPC_KIND : std::uint32_t {
     IPC_NOTIFICATION = 3, ///< service to a connection that attached itself
     IPC_ATTACH = 4,       ///< host to service: this connection takes notifications; has no reply
     IPC_GREETING = 5,     ///< service to host, the first message of every connection
-    IPC_LOST = 6          ///< never sent: tells a receiver that its connection is gone
+    IPC_LOST = 6,         ///< never sent: tells a receiver that its connection is gone
+    IPC_PROBE = 7         ///< host to service: is it alive? the service sends it back; no payload
 };
 
 /** The contents of a gen_ipc_msghdr on a workstation. */
 struct IPC_HEADER {
     IPC_KIND kind = IPC_REQUEST;
     std::uint32_t length = 0;   ///< bytes of the whole message, this header included
-    std::uint32_t sequence = 0; ///< joins a reply to its request
+    std::uint32_t sequence = 0; ///< joins a reply to its request; each request of a connection has its own
     std::int32_t func_id = 0;
     std::uint32_t destination = 0; ///< notification: number of the observer; attach: what is of interest
     std::uint64_t host = 0;        ///< the sending process; the same on all its connections; 0 from a service

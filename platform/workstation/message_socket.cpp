@@ -124,7 +124,7 @@ int connect_to_service(const std::string& name, file_descriptor& socket) {
         return PLATFORM_IO_ERROR;
     }
     if (with_address(::connect, made, address_of(folder, name)) != 0) {
-        return PLATFORM_NOT_READY;
+        return errno == EAGAIN ? PLATFORM_WOULD_BLOCK : PLATFORM_NOT_READY;
     }
     pid_t process = 0;
     if (!is_same_user(made.get(), process)) {

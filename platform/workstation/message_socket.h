@@ -15,9 +15,10 @@ namespace panel_platform {
  * Connects to a named service of this user; never waits.
  *
  * @param socket  receives the connection, non-blocking; unchanged on failure
- * @return PLATFORM_OK; PLATFORM_NOT_READY when no process serves the name; PLATFORM_INVALID_ARGUMENT for a
- *         name that cannot be one; PLATFORM_ACCESS_DENIED when another user serves it or can reach the
- *         folder of sockets; or why the folder cannot be opened
+ * @return PLATFORM_OK; PLATFORM_NOT_READY when no process serves the name; PLATFORM_WOULD_BLOCK when too many
+ *         connections wait for the process that does; PLATFORM_INVALID_ARGUMENT for a name that cannot be
+ * one; PLATFORM_ACCESS_DENIED when another user serves it or can reach the folder of sockets; or why the
+ * folder cannot be opened
  */
 PANEL_PLATFORM_EXPORT int connect_to_service(const std::string& name, file_descriptor& socket);
 

@@ -13,9 +13,9 @@ using namespace panel_platform;
 
 namespace {
 
-const unsigned long UNITS_PER_SECOND = 100000;
-const long NANOSECONDS_PER_UNIT = 10000;
-const long NANOSECONDS_PER_SECOND = 1000000000;
+constexpr unsigned long UNITS_PER_SECOND = 1000000;
+constexpr long NANOSECONDS_PER_UNIT = 1000;
+constexpr long NANOSECONDS_PER_SECOND = 1000000000;
 
 /** Never destroyed: a guard may be taken while the process ends. */
 std::recursive_mutex& critical_section() {

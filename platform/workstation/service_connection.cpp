@@ -3,49 +3,103 @@
 #include "message_socket.h"
 #include "platform_codes.h"
 
+#include <chrono>
 #include <cstring>
 #include <map>
 #include <memory>
+#include <poll.h>
 #include <utility>
 
 namespace panel_platform {
 
 namespace {
 
-const std::int64_t LONGEST_EXCHANGE = 3000; // milliseconds
-const std::int64_t LONGEST_CHECK = 5;
+constexpr std::int64_t LONGEST_EXCHANGE = 3000; // milliseconds
+constexpr std::int64_t LONGEST_START = 2500;    // the first check waits for a service so long
+constexpr int START_PAUSE = 10;                 // between its attempts to connect
+constexpr std::int64_t PROBE_PAUSE = 100;
+constexpr int MOST_LATE = 1024; // messages taken at once from a connection that should be idle
+
+/** What an earlier request or a probe may still bring. */
+bool may_come_late(const IPC_HEADER& header) {
+    return header.kind == IPC_REPLY || header.kind == IPC_PROBE;
+}
+
+bool is_answer(const IPC_HEADER& request, const IPC_HEADER& header, const char* message) {
+    std::int32_t func_id = 0;
+    if (header.kind != IPC_REPLY || header.sequence != request.sequence ||
+        header.func_id != request.func_id || header.length < IPC_HEADER_LENGTH + sizeof func_id) {
+        return false;
+    }
+    std::memcpy(&func_id, message + IPC_HEADER_LENGTH, sizeof func_id);
+    return func_id == request.func_id;
+}
 
 } // namespace
+
+/** Gives the connection to the next thread at the end of its life. */
+struct service_connection::turn {
+    service_connection& connection;
+
+    explicit turn(service_connection& taken)
+        : connection(taken) {}
+    ~turn() {
+        {
+            const std::lock_guard<std::mutex> lock(connection.mutex_);
+            connection.use_ = FREE;
+            connection.was_ready_ = connection.is_greeted_ && !connection.is_silent_;
+        }
+        connection.turn_ended_.notify_all();
+    }
+    turn(const turn&) = delete;
+    turn& operator=(const turn&) = delete;
+};
 
 service_connection::service_connection(std::string name)
     : name_(std::move(name)) {}
 
 bool service_connection::is_ready() {
-    const std::lock_guard<std::mutex> lock(mutex_);
-    return make_ready(monotonic_milliseconds() + LONGEST_CHECK) == PLATFORM_OK;
+    {
+        std::unique_lock<std::mutex> lock(mutex_);
+        start_anew_after_fork();
+        turn_ended_.wait(lock, [this] { return use_ != IN_CHECK; });
+        if (use_ == IN_EXCHANGE) {
+            return was_ready_; // a request that is sent now waits for its turn
+        }
+        use_ = IN_CHECK;
+    }
+    const turn mine(*this);
+    const std::int64_t now = monotonic_milliseconds();
+    const bool is_first = !std::exchange(has_waited_, true);
+    if (!wait_until_greeted(is_first ? now + LONGEST_START : now)) {
+        return false;
+    }
+    if (is_silent_) {
+        probe(now);
+    }
+    return !is_silent_;
 }
 
 int service_connection::exchange(std::int32_t func_id, const char* request, std::size_t request_length,
                                  char* reply, unsigned int& reply_length) {
-    const std::lock_guard<std::mutex> lock(mutex_);
     const std::int64_t deadline = monotonic_milliseconds() + LONGEST_EXCHANGE;
     const unsigned int capacity = std::exchange(reply_length, 0);
+    int code = take_turn(deadline);
+    if (code != PLATFORM_OK) {
+        return code;
+    }
+    const turn mine(*this);
     IPC_HEADER header;
     header.sequence = ++last_sequence_;
     header.func_id = func_id;
     header.host = host_number();
-    int code = send_request(header, request, request_length, deadline);
-    if (code != PLATFORM_OK) {
-        return code;
-    }
+    code = send_request(header, request, request_length, deadline);
     char message[IPC_LONGEST_MESSAGE];
     IPC_HEADER answer;
-    code = receive_whole(message, answer, deadline);
-    if (code == PLATFORM_OK && (answer.kind != IPC_REPLY || answer.sequence != header.sequence)) {
-        code = PLATFORM_BAD_MESSAGE;
+    if (code == PLATFORM_OK) {
+        code = receive_answer(header, message, answer, deadline);
     }
     if (code != PLATFORM_OK) {
-        close(); // a reply that comes late must not answer the next request
         return code;
     }
     if (answer.length > capacity) {
@@ -56,28 +110,90 @@ int service_connection::exchange(std::int32_t func_id, const char* request, std:
     return PLATFORM_OK;
 }
 
-void service_connection::close() {
-    socket_.reset();
-    is_greeted_ = false;
-}
-
-/** Nothing may come on an idle connection: what can be read is its end, or a peer out of step. */
-void service_connection::close_what_is_stale() {
-    if (owner_ != ::getpid() || (is_greeted_ && wait_for_socket(socket_.get(), false, 0))) {
+/** With the mutex held. Threads of the parent do not exist here, so that none of them has the turn. */
+void service_connection::start_anew_after_fork() {
+    if (owner_ != ::getpid()) {
+        owner_ = ::getpid();
+        use_ = FREE;
+        was_ready_ = false;
+        has_waited_ = false;
         close();
     }
 }
 
+/** Who waited while the service fell silent does not try it again. */
+int service_connection::take_turn(std::int64_t deadline) {
+    std::unique_lock<std::mutex> lock(mutex_);
+    start_anew_after_fork();
+    if (use_ != FREE) {
+        const std::chrono::milliseconds left(deadline - monotonic_milliseconds());
+        if (!turn_ended_.wait_for(lock, left, [this] { return use_ == FREE; })) {
+            return PLATFORM_NO_ANSWER;
+        }
+        if (is_silent_) {
+            return PLATFORM_NOT_READY;
+        }
+    }
+    use_ = IN_EXCHANGE;
+    return PLATFORM_OK;
+}
+
+void service_connection::close() {
+    socket_.reset();
+    is_greeted_ = false;
+    is_silent_ = false;
+}
+
+/** Only a service that is not there, or not ready yet, is worth waiting for. */
+bool service_connection::wait_until_greeted(std::int64_t deadline) {
+    for (;;) {
+        const int code = make_ready(deadline);
+        if (code != PLATFORM_NOT_READY || monotonic_milliseconds() >= deadline) {
+            return code == PLATFORM_OK;
+        }
+        ::poll(nullptr, 0, START_PAUSE);
+    }
+}
+
+/** Replies that nobody waits for any more are signs of life; anything else ends the connection. */
+void service_connection::take_what_came() {
+    char message[IPC_LONGEST_MESSAGE];
+    IPC_HEADER header;
+    for (int taken = 0; taken < MOST_LATE; ++taken) {
+        const int code = receive_message(socket_.get(), message, header);
+        if (code == PLATFORM_WOULD_BLOCK) {
+            return;
+        }
+        if (code != PLATFORM_OK || !may_come_late(header)) {
+            close();
+            return;
+        }
+        is_silent_ = false;
+    }
+}
+
+/** Asks a silent service for a sign of life; never waits. */
+void service_connection::probe(std::int64_t now) {
+    if (now < next_probe_) {
+        return;
+    }
+    next_probe_ = now + PROBE_PAUSE;
+    IPC_HEADER header;
+    header.kind = IPC_PROBE;
+    header.sequence = ++last_sequence_;
+    header.host = host_number();
+    send_message(socket_.get(), header, nullptr, 0); // what became of it, the next check finds out
+}
+
 int service_connection::make_ready(std::int64_t deadline) {
-    if (socket_.get() >= 0) {
-        close_what_is_stale();
+    if (is_greeted_) {
+        take_what_came();
     }
     if (socket_.get() < 0) {
         const int code = connect_to_service(name_, socket_);
         if (code != PLATFORM_OK) {
-            return code;
+            return code == PLATFORM_WOULD_BLOCK ? static_cast<int>(PLATFORM_NOT_READY) : code;
         }
-        owner_ = ::getpid();
     }
     if (is_greeted_) {
         return PLATFORM_OK;
@@ -101,7 +217,7 @@ int service_connection::send_whole(const IPC_HEADER& header, const char* request
             return code;
         }
         if (!wait_for_socket(socket_.get(), true, deadline)) {
-            close();
+            is_silent_ = true;
             return PLATFORM_NO_ANSWER;
         }
     }
@@ -133,6 +249,27 @@ int service_connection::receive_whole(char* message, IPC_HEADER& header, std::in
             return PLATFORM_NO_ANSWER;
         }
     }
+}
+
+/** A late reply, or one of another function, is not the answer. */
+int service_connection::receive_answer(const IPC_HEADER& request, char* message, IPC_HEADER& answer,
+                                       std::int64_t deadline) {
+    do {
+        const int code = receive_whole(message, answer, deadline);
+        if (code == PLATFORM_OK && is_answer(request, answer, message)) {
+            is_silent_ = false;
+            return PLATFORM_OK;
+        }
+        if (code == PLATFORM_NO_ANSWER) {
+            break;
+        }
+        if (code != PLATFORM_OK || !may_come_late(answer)) {
+            close();
+            return code != PLATFORM_OK ? code : static_cast<int>(PLATFORM_BAD_MESSAGE);
+        }
+    } while (monotonic_milliseconds() < deadline);
+    is_silent_ = true;
+    return PLATFORM_NO_ANSWER;
 }
 
 service_connection& connection_to_service(const std::string& name) {

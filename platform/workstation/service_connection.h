@@ -4,6 +4,7 @@
 #include "file_descriptor.h"
 #include "ipc_header.h"
 
+#include <condition_variable>
 #include <cstdint>
 #include <mutex>
 #include <string>
@@ -20,14 +21,18 @@ public:
     explicit service_connection(std::string name);
 
     /**
-     * Waits for an exchange that another thread has under way, then 5 ms at most for a greeting.
-     * @return whether the service has greeted this process on a connection that still stands
+     * Tells whether a request is worth sending: the service has greeted this process on a connection that
+     * still stands, and has said something since it last left a request without an answer.
+     *
+     * The first call in a process waits for the service, which may be starting, 2.5 seconds at most; calls of
+     * other threads meanwhile wait with it. Every later one answers at once, also while another thread's
+     * exchange is under way.
      */
     bool is_ready();
 
     /**
-     * Sends a request and waits for its reply, three seconds at most once the exchanges of other threads are
-     * over.
+     * Sends a request and waits for its reply: three seconds at most, the turns of other threads included.
+     * What else the service sends meanwhile answers nothing.
      *
      * @param request       at least IPC_HEADER_LENGTH bytes, of which the header is not read
      * @param reply_length  capacity of @p reply on entry; the reply's bytes on return, 0 without one
@@ -39,20 +44,36 @@ public:
                  unsigned int& reply_length);
 
 private:
+    enum USE { FREE, IN_CHECK, IN_EXCHANGE };
+
+    struct turn;
+
+    void start_anew_after_fork();
+    int take_turn(std::int64_t deadline);
     void close();
-    void close_what_is_stale();
+    bool wait_until_greeted(std::int64_t deadline);
+    void take_what_came();
+    void probe(std::int64_t now);
     int make_ready(std::int64_t deadline);
     int send_whole(const IPC_HEADER& header, const char* request, std::size_t request_length,
                    std::int64_t deadline);
     int send_request(const IPC_HEADER& header, const char* request, std::size_t request_length,
                      std::int64_t deadline);
     int receive_whole(char* message, IPC_HEADER& header, std::int64_t deadline);
+    int receive_answer(const IPC_HEADER& request, char* message, IPC_HEADER& answer, std::int64_t deadline);
 
     const std::string name_;
-    std::mutex mutex_;
+    std::mutex mutex_; ///< for the members before the blank line; the others belong to who has the turn
+    std::condition_variable turn_ended_;
+    USE use_ = FREE;
+    bool was_ready_ = false; ///< when it was last free
+    pid_t owner_ = 0;        ///< process that this object serves; a fork must not use what its parent made
+
+    bool has_waited_ = false;
     file_descriptor socket_;
     bool is_greeted_ = false;
-    pid_t owner_ = 0; ///< process that made the connection; a fork must not use it
+    bool is_silent_ = false; ///< left a request without an answer, and nothing has come since
+    std::int64_t next_probe_ = 0;
     std::uint32_t last_sequence_ = 0;
 };
 
