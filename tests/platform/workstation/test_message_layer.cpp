@@ -1,10 +1,14 @@
 #include "ipc_header.h"
 #include "message_layer.h"
 #include "message_socket.h"
+#include "osw.h"
 #include "platform_codes.h"
 #include "scratch_platform.h"
 
+#include <atomic>
+#include <cstring>
 #include <filesystem>
+#include <future>
 #include <poll.h>
 #include <sys/eventfd.h>
 #include <sys/socket.h>
@@ -18,11 +22,12 @@ namespace fs = std::filesystem;
 
 const char NAME[] = "TEST_SRV";
 const std::string PAYLOAD = "twelve bytes";
-const std::string NOTHING;
 const std::string CLOSE = "close the connection";
 
-/** @return the bytes that a service sends when it gets a request; NOTHING and CLOSE do as they say */
-using BEHAVIOUR = std::function<std::string(const IPC_HEADER& request)>;
+/** The messages that a service sends when it gets one; NOTHING and CLOSE do as they say. */
+using ANSWERS = std::vector<std::string>;
+const ANSWERS NOTHING;
+using BEHAVIOUR = std::function<ANSWERS(const IPC_HEADER& request)>;
 
 std::string message_of(IPC_HEADER header, IPC_KIND kind, const std::string& payload) {
     header.kind = kind;
@@ -32,15 +37,27 @@ std::string message_of(IPC_HEADER header, IPC_KIND kind, const std::string& payl
     return bytes + payload;
 }
 
+/** A reply's payload begins with its function. */
+std::string reply_of(const IPC_HEADER& request, std::int32_t func_id, const std::string& payload = PAYLOAD) {
+    std::string bytes(sizeof func_id, '\0');
+    std::memcpy(&bytes[0], &func_id, sizeof func_id);
+    return message_of(request, IPC_REPLY, bytes + payload);
+}
+
 std::string reply_well(const IPC_HEADER& request) {
-    return message_of(request, IPC_REPLY, PAYLOAD);
+    return reply_of(request, request.func_id);
+}
+
+ANSWERS answer_well(const IPC_HEADER& request) {
+    return {reply_well(request)};
 }
 
 /** A service in a thread: greets, and answers the requests of all connections by their number. */
 class scripted_service {
 public:
-    explicit scripted_service(std::vector<BEHAVIOUR> behaviours = {})
+    explicit scripted_service(std::vector<BEHAVIOUR> behaviours = {}, BEHAVIOUR afterwards = answer_well)
         : behaviours_(std::move(behaviours))
+        , afterwards_(std::move(afterwards))
         , stop_(::eventfd(0, EFD_CLOEXEC)) {
         EXPECT_EQ(PLATFORM_OK, listener_.listen(NAME));
         thread_ = std::thread([this] { run(); });
@@ -75,10 +92,14 @@ private:
         if (receive_message(socket, message, request) != PLATFORM_OK) {
             return false;
         }
-        const BEHAVIOUR& behaviour = next_ < behaviours_.size() ? behaviours_[next_] : reply_well;
+        const BEHAVIOUR& behaviour = next_ < behaviours_.size() ? behaviours_[next_] : afterwards_;
         ++next_;
-        const std::string answer = behaviour(request);
-        return answer == NOTHING || (answer != CLOSE && send(socket, answer));
+        for (const std::string& answer : behaviour(request)) {
+            if (answer == CLOSE || !send(socket, answer)) {
+                return false;
+            }
+        }
+        return true;
     }
 
     static bool send(int socket, const std::string& bytes) {
@@ -86,6 +107,7 @@ private:
     }
 
     const std::vector<BEHAVIOUR> behaviours_;
+    const BEHAVIOUR afterwards_;
     std::size_t next_ = 0;
     file_descriptor stop_;
     message_listener listener_;
@@ -105,8 +127,7 @@ struct EXCHANGE {
     }
     bool is_untouched() const { return reply_length == 0 && reply == std::string(88, 'u'); }
     bool is_answered() const {
-        return code == PLATFORM_OK && reply_length == IPC_HEADER_LENGTH + PAYLOAD.size() &&
-               reply.compare(IPC_HEADER_LENGTH, PAYLOAD.size(), PAYLOAD) == 0;
+        return code == PLATFORM_OK && reply_length == 88 && reply.substr(76) == PAYLOAD;
     }
 };
 
@@ -117,6 +138,7 @@ bool is_ready(const char* name = NAME) {
 bool becomes_ready() {
     int checks = 0;
     while (!is_ready() && ++checks < 10000) {
+        emwOSWSleep(300);
     }
     return checks < 10000;
 }
@@ -129,24 +151,18 @@ TEST_F(test_message_layer, a_request_survives_every_misbehaviour_of_the_one_befo
         BEHAVIOUR behaviour;
         long code;
     } rows[] = {
-        {"dies", [](auto) { return CLOSE; }, PLATFORM_CONNECTION_LOST},
-        {"garbage", [](auto) { return std::string(88, 'x'); }, PLATFORM_BAD_MESSAGE},
-        {"a few bytes", [](auto) { return "x"; }, PLATFORM_BAD_MESSAGE},
-        {"longer than any message", [](auto) { return std::string(20000, 'x'); }, PLATFORM_BAD_MESSAGE},
-        {"half a message", [](auto request) { return reply_well(request).substr(0, 80); },
+        {"dies", [](auto) { return ANSWERS{CLOSE}; }, PLATFORM_CONNECTION_LOST},
+        {"garbage", [](auto) { return ANSWERS{std::string(88, 'x')}; }, PLATFORM_BAD_MESSAGE},
+        {"a few bytes", [](auto) { return ANSWERS{"x"}; }, PLATFORM_BAD_MESSAGE},
+        {"longer than any message", [](auto) { return ANSWERS{std::string(20000, 'x')}; },
          PLATFORM_BAD_MESSAGE},
-        {"answer of another request",
-         [](auto request) {
-             ++request.sequence;
-             return reply_well(request);
-         },
+        {"half a message", [](auto request) { return ANSWERS{reply_well(request).substr(0, 80)}; },
          PLATFORM_BAD_MESSAGE},
         {"notification for a reply",
-         [](auto request) { return message_of(request, IPC_NOTIFICATION, PAYLOAD); }, PLATFORM_BAD_MESSAGE},
+         [](auto request) { return ANSWERS{message_of(request, IPC_NOTIFICATION, PAYLOAD)}; },
+         PLATFORM_BAD_MESSAGE},
         {"longer than the caller's buffer",
-         [](auto request) { return message_of(request, IPC_REPLY, std::string(17, 'x')); },
-         PLATFORM_TOO_LARGE},
-        {"nothing", [](auto) { return NOTHING; }, PLATFORM_NO_ANSWER},
+         [](auto request) { return ANSWERS{reply_of(request, 101, PAYLOAD + "x")}; }, PLATFORM_TOO_LARGE},
     };
     for (const auto& row : rows) {
         SCOPED_TRACE(row.name);
@@ -158,6 +174,91 @@ TEST_F(test_message_layer, a_request_survives_every_misbehaviour_of_the_one_befo
         ASSERT_TRUE(becomes_ready());
         EXPECT_TRUE(EXCHANGE().is_answered());
     }
+}
+
+TEST_F(test_message_layer, what_is_not_the_answer_is_passed_over) {
+    const struct {
+        const char* name;
+        std::uint32_t later; // than the request
+        std::int32_t header_func_id;
+        std::int32_t func_id;
+    } rows[] = {{"of another request", 1, 101, 101},
+                {"of another function", 0, 103, 103},
+                {"of another function in the message layer's header", 0, 103, 101},
+                {"of another function behind it", 0, 101, 103}};
+    for (const auto& row : rows) {
+        SCOPED_TRACE(row.name);
+        const scripted_service service({[&row](IPC_HEADER request) {
+            IPC_HEADER other = request;
+            other.sequence += row.later;
+            other.func_id = row.header_func_id;
+            return ANSWERS{message_of(request, IPC_REPLY, "101"), reply_of(other, row.func_id, "other bytes"),
+                           reply_well(request)};
+        }});
+        ASSERT_TRUE(becomes_ready());
+        EXPECT_TRUE(EXCHANGE().is_answered());
+    }
+}
+
+TEST_F(test_message_layer, a_service_that_did_not_answer_is_not_ready_until_it_is_heard) {
+    std::atomic<int> probes{0};
+    std::atomic<bool> speaks{false};
+    std::string late_reply;
+    const scripted_service service(
+        {[&](const IPC_HEADER& request) {
+            late_reply = reply_of(request, 101, "of the first");
+            return NOTHING;
+        }},
+        [&](const IPC_HEADER& request) {
+            if (request.kind != IPC_PROBE) {
+                return answer_well(request);
+            }
+            ++probes;
+            return speaks ? ANSWERS{late_reply, message_of(request, IPC_PROBE, "")} : NOTHING;
+        });
+    ASSERT_TRUE(becomes_ready());
+    const EXCHANGE unanswered;
+    EXPECT_EQ(unanswered.code, PLATFORM_NO_ANSWER);
+    EXPECT_TRUE(unanswered.is_untouched());
+    while (probes < 3) {
+        ASSERT_FALSE(is_ready());
+        emwOSWSleep(300);
+    }
+    speaks = true;
+    ASSERT_TRUE(becomes_ready());
+    EXPECT_TRUE(EXCHANGE().is_answered());
+}
+
+TEST_F(test_message_layer, the_first_check_of_a_process_waits_for_a_service_that_starts) {
+    EXPECT_EQ(run_in_process([] {
+                  std::promise<void> has_checked;
+                  std::thread starting([&] {
+                      emwOSWSleep(50000); // until the check is under way, as a rule
+                      const scripted_service service;
+                      has_checked.get_future().wait();
+                  });
+                  const bool was_ready = is_ready();
+                  has_checked.set_value();
+                  starting.join();
+                  return was_ready;
+              }),
+              0);
+}
+
+TEST_F(test_message_layer, a_check_does_not_wait_for_the_request_of_another_thread) {
+    std::promise<void> asked;
+    std::promise<void> has_checked;
+    const scripted_service service({[&](const IPC_HEADER& request) {
+        asked.set_value();
+        has_checked.get_future().wait();
+        return answer_well(request);
+    }});
+    ASSERT_TRUE(becomes_ready());
+    std::thread asking([] { EXPECT_TRUE(EXCHANGE().is_answered()); });
+    asked.get_future().wait();
+    EXPECT_TRUE(is_ready());
+    has_checked.set_value();
+    asking.join();
 }
 
 TEST_F(test_message_layer, readiness_is_the_truth) {
