@@ -169,6 +169,7 @@ int main(int argc, char** argv) {
     if (!loop.run(signals.get())) {
         return EXIT_FAULT;
     }
+    write_what_was_left_out(true);
     write_log(SERVICE_LOG_INFO, "ended");
     return EXIT_DONE;
 }

@@ -1,10 +1,13 @@
 #include "service_log.h"
 
+#include "log_stream.h"
+#include "message_socket.h"
+
+#include <climits>
 #include <cstdarg>
+#include <cstdint>
 #include <cstdio>
-#include <cstdlib>
-#include <sys/stat.h>
-#include <unistd.h>
+#include <map>
 
 namespace panel_device {
 
@@ -15,16 +18,45 @@ struct LEVEL {
     int journal_priority;
 };
 
-const LEVEL LEVELS[] = {{"error", 3}, {"warning", 4}, {"info", 6}, {"debug", 7}};
+/** The lines of one kind, since the first of the second that is counted. */
+struct KIND {
+    std::int64_t since = 0;
+    int written = 0;
+    int left_out = 0;
+    SERVICE_LOG_LEVEL level = SERVICE_LOG_INFO;
+    std::string last; ///< of those that were left out
+};
+
+constexpr LEVEL LEVELS[] = {{"error", 3}, {"warning", 4}, {"info", 6}, {"debug", 7}};
+constexpr int MOST_LINES = 10;        // of one kind
+constexpr std::int64_t PERIOD = 1000; // milliseconds
+constexpr std::size_t LONGEST_TEXT = 512;
+static_assert(LONGEST_TEXT + 128 < PIPE_BUF, "a line goes into a pipe as a whole");
 
 SERVICE_LOG_LEVEL g_highest_level = SERVICE_LOG_INFO;
 
-/** The journal names the stream it reads; a process started from there may have been given another one. */
-bool is_read_by_journal() {
-    const char* const stream = std::getenv("JOURNAL_STREAM");
-    struct stat status = {};
-    return stream && ::fstat(STDERR_FILENO, &status) == 0 &&
-           std::to_string(status.st_dev) + ':' + std::to_string(status.st_ino) == stream;
+std::map<const void*, KIND>& kinds() {
+    static std::map<const void*, KIND> kinds_by_format;
+    return kinds_by_format;
+}
+
+bool write_line(SERVICE_LOG_LEVEL level, const std::string& text) {
+    static const log_stream stream;
+    std::string line;
+    if (stream.is_read_by_journal()) {
+        line = '<' + std::to_string(LEVELS[level].journal_priority) + '>';
+    }
+    line += std::string("panel_device_service: ") + LEVELS[level].name + ": " + text + '\n';
+    return stream.write(line);
+}
+
+/** @return whether nothing of this kind is left to say */
+bool write_left_out(KIND& kind) {
+    const bool is_said =
+        kind.left_out == 0 || write_line(kind.level, std::to_string(kind.left_out) +
+                                                         " lines left out, the last of them: " + kind.last);
+    kind.left_out = is_said ? 0 : kind.left_out;
+    return is_said;
 }
 
 } // namespace
@@ -47,17 +79,36 @@ void write_log(SERVICE_LOG_LEVEL level, const char* format, ...) {
     if (level > g_highest_level) {
         return;
     }
-    char text[512];
+    char text[LONGEST_TEXT];
     va_list arguments;
     va_start(arguments, format);
     std::vsnprintf(text, sizeof text, format, arguments);
     va_end(arguments);
-    char priority[8] = "";
-    static const bool has_priority = is_read_by_journal();
-    if (has_priority) {
-        std::snprintf(priority, sizeof priority, "<%d>", LEVELS[level].journal_priority);
+    KIND& kind = kinds()[format];
+    const std::int64_t now = panel_platform::monotonic_milliseconds();
+    if (now - kind.since >= PERIOD && write_left_out(kind)) {
+        kind.since = now;
+        kind.written = 0;
     }
-    std::fprintf(stderr, "%spanel_device_service: %s: %s\n", priority, LEVELS[level].name, text);
+    if (kind.left_out == 0 && kind.written < MOST_LINES && write_line(level, text)) {
+        ++kind.written;
+        return;
+    }
+    ++kind.left_out;
+    kind.level = level;
+    kind.last = text;
+}
+
+bool write_what_was_left_out(bool at_once) {
+    const std::int64_t now = panel_platform::monotonic_milliseconds();
+    bool is_something_left = false;
+    for (auto& [format, kind] : kinds()) {
+        const bool is_due = at_once || now - kind.since >= PERIOD;
+        if (kind.left_out > 0 && (!is_due || !write_left_out(kind))) {
+            is_something_left = true;
+        }
+    }
+    return is_something_left;
 }
 
 } // namespace panel_device

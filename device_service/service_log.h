@@ -18,8 +18,22 @@ bool find_log_level(const std::string& name, SERVICE_LOG_LEVEL& level);
 /** Lines beyond this level are left out from now on; at first those beyond SERVICE_LOG_INFO. */
 void set_log_level(SERVICE_LOG_LEVEL level);
 
-/** Writes one line to standard error, with the journal's priority in front when the journal reads that. */
+/**
+ * Writes one line to standard error, with the journal's priority in front when the journal reads that. Never
+ * waits: a line that finds no room is left out, and so are those of one kind beyond ten in a second. How many
+ * were left out is said later.
+ *
+ * @param format  also tells the kind of line; a literal
+ */
 void write_log(SERVICE_LOG_LEVEL level, const char* format, ...) __attribute__((format(printf, 2, 3)));
+
+/**
+ * Says how many lines were left out, once a second has passed since the kind's first line.
+ *
+ * @param at_once  without waiting for that second
+ * @return whether there is something left to say
+ */
+bool write_what_was_left_out(bool at_once = false);
 
 } // namespace panel_device
 

@@ -14,10 +14,11 @@ namespace {
 
 using namespace panel_platform;
 
-const std::size_t MOST_PEERS = 64;
-const std::size_t MOST_UNSENT = 1024;   // messages for a peer that does not read them
-const std::int64_t ACCEPT_PAUSE = 1000; // milliseconds without a descriptor
-const std::size_t FIRST_PEER = 2;       // place in what is watched, behind the end and the listener
+constexpr std::size_t MOST_PEERS = 64;
+constexpr std::size_t MOST_UNSENT = 1024;   // messages for a peer that does not read them
+constexpr std::int64_t ACCEPT_PAUSE = 1000; // milliseconds without a descriptor
+constexpr std::int64_t LOG_PAUSE = 1000;
+constexpr std::size_t FIRST_PEER = 2; // place in what is watched, behind the end and the listener
 
 } // namespace
 
@@ -45,6 +46,7 @@ bool service_loop::run(int stop) {
             serve(events);
         }
         close_dropped();
+        has_more_to_log_ = write_what_was_left_out();
     }
 }
 
@@ -80,6 +82,9 @@ int service_loop::milliseconds_to_wait() const {
     std::int64_t deadline = service_.next_deadline();
     if (accepts_from_ > now && (deadline < 0 || accepts_from_ < deadline)) {
         deadline = accepts_from_;
+    }
+    if (has_more_to_log_ && (deadline < 0 || now + LOG_PAUSE < deadline)) {
+        deadline = now + LOG_PAUSE;
     }
     if (deadline < 0) {
         return -1;

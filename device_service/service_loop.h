@@ -52,6 +52,7 @@ private:
     std::map<std::uint32_t, PEER> peers_;
     std::set<std::uint32_t> dropped_;
     std::uint32_t last_number_ = 0;
+    bool has_more_to_log_ = false;
     std::int64_t accepts_from_ = 0; ///< time of the next attempt when there was no descriptor
 };
 
