@@ -1,22 +1,17 @@
 #include "host_receiver.h"
 
 #include "dvc_pnl_dec_communication.h"
-#include "dvc_pnl_dec_facade.h"
 #include "dvc_pnl_dec_serialize.h"
 #include "ipc_header.h"
-
-#include <QTimer>
+#include "observer_registrar.h"
 
 #include <algorithm>
 #include <cstring>
+#include <utility>
 
 namespace {
 
-using velarion::dvc_pnl_dec_facade;
 using velarion::dvc_pnl_dec_key_event_observer;
-
-const int NO_ANSWER = -1;
-const int PAUSE_WITHOUT_ANSWER = 1000; // milliseconds; the wait for an answer has blocked the event loop
 
 /** Room for any message, laid out so that the serializer can read it. */
 struct MESSAGE {
@@ -42,28 +37,49 @@ bool decode_key_event(const char* bytes, unsigned int length, int& key, int& sta
 
 } // namespace
 
-int host_receiver::add_observer(dvc_pnl_dec_key_event_observer* observer, const QObject* owner) {
-    const int result = dvc_pnl_dec_facade::dvc_pnl_dec_get_instance()->dvc_pnl_dec_add_key_observer(observer);
-    if (result != 0 && result != NO_ANSWER) {
-        return result;
+host_receiver::host_receiver()
+    : registrar_(std::make_shared<observer_registrar>([this](std::uint64_t ticket, int result) {
+        post([this, ticket, result] { take_refusal(ticket, result); });
+    })) {}
+
+host_receiver::~host_receiver() {
+    registrar_->end();
+}
+
+/** Has something done by the event loop; dropped when this object is destroyed before. Any thread. */
+void host_receiver::post(std::function<void()> work) {
+    QMetaObject::invokeMethod(&event_loop_, std::move(work), Qt::QueuedConnection);
+}
+
+void host_receiver::add_observer(dvc_pnl_dec_key_event_observer* observer, const QObject* owner) {
+    auto entry = find(observer);
+    if (entry == entries_.end()) {
+        entry = entries_.insert(entry, {observer, {}, 0});
     }
-    forget_observer(observer);
-    ENTRY entry = {observer, {}};
+    QObject::disconnect(entry->owner_watch);
     if (owner) {
-        entry.owner_watch = QObject::connect(owner, &QObject::destroyed, &event_loop_,
-                                             [this, observer] { forget_observer(observer); });
+        entry->owner_watch = QObject::connect(owner, &QObject::destroyed, &event_loop_,
+                                              [this, observer] { forget_observer(observer); });
     }
-    entries_.push_back(entry);
-    return result;
+    registrar_->withdraw(entry->ticket);
+    entry->ticket = registrar_->ask_for(observer);
 }
 
 void host_receiver::forget_observer(const dvc_pnl_dec_key_event_observer* observer) {
-    const auto found = std::find_if(entries_.begin(), entries_.end(),
-                                    [&](const ENTRY& entry) { return entry.observer == observer; });
+    const auto found = find(observer);
     if (found != entries_.end()) {
+        registrar_->withdraw(found->ticket);
         QObject::disconnect(found->owner_watch);
         entries_.erase(found);
     }
+}
+
+void host_receiver::set_service_hook(std::function<void()> hook) {
+    service_hook_ = std::move(hook);
+}
+
+void host_receiver::set_refusal_hook(std::function<void(dvc_pnl_dec_key_event_observer*, int)> hook) {
+    refusal_hook_ = std::move(hook);
 }
 
 void host_receiver::dispatch(long, char* rcv_buf, unsigned int rcv_buflen, gen_ipc_msghdr) {
@@ -72,8 +88,7 @@ void host_receiver::dispatch(long, char* rcv_buf, unsigned int rcv_buflen, gen_i
         return;
     }
     if (header.kind == panel_platform::IPC_GREETING) {
-        QMetaObject::invokeMethod(
-            &event_loop_, [this] { register_all(); }, Qt::QueuedConnection);
+        post([this] { take_greeting(); });
         return;
     }
     int key = 0;
@@ -81,15 +96,14 @@ void host_receiver::dispatch(long, char* rcv_buf, unsigned int rcv_buflen, gen_i
     if (header.kind == panel_platform::IPC_NOTIFICATION &&
         decode_key_event(rcv_buf, rcv_buflen, key, status)) {
         const std::uint32_t number = header.destination;
-        QMetaObject::invokeMethod(
-            &event_loop_, [this, number, key, status] { take_key_event(number, key, status); },
-            Qt::QueuedConnection);
+        post([this, number, key, status] { take_key_event(number, key, status); });
     }
 }
 
-bool host_receiver::has_observer(const dvc_pnl_dec_key_event_observer* observer) const {
-    return std::any_of(entries_.begin(), entries_.end(),
-                       [&](const ENTRY& entry) { return entry.observer == observer; });
+std::vector<host_receiver::ENTRY>::iterator
+host_receiver::find(const dvc_pnl_dec_key_event_observer* observer) {
+    return std::find_if(entries_.begin(), entries_.end(),
+                        [observer](const ENTRY& entry) { return entry.observer == observer; });
 }
 
 /** An observer that is called may add and forget observers, itself among them. */
@@ -97,7 +111,7 @@ void host_receiver::take_key_event(std::uint32_t number, int key, int status) {
     const std::vector<ENTRY> entries = entries_;
     for (const ENTRY& entry : entries) {
         if (velarion::dvc_pnl_dec_observer_number(entry.observer) != number ||
-            !has_observer(entry.observer)) {
+            find(entry.observer) == entries_.end()) {
             continue;
         }
         if (status == velarion::DVC_PNL_DEC_KEY_PRESSED) {
@@ -108,23 +122,23 @@ void host_receiver::take_key_event(std::uint32_t number, int key, int status) {
     }
 }
 
-void host_receiver::register_all() {
-    waiting_.clear();
-    for (auto entry = entries_.rbegin(); entry != entries_.rend(); ++entry) { // taken from the end
-        waiting_.push_back(entry->observer);
+void host_receiver::take_greeting() {
+    for (const ENTRY& entry : entries_) {
+        registrar_->withdraw(entry.ticket);
     }
-    register_waiting();
+    for (ENTRY& entry : entries_) {
+        entry.ticket = registrar_->ask_for(entry.observer);
+    }
+    if (const auto hook = service_hook_) { // which may set another one
+        hook();
+    }
 }
 
-void host_receiver::register_waiting() {
-    while (!waiting_.empty()) {
-        dvc_pnl_dec_key_event_observer* const observer = waiting_.back();
-        waiting_.pop_back();
-        if (has_observer(observer) &&
-            dvc_pnl_dec_facade::dvc_pnl_dec_get_instance()->dvc_pnl_dec_add_key_observer(observer) ==
-                NO_ANSWER) {
-            QTimer::singleShot(PAUSE_WITHOUT_ANSWER, &event_loop_, [this] { register_waiting(); });
-            return;
-        }
+void host_receiver::take_refusal(std::uint64_t ticket, int result) {
+    const auto found = std::find_if(entries_.begin(), entries_.end(),
+                                    [ticket](const ENTRY& entry) { return entry.ticket == ticket; });
+    const auto hook = refusal_hook_;
+    if (found != entries_.end() && hook) {
+        hook(found->observer, result);
     }
 }

@@ -2,8 +2,8 @@
 
 #include "message_socket.h"
 #include "platform_codes.h"
+#include "signal_block.h"
 
-#include <csignal>
 #include <cstring>
 #include <poll.h>
 #include <sys/eventfd.h>
@@ -13,24 +13,8 @@ namespace panel_platform {
 
 namespace {
 
-const int RETRY_PAUSE = 100; // milliseconds
-const int FOR_EVER = -1;
-
-/** Blocks all signals for its lifetime: a thread made meanwhile leaves them to the host's other threads. */
-class signal_block {
-public:
-    signal_block() {
-        sigset_t all;
-        sigfillset(&all);
-        pthread_sigmask(SIG_SETMASK, &all, &former_);
-    }
-    ~signal_block() { pthread_sigmask(SIG_SETMASK, &former_, nullptr); }
-    signal_block(const signal_block&) = delete;
-    signal_block& operator=(const signal_block&) = delete;
-
-private:
-    sigset_t former_;
-};
+constexpr int RETRY_PAUSE = 100; // milliseconds
+constexpr int FOR_EVER = -1;
 
 } // namespace
 

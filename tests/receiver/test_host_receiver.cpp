@@ -2,12 +2,14 @@
 #include "host_receiver.h"
 #include "ipc_header.h"
 #include "message_delivery.h"
+#include "osw.h"
 #include "service_process.h"
 
 #include <QCoreApplication>
 #include <QEventLoop>
 #include <QThread>
 
+#include <csignal>
 #include <functional>
 #include <memory>
 #include <utility>
@@ -69,8 +71,10 @@ TEST_F(test_host_receiver, observers_are_told_by_each_service_that_is_started) {
     test_observer observer;
     observer.on_event = [&] { EXPECT_EQ(observer.events().size(), first.events().size()); };
     const panel_platform::message_delivery delivery(receiver, DVC_PNL_DEC_SERVICE_NAME);
-    EXPECT_EQ(-1, receiver.add_observer(&first)); // no service yet
-    EXPECT_EQ(-1, receiver.add_observer(&observer));
+    int greetings = 0;
+    receiver.set_service_hook([&greetings] { ++greetings; });
+    receiver.add_observer(&first); // no service yet
+    receiver.add_observer(&observer);
     EVENTS expected;
     for (const int key : {30, 255}) {
         SCOPED_TRACE(key);
@@ -82,8 +86,34 @@ TEST_F(test_host_receiver, observers_are_told_by_each_service_that_is_started) {
         expected.insert(expected.end(), {{key, 1}, {key, 0}});
         EXPECT_EQ(expected, observer.wait_for(expected.size()));
     }
+    EXPECT_EQ(greetings, 2);
     receiver.forget_observer(&first);
     receiver.forget_observer(&observer);
+}
+
+TEST_F(test_host_receiver, an_observer_is_asked_for_until_the_service_answers) {
+    const auto registered = [] { return ask_service(CONTROL_STATUS, {}).records.at(STATUS_OBSERVERS).value; };
+    auto service = std::make_unique<service_process>();
+    ASSERT_EQ(ask_service(CONTROL_SET_FAULT, {FAULT_CRASH, 0, 0}).result, DEVICE_OK);
+    host_receiver receiver; // without a delivery, so that it knows of no new service
+    test_observer observers[3];
+    receiver.add_observer(&observers[0]);
+    receiver.add_observer(&observers[1]);
+    EXPECT_EQ(service->wait(), -SIGKILL);
+    service = std::make_unique<service_process>();
+    for (int turn = 0; turn < 10000 && registered() < 2; ++turn) {
+        emwOSWSleep(1000);
+    }
+    ASSERT_EQ(ask_service(CONTROL_SET_FAULT, {FAULT_FAIL, 7, 1}).result, DEVICE_OK);
+    std::pair<dvc_pnl_dec_key_event_observer*, int> refused;
+    receiver.set_refusal_hook([&](auto* observer, int result) { refused = {observer, result}; });
+    receiver.add_observer(&observers[2]);
+    while (!refused.first) {
+        QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
+    }
+    EXPECT_EQ(refused.first, &observers[2]);
+    EXPECT_EQ(refused.second, 7);
+    EXPECT_EQ(registered(), 2);
 }
 
 TEST_F(test_host_receiver, no_observer_is_called_after_it_was_destroyed_or_forgotten) {
@@ -94,11 +124,11 @@ TEST_F(test_host_receiver, no_observer_is_called_after_it_was_destroyed_or_forgo
     auto destroyed = std::make_unique<test_observer>();
     auto owner = std::make_unique<QObject>();
     const auto event_of_destroyed = key_event(destroyed.get(), 3, 1);
-    ASSERT_EQ(0, receiver.add_observer(&forgetting));
-    ASSERT_EQ(0, receiver.add_observer(destroyed.get(), owner.get()));
-    ASSERT_EQ(0, receiver.add_observer(&last, owner.get()));
+    receiver.add_observer(&forgetting);
+    receiver.add_observer(destroyed.get(), owner.get());
+    receiver.add_observer(&last, owner.get());
     receiver.forget_observer(&last);
-    ASSERT_EQ(0, receiver.add_observer(&last)); // without an owner from now on
+    receiver.add_observer(&last); // without an owner from now on
     forgetting.on_event = [&] { receiver.forget_observer(&forgetting); };
 
     dispatch(receiver, event_of_destroyed); // still waits in the event loop when the observer goes
@@ -112,7 +142,7 @@ TEST_F(test_host_receiver, no_observer_is_called_after_it_was_destroyed_or_forgo
     EXPECT_EQ((EVENTS{{4, 1}}), forgetting.events());
     {
         host_receiver short_lived;
-        ASSERT_EQ(0, short_lived.add_observer(&last));
+        short_lived.add_observer(&last);
         dispatch(short_lived, key_event(&last, 7, 1));
     }
     QCoreApplication::processEvents();
@@ -123,7 +153,7 @@ TEST_F(test_host_receiver, notifications_that_are_wrong_reach_nobody) {
     service_process service;
     host_receiver receiver;
     test_observer observer;
-    ASSERT_EQ(0, receiver.add_observer(&observer));
+    receiver.add_observer(&observer);
     receiver.dispatch(110, nullptr, 0, {});
     const std::vector<char> right = key_event(&observer, 1, 1);
     for (std::size_t length = 0; length < right.size(); ++length) {

@@ -1,0 +1,90 @@
+#include "observer_registrar.h"
+
+#include "dvc_pnl_dec_communication.h"
+#include "dvc_pnl_dec_facade.h"
+#include "message_layer.h"
+#include "signal_block.h"
+
+#include <algorithm>
+#include <chrono>
+#include <thread>
+#include <utility>
+
+namespace {
+
+constexpr int NO_ANSWER = -1;
+constexpr long CHECK_MODE = 1;
+constexpr std::chrono::milliseconds PAUSE_WITHOUT_ANSWER(100);
+
+/** A single check costs less than the facade, which asks for a while before it gives up. */
+int register_observer(velarion::dvc_pnl_dec_key_event_observer* observer) {
+    if (velarion::bmc_mc_client::bmc_mc_check_facade(velarion::DVC_PNL_DEC_SERVICE_NAME, CHECK_MODE) == 0) {
+        return NO_ANSWER;
+    }
+    return velarion::dvc_pnl_dec_facade::dvc_pnl_dec_get_instance()->dvc_pnl_dec_add_key_observer(observer);
+}
+
+} // namespace
+
+observer_registrar::observer_registrar(REFUSAL refused)
+    : refused_(std::move(refused)) {}
+
+observer_registrar::TICKET observer_registrar::ask_for(velarion::dvc_pnl_dec_key_event_observer* observer) {
+    const std::lock_guard<std::mutex> lock(mutex_);
+    if (!is_started_) {
+        start();
+    }
+    waiting_.push_back({++last_ticket_, observer});
+    changed_.notify_all();
+    return last_ticket_;
+}
+
+void observer_registrar::withdraw(TICKET ticket) {
+    const std::lock_guard<std::mutex> lock(mutex_);
+    waiting_.erase(std::remove_if(waiting_.begin(), waiting_.end(),
+                                  [ticket](const REQUEST& request) { return request.ticket == ticket; }),
+                   waiting_.end());
+}
+
+void observer_registrar::end() {
+    const std::lock_guard<std::mutex> lock(mutex_);
+    is_ending_ = true;
+    changed_.notify_all();
+}
+
+/** Nobody joins the thread, which the service may keep for seconds: it keeps this object instead. */
+void observer_registrar::start() {
+    const panel_platform::signal_block block;
+    std::thread([self = shared_from_this()] { self->run(); }).detach();
+    is_started_ = true;
+}
+
+void observer_registrar::run() {
+    std::unique_lock<std::mutex> lock(mutex_);
+    while (!is_ending_) {
+        if (waiting_.empty()) {
+            changed_.wait(lock);
+            continue;
+        }
+        const REQUEST request = waiting_.front();
+        lock.unlock();
+        const int result = register_observer(request.observer);
+        lock.lock();
+        if (result == NO_ANSWER && !is_ending_) {
+            changed_.wait_for(lock, PAUSE_WITHOUT_ANSWER);
+        } else if (!is_ending_) {
+            take_result(request.ticket, result);
+        }
+    }
+}
+
+/** With the mutex held, so that nobody is told after end(). */
+void observer_registrar::take_result(TICKET ticket, int result) {
+    if (waiting_.empty() || waiting_.front().ticket != ticket) {
+        return; // withdrawn
+    }
+    waiting_.pop_front();
+    if (result != 0) {
+        refused_(ticket, result);
+    }
+}

@@ -1,0 +1,52 @@
+#ifndef OBSERVER_REGISTRAR_H
+#define OBSERVER_REGISTRAR_H
+
+#include "dvc_pnl_dec_key_event_observer.h"
+
+#include <condition_variable>
+#include <cstdint>
+#include <deque>
+#include <functional>
+#include <memory>
+#include <mutex>
+
+/**
+ * Has observers registered with the service, in the order they were asked for, by a thread that waits for the
+ * service in place of its owner. An observer stays asked for until the service has answered. Observers are
+ * never looked into, so that they may be destroyed at any time. Any thread.
+ */
+class observer_registrar : public std::enable_shared_from_this<observer_registrar> {
+public:
+    using TICKET = std::uint64_t; ///< 0 is none's
+    using REFUSAL = std::function<void(TICKET ticket, int result)>;
+
+    /** @param refused  called by the thread with each result of the service but 0; must not call this object
+     */
+    explicit observer_registrar(REFUSAL refused);
+
+    TICKET ask_for(velarion::dvc_pnl_dec_key_event_observer* observer);
+    /** Nobody is told any more what becomes of it; a request that is under way reaches the service. */
+    void withdraw(TICKET ticket);
+    /** Ends the thread as soon as the service lets it; does not wait for that. Nobody is told any more. */
+    void end();
+
+private:
+    struct REQUEST {
+        TICKET ticket;
+        velarion::dvc_pnl_dec_key_event_observer* observer;
+    };
+
+    void start();
+    void run();
+    void take_result(TICKET ticket, int result);
+
+    const REFUSAL refused_;
+    std::mutex mutex_;
+    std::condition_variable changed_;
+    std::deque<REQUEST> waiting_;
+    TICKET last_ticket_ = 0;
+    bool is_started_ = false;
+    bool is_ending_ = false;
+};
+
+#endif
