@@ -8,21 +8,21 @@ namespace panel_device {
 
 namespace {
 
-const char* const LED_NAMES[] = {"main_power", "energy_saver", "start", "stop",
-                                 "data_in",    "alert",        "fax",   "print_service"};
-const char* const LED_STATUS_NAMES[] = {"off", "on", "blink_slow", "blink_fast", "timer"};
-const char* const FAULT_NAMES[] = {"none", "delay", "drop", "fail", "crash", "crash_now"};
-const char* const RESULT_TEXTS[] = {"done",
-                                    "wrong length",
-                                    "wrong number of parameters",
-                                    "unknown function",
-                                    "wrong parameter",
-                                    "unknown LED",
-                                    "unknown status",
-                                    "unknown key",
-                                    "value out of range",
-                                    "no such timer procedure",
-                                    "too many observers"};
+constexpr const char* LED_NAMES[] = {"main_power", "energy_saver", "start", "stop",
+                                     "data_in",    "alert",        "fax",   "print_service"};
+constexpr const char* LED_STATUS_NAMES[] = {"off", "on", "blink_slow", "blink_fast", "timer"};
+constexpr const char* FAULT_NAMES[] = {"none", "delay", "drop", "fail", "crash", "crash_now"};
+constexpr const char* RESULT_TEXTS[] = {"done",
+                                        "wrong length",
+                                        "wrong number of parameters",
+                                        "unknown function",
+                                        "wrong parameter",
+                                        "unknown LED",
+                                        "unknown status",
+                                        "unknown key",
+                                        "value out of range",
+                                        "no such timer procedure",
+                                        "too many observers"};
 static_assert(sizeof LED_NAMES / sizeof *LED_NAMES == LED_COUNT, "every LED has a name");
 
 template <std::size_t SIZE> std::string name_of(const char* const (&names)[SIZE], std::int32_t number) {
@@ -38,6 +38,14 @@ bool find_name(const char* const* names, std::int32_t count, const std::string& 
         }
     }
     return false;
+}
+
+std::string list_names(const char* const* names, std::int32_t count) {
+    std::string list = names[0];
+    for (std::int32_t i = 1; i < count; ++i) {
+        list += std::string(", ") + names[i];
+    }
+    return list;
 }
 
 } // namespace
@@ -64,6 +72,14 @@ bool find_led(const std::string& name, std::int32_t& led) {
 
 bool find_led_status(const std::string& name, std::int32_t& status) {
     return find_name(LED_STATUS_NAMES, LED_STATUS_TIMER, name, status);
+}
+
+std::string known_leds() {
+    return list_names(LED_NAMES, LED_COUNT);
+}
+
+std::string known_led_statuses() {
+    return list_names(LED_STATUS_NAMES, LED_STATUS_TIMER);
 }
 
 } // namespace panel_device

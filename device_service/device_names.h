@@ -17,6 +17,10 @@ bool find_led(const std::string& name, std::int32_t& led);
 /** Finds a status that can be set. @param status  unchanged when there is none. @return whether found */
 bool find_led_status(const std::string& name, std::int32_t& status);
 
+/** @return every name that find_led() or find_led_status() knows, ", " between them */
+std::string known_leds();
+std::string known_led_statuses();
+
 } // namespace panel_device
 
 #endif

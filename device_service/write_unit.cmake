@@ -1,6 +1,7 @@
 # Writes the unit of the service. program: its path below the prefix; source, binary: folders of the template and of
 # the unit
-get_filename_component(PANEL_DEVICE_SERVICE "${program}" ABSOLUTE BASE_DIR "${CMAKE_INSTALL_PREFIX}")
+get_filename_component(prefix "${CMAKE_INSTALL_PREFIX}" ABSOLUTE)
+get_filename_component(PANEL_DEVICE_SERVICE "${program}" ABSOLUTE BASE_DIR "${prefix}")
 foreach(special IN ITEMS "\\" "\"")
     string(REPLACE "${special}" "\\${special}" PANEL_DEVICE_SERVICE "${PANEL_DEVICE_SERVICE}")
 endforeach()

@@ -9,14 +9,15 @@
 #include <unistd.h>
 #include <utility>
 
-service_process::service_process() {
+service_process::service_process(const char* log_level) {
     int ends[2] = {};
     EXPECT_EQ(0, ::pipe(ends));
     const std::string ready = std::to_string(ends[1]);
     process_ = ::fork();
     if (process_ == 0) {
         ::prctl(PR_SET_PDEATHSIG, SIGKILL); // a test that is ended from outside leaves no service behind
-        ::execl(DEVICE_SERVICE, DEVICE_SERVICE, "--ready-fd", ready.c_str(), "--log-level", "error", nullptr);
+        ::execl(DEVICE_SERVICE, DEVICE_SERVICE, "--ready-fd", ready.c_str(), "--log-level", log_level,
+                nullptr);
         ::_exit(127);
     }
     ::close(ends[1]);

@@ -13,7 +13,7 @@
 /** A real panel_device_service. The constructor returns when it is ready, or has ended without getting so. */
 class service_process {
 public:
-    service_process();
+    explicit service_process(const char* log_level = "error");
     /** Kills it if it still runs. */
     ~service_process();
     service_process(const service_process&) = delete;

@@ -8,6 +8,7 @@
 #include <algorithm>
 #include <csignal>
 #include <cstdio>
+#include <fcntl.h>
 #include <filesystem>
 #include <memory>
 #include <sys/socket.h>
@@ -151,7 +152,8 @@ TEST_F(test_device_service, panelctl_drives_it) {
         {"key release 9", 0, "key 9: 0 observers told\n"},
         {"led set fax blink_slow", 0, ""},
         {"led set 8 on", 1, ""},
-        {"led set fax timer", 2, ""}, // shown, never set
+        {"led set fax timer", 2, "off, on, blink_slow, blink_fast"}, // shown, never set
+        {"led set foo on", 2, "alert, fax, print_service"},
         {"led list --json", 0, "\"status\": \"blink_slow\""},
         {"service fail 6 1", 0, ""},
         {"led all-on", 1, ""}, // result 6: unknown status
@@ -161,7 +163,7 @@ TEST_F(test_device_service, panelctl_drives_it) {
         SCOPED_TRACE(row.arguments);
         const process_result result = run(row.arguments);
         EXPECT_EQ(row.exit_code, result.exit_code) << result.errors;
-        EXPECT_NE(std::string::npos, result.output.find(row.output)) << result.output;
+        EXPECT_NE(std::string::npos, (result.output + result.errors).find(row.output)) << result.output;
     }
 }
 
@@ -191,10 +193,45 @@ TEST_F(test_device_service, a_client_that_never_reads_is_dropped) {
     EXPECT_LT(sent, 1000000);
 }
 
+TEST_F(test_device_service, it_never_waits_for_who_reads_its_log) {
+    int ends[2] = {};
+    ASSERT_EQ(::pipe2(ends, O_CLOEXEC), 0);
+    const file_descriptor reading(ends[0]);
+    const file_descriptor writing(ends[1]);
+    const auto fill = [&writing] {
+        ::fcntl(writing.get(), F_SETFL, O_NONBLOCK);
+        while (::write(writing.get(), "x", 1) == 1) {
+        }
+        ::fcntl(writing.get(), F_SETFL, 0);
+    };
+    const file_descriptor errors(::dup(STDERR_FILENO));
+    service_.reset();
+    ::dup2(writing.get(), STDERR_FILENO);
+    service_ = std::make_unique<service_process>("info");
+    ::dup2(errors.get(), STDERR_FILENO);
+    fill();
+    for (int turn = 0; turn < 50; ++turn) {
+        ASSERT_EQ(set_led(-1), DEVICE_UNKNOWN_LED);
+    }
+    EXPECT_EQ(::fcntl(writing.get(), F_GETFL) & O_NONBLOCK, 0);
+    std::string log;
+    while (log.find(" 50 lines left out") == std::string::npos) {
+        ASSERT_TRUE(wait_for_socket(reading.get(), false, monotonic_milliseconds() + PATIENCE)) << log;
+        char bytes[4096];
+        log.append(bytes, static_cast<std::size_t>(::read(reading.get(), bytes, sizeof bytes)));
+    }
+    fill();
+    EXPECT_EQ(service_->end_by(SIGTERM), 0);
+    service_ = std::make_unique<service_process>();
+}
+
 TEST_F(test_device_service, connections_beyond_the_limit_wait_and_come_in_later) {
     std::vector<file_descriptor> connections(64);
     std::generate(connections.begin(), connections.end(), connect);
     EXPECT_EQ(0, bmc_mc_client::bmc_mc_check_facade(DVC_PNL_DEC_SERVICE_NAME, 1));
+    const process_result status = run_process({PANELCTL, "service"});
+    EXPECT_EQ(status.exit_code, 3);
+    EXPECT_NE(status.errors.find("runs as process"), std::string::npos) << status.errors;
     connections.clear(); // and the request at the end of the test is served
 }
 

@@ -176,8 +176,8 @@ TEST_F(test_panel_service, connections_that_leave_the_protocol_are_closed) {
     IPC_HEADER header;
     header.host = HOST;
     const std::vector<char> request = encode_message(make_message(103, {}), {});
-    for (const IPC_KIND kind : {IPC_REPLY, IPC_NOTIFICATION, IPC_GREETING, IPC_LOST, IPC_ATTACH}) {
-        header.kind = kind; // an attach has no payload
+    for (const IPC_KIND kind : {IPC_REPLY, IPC_NOTIFICATION, IPC_GREETING, IPC_LOST, IPC_ATTACH, IPC_PROBE}) {
+        header.kind = kind; // attach and probe have no payload
         EXPECT_FALSE(send(1, header, request));
     }
     EXPECT_FALSE(attach(1, HOST, ATTACH_EVENTS_AND_EDGES + 1));
@@ -240,6 +240,35 @@ TEST_F(test_panel_service, faults_are_for_so_many_requests_of_the_library) {
     service_.advance(1300);
     EXPECT_EQ(DEVICE_OK, result_of_reply(1));
     EXPECT_EQ(-1, service_.next_deadline());
+}
+
+TEST_F(test_panel_service, probes_share_the_silence_of_requests_and_no_other_fault) {
+    const struct {
+        FAULT_KIND fault;
+        std::size_t answers_at_once;
+        std::int32_t requests_left;
+        std::size_t answers_later;
+    } rows[] = {{FAULT_NONE, 1, 2, 1},
+                {FAULT_DELAY, 0, 1, 1},
+                {FAULT_DROP, 0, 1, 0},
+                {FAULT_FAIL, 1, 2, 1},
+                {FAULT_CRASH, 1, 2, 1}};
+    for (const auto& row : rows) {
+        SCOPED_TRACE(row.fault);
+        ASSERT_EQ(DEVICE_OK, ask(1, make_message(CONTROL_SET_FAULT, {row.fault, 300, 2})));
+        IPC_HEADER header;
+        header.kind = IPC_PROBE;
+        header.host = HOST;
+        sent_[2].clear();
+        EXPECT_TRUE(send(2, header, std::vector<char>(IPC_HEADER_LENGTH, 'p')));
+        EXPECT_EQ(sent_[2].size(), row.answers_at_once);
+        EXPECT_EQ(DEVICE_OK, ask(1, make_message(CONTROL_STATUS, {})));
+        const DEVICE_MESSAGE status = messages_to(1, IPC_REPLY).at(0);
+        EXPECT_EQ(status.records.at(STATUS_FAULT_REQUESTS).value, row.requests_left);
+        EXPECT_EQ(status.records.at(STATUS_REQUESTS).value, 0);
+        service_.advance(300);
+        EXPECT_EQ(sent_[2], std::vector<std::vector<char>>(row.answers_later, std::vector<char>(72, 'p')));
+    }
 }
 
 TEST_F(test_panel_service, a_connection_waits_for_so_many_delayed_replies_and_takes_them_with_it) {

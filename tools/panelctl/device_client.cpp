@@ -3,30 +3,46 @@
 #include "command.h"
 #include "device_names.h"
 #include "dvc_pnl_dec_communication.h"
+#include "file_descriptor.h"
 #include "message_layer.h"
-#include "osw.h"
+#include "message_socket.h"
 #include "platform_codes.h"
 #include "platform_folder.h"
 
 #include <limits>
+#include <sys/socket.h>
 #include <vector>
 
 namespace {
 
 using velarion::bmc_mc_client;
 
-const int READINESS_CHECKS = 200;
-const unsigned long READINESS_PAUSE = 300; // platform time units
-const long MODE = 1;
+constexpr long MODE = 1;
 
-bool is_service_ready() {
-    for (int check = 0; check < READINESS_CHECKS; ++check) {
-        if (bmc_mc_client::bmc_mc_check_facade(velarion::DVC_PNL_DEC_SERVICE_NAME, MODE) != 0) {
-            return true;
-        }
-        emwOSWSleep(READINESS_PAUSE);
+/** The process at the other end of a connection, also of one that it has not taken yet. */
+pid_t process_behind(const panel_platform::file_descriptor& connection) {
+    ucred peer = {};
+    socklen_t length = sizeof peer;
+    return ::getsockopt(connection.get(), SOL_SOCKET, SO_PEERCRED, &peer, &length) == 0 ? peer.pid : 0;
+}
+
+/** Why there is no answer: no service, one that cannot be used, or one that keeps silent. */
+QString describe_silence() {
+    panel_platform::file_descriptor connection;
+    const int code = panel_platform::connect_to_service(velarion::DVC_PNL_DEC_SERVICE_NAME, connection);
+    if (code == panel_platform::PLATFORM_OK) {
+        const QString process = QString::number(process_behind(connection));
+        return QStringLiteral("runs as process %1 but does not answer: it may be stopped (\"kill -CONT %1\" "
+                              "lets it go on), have no connection free, or be ordered not to (\"panelctl "
+                              "service status\" tells)")
+            .arg(process);
     }
-    return false;
+    if (code == panel_platform::PLATFORM_WOULD_BLOCK) {
+        return QStringLiteral("runs but does not answer, and many processes wait for it: it may be stopped");
+    }
+    return code == panel_platform::PLATFORM_NOT_READY
+               ? QStringLiteral("does not run; start it with panel_device_service")
+               : QStringLiteral("cannot be reached (platform code %1)").arg(code);
 }
 
 /** @param answer  the reply, whole; empty on failure. @return a platform code */
@@ -43,7 +59,7 @@ long exchange(const panel_device::DEVICE_MESSAGE& request, std::vector<char>& an
 }
 
 int report_no_answer(const QString& fault) {
-    report_fault(QStringLiteral("the panel device service of %1 %2; start it with panel_device_service")
+    report_fault(QStringLiteral("the panel device service of %1 %2")
                      .arg(QString::fromStdString(panel_platform::platform_folder()), fault));
     return EXIT_SERVICE;
 }
@@ -51,13 +67,16 @@ int report_no_answer(const QString& fault) {
 } // namespace
 
 int ask_device_service(const panel_device::DEVICE_MESSAGE& request, panel_device::DEVICE_MESSAGE& reply) {
-    if (!is_service_ready()) {
-        return report_no_answer(QStringLiteral("does not run"));
+    if (bmc_mc_client::bmc_mc_check_facade(velarion::DVC_PNL_DEC_SERVICE_NAME, MODE) == 0) {
+        return report_no_answer(describe_silence());
     }
     std::vector<char> answer;
     const long code = exchange(request, answer);
+    if (code == panel_platform::PLATFORM_BAD_MESSAGE || code == panel_platform::PLATFORM_TOO_LARGE) {
+        return report_no_answer(QStringLiteral("sent an answer that is not understood"));
+    }
     if (code != panel_platform::PLATFORM_OK) {
-        return report_no_answer(QStringLiteral("did not answer (platform code %1)").arg(code));
+        return report_no_answer(describe_silence());
     }
     if (decode_message(answer.data(), answer.size(), reply) != panel_device::DEVICE_OK) {
         return report_no_answer(QStringLiteral("sent an answer that is not understood"));
@@ -73,7 +92,7 @@ bool send_to_device_service(const panel_device::DEVICE_MESSAGE& request) {
 
 int report_device_result(int result) {
     if (result < 0) {
-        return report_no_answer(QStringLiteral("did not answer"));
+        return report_no_answer(describe_silence());
     }
     report_fault(QStringLiteral("the panel device service refused the request: %1")
                      .arg(QString::fromStdString(panel_device::result_text(result))));

@@ -10,6 +10,7 @@
 #include <QJsonObject>
 
 #include <cstddef>
+#include <string>
 
 namespace {
 
@@ -61,19 +62,35 @@ int list_leds(const QStringList&, bool as_json) {
     return EXIT_FOUND;
 }
 
+/** Reads a name that @p find knows, or any number, which is the service's to judge. */
+bool read_name(const QString& text, bool (*find)(const std::string&, int&), const QString& kind,
+               const std::string& known, int& number) {
+    if (find(text.toStdString(), number)) {
+        return true;
+    }
+    bool is_number = false;
+    text.toLongLong(&is_number, 0);
+    if (!is_number) {
+        usage_fault(COMMAND, QStringLiteral("no %1 \"%2\"; there are %3, or their numbers from 0 on")
+                                 .arg(kind, text, QString::fromStdString(known)));
+        return false;
+    }
+    return read_device_number(COMMAND, text, number);
+}
+
+bool read_led(const QString& text, int& led) {
+    return read_name(text, panel_device::find_led, QStringLiteral("LED"), panel_device::known_leds(), led);
+}
+
 bool read_status(const QString& text, int& status) {
-    return panel_device::find_led_status(text.toStdString(), status) ||
-           read_device_number(COMMAND, text, status);
+    return read_name(text, panel_device::find_led_status, QStringLiteral("status"),
+                     panel_device::known_led_statuses(), status);
 }
 
 int set_led(const QStringList& arguments, bool) {
     int led = 0;
     int status = 0;
-    if (!panel_device::find_led(arguments.at(0).toStdString(), led) &&
-        !read_device_number(COMMAND, arguments.at(0), led)) {
-        return EXIT_USAGE;
-    }
-    if (!read_status(arguments.at(1), status)) {
+    if (!read_led(arguments.at(0), led) || !read_status(arguments.at(1), status)) {
         return EXIT_USAGE;
     }
     return exit_code_of(
