@@ -54,15 +54,15 @@ void host_receiver::post(std::function<void()> work) {
 void host_receiver::add_observer(dvc_pnl_dec_key_event_observer* observer, const QObject* owner) {
     auto entry = find(observer);
     if (entry == entries_.end()) {
-        entry = entries_.insert(entry, {observer, {}, 0});
+        entry = entries_.insert(entry, {observer, {}, registrar_->ask_for(observer)});
+    } else {
+        registrar_->begin_anew();
     }
     QObject::disconnect(entry->owner_watch);
     if (owner) {
         entry->owner_watch = QObject::connect(owner, &QObject::destroyed, &event_loop_,
                                               [this, observer] { forget_observer(observer); });
     }
-    registrar_->withdraw(entry->ticket);
-    entry->ticket = registrar_->ask_for(observer);
 }
 
 void host_receiver::forget_observer(const dvc_pnl_dec_key_event_observer* observer) {
@@ -123,12 +123,7 @@ void host_receiver::take_key_event(std::uint32_t number, int key, int status) {
 }
 
 void host_receiver::take_greeting() {
-    for (const ENTRY& entry : entries_) {
-        registrar_->withdraw(entry.ticket);
-    }
-    for (ENTRY& entry : entries_) {
-        entry.ticket = registrar_->ask_for(entry.observer);
-    }
+    registrar_->begin_anew();
     if (const auto hook = service_hook_) { // which may set another one
         hook();
     }

@@ -59,8 +59,8 @@ public:
 
     /**
      * @param hook  called by the event loop when the service refuses an observer, with the service's result.
-     *              The observer is asked for again when the service greets this process the next time, or
-     * when it is added once more. The hook may use the receiver, but not destroy it
+     *              The observer is asked for again when the service greets this process the next time, at the
+     *              latest, and when it is added once more. The hook may use the receiver, but not destroy it
      */
     void set_refusal_hook(
         std::function<void(velarion::dvc_pnl_dec_key_event_observer* observer, int result)> hook);

@@ -34,16 +34,26 @@ observer_registrar::TICKET observer_registrar::ask_for(velarion::dvc_pnl_dec_key
     if (!is_started_) {
         start();
     }
-    waiting_.push_back({++last_ticket_, observer});
+    requests_.push_back({++last_ticket_, observer});
     changed_.notify_all();
     return last_ticket_;
 }
 
+void observer_registrar::begin_anew() {
+    const std::lock_guard<std::mutex> lock(mutex_);
+    ++round_;
+    answered_ = 0;
+    changed_.notify_all();
+}
+
 void observer_registrar::withdraw(TICKET ticket) {
     const std::lock_guard<std::mutex> lock(mutex_);
-    waiting_.erase(std::remove_if(waiting_.begin(), waiting_.end(),
-                                  [ticket](const REQUEST& request) { return request.ticket == ticket; }),
-                   waiting_.end());
+    const auto found = std::find_if(requests_.begin(), requests_.end(),
+                                    [ticket](const REQUEST& request) { return request.ticket == ticket; });
+    if (found != requests_.end()) {
+        answered_ -= found - requests_.begin() < static_cast<std::ptrdiff_t>(answered_) ? 1U : 0U;
+        requests_.erase(found);
+    }
 }
 
 void observer_registrar::end() {
@@ -62,29 +72,31 @@ void observer_registrar::start() {
 void observer_registrar::run() {
     std::unique_lock<std::mutex> lock(mutex_);
     while (!is_ending_) {
-        if (waiting_.empty()) {
+        if (answered_ == requests_.size()) {
             changed_.wait(lock);
             continue;
         }
-        const REQUEST request = waiting_.front();
+        const REQUEST request = requests_[answered_];
+        const std::uint64_t round = round_;
         lock.unlock();
         const int result = register_observer(request.observer);
         lock.lock();
         if (result == NO_ANSWER && !is_ending_) {
+            answered_ = 0;
             changed_.wait_for(lock, PAUSE_WITHOUT_ANSWER);
-        } else if (!is_ending_) {
-            take_result(request.ticket, result);
+        } else if (round == round_ && !is_ending_) {
+            take_result(request, result);
         }
     }
 }
 
 /** With the mutex held, so that nobody is told after end(). */
-void observer_registrar::take_result(TICKET ticket, int result) {
-    if (waiting_.empty() || waiting_.front().ticket != ticket) {
+void observer_registrar::take_result(const REQUEST& request, int result) {
+    if (answered_ == requests_.size() || requests_[answered_].ticket != request.ticket) {
         return; // withdrawn
     }
-    waiting_.pop_front();
+    ++answered_;
     if (result != 0) {
-        refused_(ticket, result);
+        refused_(request.ticket, result);
     }
 }

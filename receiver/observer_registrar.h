@@ -4,16 +4,18 @@
 #include "dvc_pnl_dec_key_event_observer.h"
 
 #include <condition_variable>
+#include <cstddef>
 #include <cstdint>
-#include <deque>
 #include <functional>
 #include <memory>
 #include <mutex>
+#include <vector>
 
 /**
  * Has observers registered with the service, in the order they were asked for, by a thread that waits for the
- * service in place of its owner. An observer stays asked for until the service has answered. Observers are
- * never looked into, so that they may be destroyed at any time. Any thread.
+ * service in place of its owner. Whenever the service did not answer it begins again with the first one: it
+ * may be another service that answers then. Observers are never looked into, so that they may be destroyed at
+ * any time. Any thread.
  */
 class observer_registrar : public std::enable_shared_from_this<observer_registrar> {
 public:
@@ -25,6 +27,8 @@ public:
     explicit observer_registrar(REFUSAL refused);
 
     TICKET ask_for(velarion::dvc_pnl_dec_key_event_observer* observer);
+    /** Asks for all once more, from the first on. */
+    void begin_anew();
     /** Nobody is told any more what becomes of it; a request that is under way reaches the service. */
     void withdraw(TICKET ticket);
     /** Ends the thread as soon as the service lets it; does not wait for that. Nobody is told any more. */
@@ -38,12 +42,14 @@ private:
 
     void start();
     void run();
-    void take_result(TICKET ticket, int result);
+    void take_result(const REQUEST& request, int result);
 
     const REFUSAL refused_;
     std::mutex mutex_;
     std::condition_variable changed_;
-    std::deque<REQUEST> waiting_;
+    std::vector<REQUEST> requests_; ///< as they are to be asked for
+    std::size_t answered_ = 0;      ///< so many of them, the first ones, were answered in this round
+    std::uint64_t round_ = 0;
     TICKET last_ticket_ = 0;
     bool is_started_ = false;
     bool is_ending_ = false;

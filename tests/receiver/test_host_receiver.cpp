@@ -63,6 +63,10 @@ std::vector<char> key_event(const dvc_pnl_dec_key_event_observer* observer, int 
     return encode_message(make_message(DVC_PNL_DEC_FUNCTION_NOTIFY_KEY_EVENT, {key, status}), header);
 }
 
+int registered_observers() {
+    return ask_service(CONTROL_STATUS, {}).records.at(STATUS_OBSERVERS).value;
+}
+
 using test_host_receiver = scratch_service;
 
 TEST_F(test_host_receiver, observers_are_told_by_each_service_that_is_started) {
@@ -79,7 +83,8 @@ TEST_F(test_host_receiver, observers_are_told_by_each_service_that_is_started) {
     for (const int key : {30, 255}) {
         SCOPED_TRACE(key);
         service_process service;
-        while (ask_service(CONTROL_KEY_EVENT, {key, 1}).records.at(0).value < 2) { // not registered yet
+        while (registered_observers() < 2 ||
+               ask_service(CONTROL_KEY_EVENT, {key, 1}).records.at(0).value < 2) { // not attached yet
             QCoreApplication::processEvents();
         }
         ask_service(CONTROL_KEY_EVENT, {key, 0});
@@ -92,7 +97,6 @@ TEST_F(test_host_receiver, observers_are_told_by_each_service_that_is_started) {
 }
 
 TEST_F(test_host_receiver, an_observer_is_asked_for_until_the_service_answers) {
-    const auto registered = [] { return ask_service(CONTROL_STATUS, {}).records.at(STATUS_OBSERVERS).value; };
     auto service = std::make_unique<service_process>();
     ASSERT_EQ(ask_service(CONTROL_SET_FAULT, {FAULT_CRASH, 0, 0}).result, DEVICE_OK);
     host_receiver receiver; // without a delivery, so that it knows of no new service
@@ -101,7 +105,7 @@ TEST_F(test_host_receiver, an_observer_is_asked_for_until_the_service_answers) {
     receiver.add_observer(&observers[1]);
     EXPECT_EQ(service->wait(), -SIGKILL);
     service = std::make_unique<service_process>();
-    for (int turn = 0; turn < 10000 && registered() < 2; ++turn) {
+    for (int turn = 0; turn < 10000 && registered_observers() < 2; ++turn) {
         emwOSWSleep(1000);
     }
     ASSERT_EQ(ask_service(CONTROL_SET_FAULT, {FAULT_FAIL, 7, 1}).result, DEVICE_OK);
@@ -113,7 +117,7 @@ TEST_F(test_host_receiver, an_observer_is_asked_for_until_the_service_answers) {
     }
     EXPECT_EQ(refused.first, &observers[2]);
     EXPECT_EQ(refused.second, 7);
-    EXPECT_EQ(registered(), 2);
+    EXPECT_EQ(registered_observers(), 2);
 }
 
 TEST_F(test_host_receiver, no_observer_is_called_after_it_was_destroyed_or_forgotten) {

@@ -192,7 +192,8 @@ TEST_F(test_message_layer, what_is_not_the_answer_is_passed_over) {
             IPC_HEADER other = request;
             other.sequence += row.later;
             other.func_id = row.header_func_id;
-            return ANSWERS{message_of(request, IPC_REPLY, "101"), reply_of(other, row.func_id, "other bytes"),
+            return ANSWERS{reply_of(other, row.func_id, "other bytes"),
+                           message_of(request, IPC_REPLY, ""), // of no function
                            reply_well(request)};
         }});
         ASSERT_TRUE(becomes_ready());
@@ -220,10 +221,11 @@ TEST_F(test_message_layer, a_service_that_did_not_answer_is_not_ready_until_it_i
     const EXCHANGE unanswered;
     EXPECT_EQ(unanswered.code, PLATFORM_NO_ANSWER);
     EXPECT_TRUE(unanswered.is_untouched());
-    while (probes < 3) {
+    for (int turn = 0; turn < 10000 && probes < 3; ++turn) {
         ASSERT_FALSE(is_ready());
         emwOSWSleep(300);
     }
+    EXPECT_GE(probes, 3);
     speaks = true;
     ASSERT_TRUE(becomes_ready());
     EXPECT_TRUE(EXCHANGE().is_answered());
@@ -231,14 +233,12 @@ TEST_F(test_message_layer, a_service_that_did_not_answer_is_not_ready_until_it_i
 
 TEST_F(test_message_layer, the_first_check_of_a_process_waits_for_a_service_that_starts) {
     EXPECT_EQ(run_in_process([] {
-                  std::promise<void> has_checked;
+                  std::unique_ptr<scripted_service> service;
                   std::thread starting([&] {
                       emwOSWSleep(50000); // until the check is under way, as a rule
-                      const scripted_service service;
-                      has_checked.get_future().wait();
+                      service = std::make_unique<scripted_service>();
                   });
                   const bool was_ready = is_ready();
-                  has_checked.set_value();
                   starting.join();
                   return was_ready;
               }),
