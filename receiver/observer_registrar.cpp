@@ -81,22 +81,28 @@ void observer_registrar::run() {
         lock.unlock();
         const int result = register_observer(request.observer);
         lock.lock();
-        if (result == NO_ANSWER && !is_ending_) {
-            answered_ = 0;
+        if (!take_result(request, round, result)) {
             changed_.wait_for(lock, PAUSE_WITHOUT_ANSWER);
-        } else if (round == round_ && !is_ending_) {
-            take_result(request, result);
         }
     }
 }
 
-/** With the mutex held, so that nobody is told after end(). */
-void observer_registrar::take_result(const REQUEST& request, int result) {
-    if (answered_ == requests_.size() || requests_[answered_].ticket != request.ticket) {
-        return; // withdrawn
+/** With the mutex held, so that nobody is told after end(). @return whether the next one may be asked for */
+bool observer_registrar::take_result(const REQUEST& request, std::uint64_t round, int result) {
+    if (is_ending_) {
+        return true;
     }
-    ++answered_;
-    if (result != 0) {
+    if (result == NO_ANSWER) {
+        answered_ = 0;
+        return false;
+    }
+    const bool is_wanted =
+        round == round_ && answered_ < requests_.size() && requests_[answered_].ticket == request.ticket;
+    if (is_wanted) {
+        ++answered_;
+    }
+    if (is_wanted && result != 0) {
         refused_(request.ticket, result);
     }
+    return true;
 }

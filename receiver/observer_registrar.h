@@ -42,7 +42,7 @@ private:
 
     void start();
     void run();
-    void take_result(const REQUEST& request, int result);
+    bool take_result(const REQUEST& request, std::uint64_t round, int result);
 
     const REFUSAL refused_;
     std::mutex mutex_;

@@ -69,8 +69,7 @@ bool read_name(const QString& text, bool (*find)(const std::string&, int&), cons
         return true;
     }
     bool is_number = false;
-    text.toLongLong(&is_number, 0);
-    if (!is_number) {
+    if (text.toLongLong(&is_number, 0) == 0 && !is_number) {
         usage_fault(COMMAND, QStringLiteral("no %1 \"%2\"; there are %3, or their numbers from 0 on")
                                  .arg(kind, text, QString::fromStdString(known)));
         return false;
