@@ -1,257 +1,166 @@
 #include "dvc_pnl_rmg_image_inspection.h"
 
+#include "gzip_inflater.h"
+#include "picture_file.h"
+#include "picture_size.h"
+#include "svg_limits.h"
+#include "svg_quick_scan.h"
+#include "svg_references.h"
+#include "svg_survey.h"
+
 #include <QBuffer>
 #include <QFile>
 #include <QFileInfo>
+#include <QImage>
 #include <QImageReader>
-#include <QXmlStreamReader>
+#include <QtEndian>
 
-#include <algorithm>
-#include <map>
-#include <utility>
-#include <vector>
+#include <cstring>
 
 namespace velarion {
 
 namespace {
 
-const int BYTES_PER_PIXEL = 4;
-const qint64 SVG_BYTES_LIMIT = qint64{16} * 1024 * 1024;
-const int SVG_DEPTH_LIMIT = 256;
-const int SVG_ELEMENT_LIMIT = 100000;
-const char DATA_PREFIX[] = "data";
-const char BASE64_MARK[] = "base64,";
-const char COMPRESSION_MARK[] = "\x1F\x8B";
+const char VECTOR_FORMAT[] = "svg";
+const char* const COMPRESSED_EXTENSIONS[] = {".svgz", ".svg.gz"};
+const char PNG_MARK[] = "\x89PNG\r\n\x1A\n\0\0\0\rIHDR";
+const int PNG_MARK_SIZE = 16;
+const int PNG_HEADER_SIZE = 24; // up to its width and height
 
-/** Bytes of the pixmap that a reader would deliver; 0 when it is not to be read. */
-std::int64_t pixmap_bytes(QImageReader& reader) {
-    const QSize size = reader.size();
-    if (!dvc_pnl_rmg_is_allowed_size(size.width(), size.height())) {
-        return 0;
+bool is_compressed_name(const QString& path) {
+    for (const char* extension : COMPRESSED_EXTENSIONS) {
+        if (path.endsWith(QLatin1String(extension), Qt::CaseInsensitive)) {
+            return true;
+        }
     }
-    return static_cast<std::int64_t>(size.width()) * size.height() * BYTES_PER_PIXEL;
+    return false;
+}
+
+/** The toolkit takes inflated bytes for an SVG document only when they begin like one. */
+bool begins_like_svg(const QByteArray& bytes) {
+    const int beginning = 16;
+    for (const char* mark : {"<?xml", "<svg", "<!--", "<!DOCTYPE svg"}) {
+        if (bytes.left(beginning).contains(mark)) {
+            return true;
+        }
+    }
+    return false;
+}
+
+/** @param path  empty for bytes that are of no file */
+bool read_svg(const QByteArray& bytes, const QString& path, const QSize& size, QByteArray& document) {
+    document = bytes;
+    if (is_gzip(bytes) &&
+        (inflate_gzip(bytes, SVG_BYTES_LIMIT, document) != GZIP_INFLATED || !begins_like_svg(document))) {
+        return false;
+    }
+    if (is_surely_harmless(document)) {
+        return true;
+    }
+    const bool is_drawable = document.size() <= SVG_BYTES_LIMIT && is_drawable_svg(document, path, size);
+    if (is_drawable && !path.isEmpty()) {
+        document = with_absolute_references(document, path);
+    }
+    return is_drawable;
 }
 
 bool is_vector_format(QImageReader& reader) {
-    return reader.format().startsWith("svg");
+    return reader.format().startsWith(VECTOR_FORMAT);
 }
 
-bool is_special_file(const QString& path) {
-    const QFileInfo info(path);
-    return info.exists() && !info.isFile();
-}
-
-/** The drawing effort of one SVG document, told from its elements and their references. */
-class svg_survey {
-public:
-    /** @param folder  where its relative references begin; empty when it has none of its own */
-    explicit svg_survey(QString folder)
-        : folder_(std::move(folder)) {}
-
-    /** @return whether the document keeps to the limits; what follows a syntax error is not looked at */
-    bool examine(const QByteArray& document);
-
-private:
-    struct ELEMENT {
-        QString reference;      ///< id of another element; empty without one
-        std::vector<int> parts; ///< child elements
-        int height = 0;         ///< of the tree of parts and references; 0: not measured yet
-        int count = 0;          ///< of elements drawn in that tree
-    };
-
-    bool add_element(const QXmlStreamReader& reader);
-    bool add_bitmap(const QString& reference);
-    bool add_embedded_bitmap(const QString& reference);
-    bool add_bitmap_file(const QString& path);
-    bool add_bitmap_of(QImageReader& reader);
-    bool measure(int index, int depth);
-
-    const QString folder_;
-    std::vector<ELEMENT> elements_;
-    std::vector<int> open_elements_;
-    std::multimap<QString, int> named_elements_;
-    std::int64_t bitmap_bytes_ = 0;
-};
-
-/** The element or file that an element draws or builds on, as it is written. */
-QString reference_of(const QXmlStreamReader& reader) {
-    return reader.attributes().value(QLatin1String("xlink:href")).toString();
-}
-
-/** The element that an element draws or builds on, as the toolkit reads the reference; empty without one. */
-QString target_of(const QXmlStreamReader& reader) {
-    const QString kind = reader.name().toString();
-    const QString reference = reference_of(reader);
-    if (kind == QLatin1String("use")) {
-        return reference.mid(1);
-    }
-    if (kind.endsWith(QLatin1String("Gradient"))) {
-        return reference.startsWith(QLatin1Char('#')) ? reference.mid(1) : reference;
-    }
-    return QString();
-}
-
-/** Entities are fine as names for long texts, not for multiplying them. */
-bool has_plain_entities(const QXmlStreamReader& reader, const QByteArray& document) {
-    std::int64_t longest = 0;
-    for (const QXmlStreamEntityDeclaration& entity : reader.entityDeclarations()) {
-        const QString value = entity.value().toString();
-        if (value.contains(QLatin1Char('&'))) {
-            return false;
-        }
-        longest = std::max<std::int64_t>(longest, value.size());
-    }
-    return longest * document.count('&') <= SVG_BYTES_LIMIT;
-}
-
-bool svg_survey::examine(const QByteArray& document) {
-    QXmlStreamReader reader(document);
-    reader.setNamespaceProcessing(false); // as the toolkit's own SVG reader
-    bool is_fine = true;
-    while (is_fine && !reader.atEnd()) {
-        switch (reader.readNext()) {
-        case QXmlStreamReader::DTD:
-            is_fine = has_plain_entities(reader, document);
-            break;
-        case QXmlStreamReader::StartElement:
-            is_fine = add_element(reader);
-            break;
-        case QXmlStreamReader::EndElement:
-            open_elements_.pop_back();
-            break;
-        default:
-            break;
-        }
-    }
-    return is_fine && (elements_.empty() || measure(0, 1));
-}
-
-bool svg_survey::add_element(const QXmlStreamReader& reader) {
-    if (elements_.size() >= SVG_ELEMENT_LIMIT || open_elements_.size() >= SVG_DEPTH_LIMIT) {
+bool load_svg(const QByteArray& bytes, const QString& path, QPixmap& pixmap) {
+    QByteArray document;
+    if (!read_svg(bytes, path, QSize(), document)) {
         return false;
     }
-    const int index = static_cast<int>(elements_.size());
-    elements_.push_back(ELEMENT());
-    elements_.back().reference = target_of(reader);
-    if (!open_elements_.empty()) {
-        elements_[static_cast<std::size_t>(open_elements_.back())].parts.push_back(index);
-    }
-    open_elements_.push_back(index);
-    for (const char* attribute : {"id", "xml:id"}) {
-        const QString name = reader.attributes().value(QLatin1String(attribute)).toString();
-        if (!name.isEmpty()) {
-            named_elements_.insert(std::make_pair(name, index));
-        }
-    }
-    return reader.name() != QLatin1String("image") || add_bitmap(reference_of(reader).trimmed());
-}
-
-bool svg_survey::add_bitmap(const QString& reference) {
-    if (reference.startsWith(QLatin1String(DATA_PREFIX))) {
-        return add_embedded_bitmap(reference);
-    }
-    const bool is_elsewhere = !folder_.isEmpty() && QFileInfo(reference).isRelative();
-    return add_bitmap_file(reference) &&
-           (!is_elsewhere || add_bitmap_file(folder_ + QLatin1Char('/') + reference));
-}
-
-bool svg_survey::add_embedded_bitmap(const QString& reference) {
-    const int mark = reference.lastIndexOf(QLatin1String(BASE64_MARK));
-    if (mark < 0) {
-        return true; // the toolkit draws nothing
-    }
-    QByteArray bytes =
-        QByteArray::fromBase64(reference.mid(mark + static_cast<int>(sizeof(BASE64_MARK)) - 1).toLatin1());
-    QBuffer buffer(&bytes);
+    QBuffer buffer(&document);
     buffer.open(QIODevice::ReadOnly);
-    QImageReader reader(&buffer);
-    return add_bitmap_of(reader);
-}
-
-bool svg_survey::add_bitmap_file(const QString& path) {
-    QImageReader reader(path);
-    return !is_special_file(path) && add_bitmap_of(reader);
-}
-
-bool svg_survey::add_bitmap_of(QImageReader& reader) {
-    if (!reader.canRead()) {
-        return true;
+    QImageReader reader(&buffer, VECTOR_FORMAT);
+    if (!is_allowed_size(reader.size())) {
+        return false;
     }
-    const std::int64_t size = is_vector_format(reader) ? 0 : pixmap_bytes(reader);
-    bitmap_bytes_ += size;
-    return size > 0 && bitmap_bytes_ <= DVC_PNL_RMG_PIXMAP_BYTES_LIMIT;
+    const QPixmap drawn = QPixmap::fromImage(reader.read());
+    pixmap = drawn.isNull() ? pixmap : drawn;
+    return !drawn.isNull();
 }
 
-/** Fails for a circle too: it has no end. */
-bool svg_survey::measure(int index, int depth) {
-    ELEMENT& element = elements_[static_cast<std::size_t>(index)];
-    if (element.height > 0) {
-        return depth + element.height <= SVG_DEPTH_LIMIT + 1;
+int number_at(const QByteArray& bytes, int at) {
+    std::uint32_t number = 0;
+    std::memcpy(&number, bytes.constData() + at, sizeof number);
+    return static_cast<int>(qFromBigEndian(number));
+}
+
+/** @return the size that a PNG file of that name tells in its header; invalid for any other file */
+QSize png_size(const QString& path) {
+    if (!path.endsWith(QLatin1String(".png"), Qt::CaseInsensitive)) {
+        return QSize();
     }
-    int height = 0;
-    int count = 1;
-    const auto add = [&](int part) {
-        const ELEMENT& measured = elements_[static_cast<std::size_t>(part)];
-        if (depth >= SVG_DEPTH_LIMIT || !measure(part, depth + 1)) {
-            return false;
-        }
-        height = std::max(height, measured.height);
-        count += measured.count;
-        return count <= SVG_ELEMENT_LIMIT;
-    };
-    const auto targets = named_elements_.equal_range(element.reference); // no element has an empty name
-    const bool is_measured =
-        std::all_of(element.parts.begin(), element.parts.end(), add) &&
-        std::all_of(targets.first, targets.second, [&](const auto& target) { return add(target.second); });
-    element.height = is_measured ? height + 1 : 0;
-    element.count = count;
-    return is_measured;
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly | QIODevice::Unbuffered)) {
+        return QSize();
+    }
+    const QByteArray header = file.read(PNG_HEADER_SIZE);
+    const bool is_png =
+        header.size() == PNG_HEADER_SIZE && header.startsWith(QByteArray(PNG_MARK, PNG_MARK_SIZE));
+    return is_png ? QSize(number_at(header, PNG_MARK_SIZE), number_at(header, PNG_MARK_SIZE + 4)) : QSize();
 }
 
-bool is_drawable(const QByteArray& document, const QString& folder) {
-    return !document.startsWith(COMPRESSION_MARK) && svg_survey(folder).examine(document);
-}
-
-/** Looks at a vector picture before the toolkit's reader parses it. */
-bool is_drawable(QIODevice& device, const QString& folder) {
-    return device.size() <= SVG_BYTES_LIMIT && is_drawable(device.readAll(), folder) && device.seek(0);
-}
-
-bool is_loadable(QImageReader& reader, const QString& folder) {
-    return (!is_vector_format(reader) || is_drawable(*reader.device(), folder)) && pixmap_bytes(reader) > 0;
+bool load_bitmap(const QString& path, QPixmap& pixmap) {
+    QPixmap loaded;
+    if (!loaded.load(path) || loaded.isNull()) {
+        return false;
+    }
+    pixmap = loaded;
+    return true;
 }
 
 } // namespace
 
-bool dvc_pnl_rmg_is_allowed_size(int width, int height) {
-    return width > 0 && height > 0 &&
-           static_cast<std::int64_t>(width) * height <= DVC_PNL_RMG_PIXMAP_BYTES_LIMIT / BYTES_PER_PIXEL;
+bool dvc_pnl_rmg_read_svg_file(const QString& path, const QSize& size, QByteArray& document) {
+    QByteArray bytes;
+    return read_file(path, SVG_BYTES_LIMIT, bytes) && (is_gzip(bytes) || !is_compressed_name(path)) &&
+           read_svg(bytes, path, size, document);
 }
 
-bool dvc_pnl_rmg_is_loadable_image_file(const QString& path) {
-    if (is_special_file(path)) {
+bool dvc_pnl_rmg_read_svg(const QByteArray& bytes, const QSize& size, QByteArray& document) {
+    return read_svg(bytes, QString(), size, document);
+}
+
+bool dvc_pnl_rmg_load_image_file(const QString& path, QPixmap& pixmap) {
+    const QFileInfo info(path);
+    if (!info.exists() && !info.completeSuffix().isEmpty()) {
         return false;
     }
-    QImageReader reader(path);
-    return is_loadable(reader, QFileInfo(path).absolutePath());
+    const picture_file file = find_picture_file(path);
+    if (file.path.isEmpty()) {
+        return false;
+    }
+    const QSize size = png_size(file.path);
+    if (size.isValid()) {
+        return is_allowed_size(size) && load_bitmap(file.path, pixmap);
+    }
+    QImageReader reader(file.path);
+    if (is_vector_format(reader)) {
+        QByteArray bytes;
+        return read_file(file.path, SVG_BYTES_LIMIT, bytes) && load_svg(bytes, file.path, pixmap);
+    }
+    return is_allowed_size(reader.size()) && load_bitmap(file.path, pixmap);
 }
 
-bool dvc_pnl_rmg_is_loadable_image(const QByteArray& bytes) {
+bool dvc_pnl_rmg_load_image(const QByteArray& bytes, QPixmap& pixmap) {
     QBuffer buffer;
     buffer.setData(bytes);
     buffer.open(QIODevice::ReadOnly);
     QImageReader reader(&buffer);
-    return is_loadable(reader, QString());
-}
-
-bool dvc_pnl_rmg_is_drawable_svg_file(const QString& path) {
-    QFile file(path);
-    return QFileInfo(path).isFile() && file.open(QIODevice::ReadOnly) &&
-           is_drawable(file, QFileInfo(path).absolutePath());
-}
-
-bool dvc_pnl_rmg_is_drawable_svg(const QByteArray& document) {
-    return is_drawable(document, QString());
+    if (is_vector_format(reader)) {
+        return load_svg(bytes, QString(), pixmap);
+    }
+    QPixmap loaded;
+    if (!is_allowed_size(reader.size()) || !loaded.loadFromData(bytes) || loaded.isNull()) {
+        return false;
+    }
+    pixmap = loaded;
+    return true;
 }
 
 } // namespace velarion

@@ -2,38 +2,38 @@
 #define DVC_PNL_RMG_IMAGE_INSPECTION_H
 
 #include <QByteArray>
+#include <QPixmap>
+#include <QSize>
 #include <QString>
 
-#include <cstdint>
-
 /**
- * What is looked at before the toolkit is given a picture, so that a damaged or hostile one costs neither
- * the process nor its memory. None of these draws or decodes anything; GUI thread only.
+ * Pictures as the toolkit reads them, looked at before, so that a damaged or hostile one costs neither the
+ * process nor its memory. GUI thread only.
  */
 namespace velarion {
 
-/** Most that one pixmap may take, at 4 bytes for a pixel: 4096 by 4096, for instance. */
-constexpr std::int64_t DVC_PNL_RMG_PIXMAP_BYTES_LIMIT = std::int64_t{64} * 1024 * 1024;
-
-/** @return whether a pixmap of this size, in device pixels, has pixels and keeps to the limit */
-bool dvc_pnl_rmg_is_allowed_size(int width, int height);
+/**
+ * Reads the document of an SVG file, inflated when it is compressed.
+ *
+ * @param size      that it will be drawn at, in device pixels; an empty one is its natural size
+ * @param document  receives bytes that may be drawn, with absolute references; undefined on failure
+ * @return false when it is no ordinary file, is too large or would exhaust whoever draws it; true also for
+ *         what is no SVG document
+ */
+[[nodiscard]] bool dvc_pnl_rmg_read_svg_file(const QString& path, const QSize& size, QByteArray& document);
+/** The same for bytes. */
+[[nodiscard]] bool dvc_pnl_rmg_read_svg(const QByteArray& bytes, const QSize& size, QByteArray& document);
 
 /**
- * @param path  completed by the toolkit with the extension of a known format when it has none
- * @return whether it is an ordinary file whose header tells a known format and an allowed size
+ * Loads a picture of any format, an SVG document at its natural size.
+ *
+ * @param path    completed by the toolkit with the extension of a known format when it has none
+ * @param pixmap  receives the picture; unchanged on failure
+ * @return whether there is one and it is of an allowed size
  */
-bool dvc_pnl_rmg_is_loadable_image_file(const QString& path);
-/** @return the same of a picture in memory */
-bool dvc_pnl_rmg_is_loadable_image(const QByteArray& bytes);
-
-/** @return whether it is an ordinary file, of at most 16 MiB, that dvc_pnl_rmg_is_drawable_svg() allows */
-bool dvc_pnl_rmg_is_drawable_svg_file(const QString& path);
-/**
- * @return false for what would exhaust the stack, the memory or the patience of whoever draws it: deep
- *         nesting, references in a circle or multiplying, entities that do, large bitmaps within,
- *         compression. True otherwise, also for what is no SVG document at all.
- */
-bool dvc_pnl_rmg_is_drawable_svg(const QByteArray& document);
+[[nodiscard]] bool dvc_pnl_rmg_load_image_file(const QString& path, QPixmap& pixmap);
+/** The same for an encoded picture in memory. */
+[[nodiscard]] bool dvc_pnl_rmg_load_image(const QByteArray& bytes, QPixmap& pixmap);
 
 } // namespace velarion
 

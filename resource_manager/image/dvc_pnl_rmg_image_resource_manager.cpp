@@ -3,7 +3,9 @@
 #include "dvc_pnl_common_utility.h"
 #include "dvc_pnl_rmg_data_file_access.h"
 #include "dvc_pnl_rmg_image_cache.h"
+#include "dvc_pnl_rmg_image_inspection.h"
 #include "dvc_pnl_utl_toolkit.h"
+#include "picture_size.h"
 #include "trace.h"
 
 #include <QStringList>
@@ -77,10 +79,6 @@ void add_with_darker_name(QStringList& candidates, const QString& name) {
     }
 }
 
-void trace_performance(const char* text) {
-    emwGENTrcPrintf(TRACE_MODULE, TRACE_GROUP, TRACE_PERFORMANCE, "%s", text);
-}
-
 } // namespace
 
 /** One image request: what is asked for and where the answer goes. */
@@ -131,14 +129,15 @@ dvc_pnl_rmg_image_resource_manager::~dvc_pnl_rmg_image_resource_manager() {
 }
 
 void dvc_pnl_rmg_image_resource_manager::dvc_pnl_rmg_initialize() {
-    trace_performance("[PERFORM]: Resource Manager Init. (START)");
+    emwGENTrcPrintf(TRACE_MODULE, TRACE_GROUP, TRACE_PERFORMANCE,
+                    "[PERFORM]: Resource Manager Init. (START)");
     for (int i = 0; i < dvc_pnl_rmg_imple_image_name_table_size; ++i) {
         const char* file_name = dvc_pnl_rmg_impl_image_name_table[i].file_name;
         if (std::strstr(file_name, PRELOADED_NAME) != nullptr) {
             preload(dvc_pnl_utl_from_8bit(file_name));
         }
     }
-    trace_performance("[PERFORM]: Resource Manager Init. (END)");
+    emwGENTrcPrintf(TRACE_MODULE, TRACE_GROUP, TRACE_PERFORMANCE, "[PERFORM]: Resource Manager Init. (END)");
 }
 
 void dvc_pnl_rmg_image_resource_manager::preload(const QString& file_name) {
@@ -147,7 +146,7 @@ void dvc_pnl_rmg_image_resource_manager::preload(const QString& file_name) {
         picture.reset(dvc_pnl_rmg_create_svg_image_data(file_name, 0, 0));
     } else {
         picture.reset(new QPixmap);
-        load_bitmap(resource_dir_ + file_name, *picture);
+        static_cast<void>(dvc_pnl_rmg_load_image_file(resource_dir_ + file_name, *picture));
     }
     if (!picture->isNull()) {
         QString key;
@@ -180,12 +179,8 @@ int dvc_pnl_rmg_image_resource_manager::get_external_image(REQUEST& request) {
     if (image == external_images_.end()) {
         return DVC_PNL_RMG_IMAGE_NOT_FOUND;
     }
-    QPixmap picture = image->second;
-    dvc_pnl_rmg_qpixmap_size_convert(picture, request.width, request.height);
-    if (picture.isNull()) {
-        return DVC_PNL_RMG_IMAGE_LOAD_FAILED;
-    }
-    request.pixmap = picture;
+    request.pixmap = image->second;
+    dvc_pnl_rmg_qpixmap_size_convert(request.pixmap, request.width, request.height);
     request.found_name = id;
     dvc_pnl_rmg_clear_external_image(id);
     return DVC_PNL_RMG_IMAGE_OK;
@@ -275,7 +270,9 @@ bool dvc_pnl_rmg_image_resource_manager::take_rendered(REQUEST& request, const Q
 bool dvc_pnl_rmg_image_resource_manager::take_loaded(REQUEST& request, const QString& directory,
                                                      const QString& name) {
     QPixmap picture;
-    if (!load_bitmap(directory + name, picture)) {
+    const QSize size(request.width, request.height);
+    const bool is_scalable = !is_requested_size(request.width, request.height) || is_allowed_size(size);
+    if (!is_scalable || !dvc_pnl_rmg_load_image_file(directory + name, picture)) {
         return false;
     }
     dvc_pnl_rmg_qpixmap_size_convert(picture, request.width, request.height);
@@ -310,7 +307,7 @@ int dvc_pnl_rmg_image_resource_manager::dvc_pnl_rmg_get_movie_filepath(const QSt
 QString dvc_pnl_rmg_image_resource_manager::get_image_name_with_state_suffix(QString name,
                                                                              const QString& suffix) {
     if (name.isEmpty()) {
-        return name;
+        return QString::fromLatin1("");
     }
     const int extension = name.lastIndexOf(QLatin1Char('.'));
     return name.insert(extension < 0 ? name.size() : extension, suffix);

@@ -249,8 +249,7 @@ private:
     bool take_loaded(REQUEST& request, const QString& directory, const QString& name);
     int fail(REQUEST& request, int result);
     static bool is_requested_size(int width, int height);
-    /** @param pixmap  unchanged on failure */
-    static bool load_bitmap(const QString& path, QPixmap& pixmap);
+    static QSize requested_size(int width, int height);
     QString error_movie_path() const;
     void preload(const QString& file_name);
 

@@ -53,7 +53,7 @@ int dvc_pnl_rmg_image_resource_manager::dvc_pnl_rmg_set_external_image(const std
     const QByteArray encoded =
         QByteArray::fromRawData(static_cast<const char*>(static_cast<void*>(bytes)), size);
     QPixmap picture;
-    if (!dvc_pnl_rmg_is_loadable_image(encoded) || !picture.loadFromData(encoded) || picture.isNull()) {
+    if (!dvc_pnl_rmg_load_image(encoded, picture)) {
         return DVC_PNL_RMG_RESULT_IMAGE_ERROR;
     }
     const bool is_added = external_images_.insert(std::make_pair(id, picture)).second;

@@ -4,14 +4,18 @@
 #include "dvc_pnl_rmg_image_inspection.h"
 #include "dvc_pnl_rmg_property.h"
 #include "dvc_pnl_utl_toolkit.h"
+#include "picture_size.h"
 
 #include <QColor>
 #include <QFont>
 #include <QMovie>
 #include <QPainter>
+#include <QRectF>
 #include <QSvgRenderer>
 
+#include <cmath>
 #include <cstdlib>
+#include <limits>
 #include <memory>
 
 namespace velarion {
@@ -22,19 +26,26 @@ const char ERROR_IMAGE_FILE[] = "ERROR_IMAGE.png";
 const char ERROR_MOVIE_FILE[] = "ERROR_MOVIE.gif";
 const int PLACEHOLDER_TEXT_LINES = 5;
 
+/** @return the size of the view box as an integer rectangle; an empty one when integers cannot hold it */
+QSize natural_size(const QSvgRenderer& renderer) {
+    const double most = std::numeric_limits<int>::max() / 2;
+    const QRectF box = renderer.viewBoxF();
+    for (const double value : {box.x(), box.y(), box.width(), box.height()}) {
+        if (!(std::fabs(value) < most)) {
+            return QSize();
+        }
+    }
+    return renderer.viewBox().size();
+}
+
 } // namespace
 
 bool dvc_pnl_rmg_image_resource_manager::is_requested_size(int width, int height) {
     return width > 0 && height > 0;
 }
 
-bool dvc_pnl_rmg_image_resource_manager::load_bitmap(const QString& path, QPixmap& pixmap) {
-    QPixmap loaded;
-    if (!dvc_pnl_rmg_is_loadable_image_file(path) || !loaded.load(path) || loaded.isNull()) {
-        return false;
-    }
-    pixmap = loaded;
-    return true;
+QSize dvc_pnl_rmg_image_resource_manager::requested_size(int width, int height) {
+    return is_requested_size(width, height) ? QSize(width, height) : QSize();
 }
 
 QPixmap* dvc_pnl_rmg_image_resource_manager::dvc_pnl_rmg_convert_svg_image_data(QSvgRenderer& renderer,
@@ -42,8 +53,8 @@ QPixmap* dvc_pnl_rmg_image_resource_manager::dvc_pnl_rmg_convert_svg_image_data(
     if (!renderer.isValid()) {
         return new QPixmap;
     }
-    const QSize size = is_requested_size(width, height) ? QSize(width, height) : renderer.viewBox().size();
-    if (!dvc_pnl_rmg_is_allowed_size(size.width(), size.height())) {
+    const QSize size = is_requested_size(width, height) ? QSize(width, height) : natural_size(renderer);
+    if (!is_allowed_size(size)) {
         return new QPixmap;
     }
     std::unique_ptr<QPixmap> picture(new QPixmap(size));
@@ -57,31 +68,29 @@ QPixmap* dvc_pnl_rmg_image_resource_manager::dvc_pnl_rmg_convert_svg_image_data(
 
 QPixmap* dvc_pnl_rmg_image_resource_manager::dvc_pnl_rmg_create_svg_image_data(QString name, int width,
                                                                                int height) {
-    const QString path = resource_dir_ + name;
+    QByteArray document;
     QSvgRenderer renderer;
-    if (dvc_pnl_rmg_is_drawable_svg_file(path)) {
-        renderer.load(path);
+    if (dvc_pnl_rmg_read_svg_file(resource_dir_ + name, requested_size(width, height), document)) {
+        renderer.load(document);
     }
     return dvc_pnl_rmg_convert_svg_image_data(renderer, width, height);
 }
 
 QPixmap* dvc_pnl_rmg_image_resource_manager::dvc_pnl_rmg_create_svg_image_data(QByteArray document, int width,
                                                                                int height) {
+    QByteArray drawable;
     QSvgRenderer renderer;
-    if (dvc_pnl_rmg_is_drawable_svg(document)) {
-        renderer.load(document);
+    if (dvc_pnl_rmg_read_svg(document, requested_size(width, height), drawable)) {
+        renderer.load(drawable);
     }
     return dvc_pnl_rmg_convert_svg_image_data(renderer, width, height);
 }
 
 void dvc_pnl_rmg_image_resource_manager::dvc_pnl_rmg_qpixmap_size_convert(QPixmap& pixmap, int width,
                                                                           int height) {
-    if (!is_requested_size(width, height)) {
-        return;
+    if (is_requested_size(width, height) && is_allowed_size(QSize(width, height))) {
+        pixmap = pixmap.scaled(width, height, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
     }
-    const bool is_allowed = dvc_pnl_rmg_is_allowed_size(width, height);
-    pixmap = is_allowed ? pixmap.scaled(width, height, Qt::IgnoreAspectRatio, Qt::SmoothTransformation)
-                        : QPixmap();
 }
 
 void dvc_pnl_rmg_image_resource_manager::get_error_image(QPixmap* pixmap) {
@@ -90,7 +99,8 @@ void dvc_pnl_rmg_image_resource_manager::get_error_image(QPixmap* pixmap) {
     }
     if (error_image_ == nullptr) {
         error_image_ = new QPixmap;
-        load_bitmap(resource_dir_ + QLatin1String(ERROR_IMAGE_FILE), *error_image_);
+        static_cast<void>(
+            dvc_pnl_rmg_load_image_file(resource_dir_ + QLatin1String(ERROR_IMAGE_FILE), *error_image_));
     }
     *pixmap = *error_image_;
     if (pixmap->isNull()) {

@@ -177,18 +177,33 @@ TEST_F(image_lookup, preloads_the_navigation_icons_between_two_marks) {
     const std::vector<FAKE_CALL> calls = platform_.calls_of("emwGENTrcPrintf");
     ASSERT_EQ(calls.size(), 2U);
     EXPECT_EQ(calls[0].numbers, (std::vector<std::int64_t>{21250, 258, 258}));
-    EXPECT_EQ(calls[0].text, "[PERFORM]: Resource Manager Init. (START)");
-    EXPECT_EQ(calls[1].text, "[PERFORM]: Resource Manager Init. (END)");
+    EXPECT_EQ(calls[0].format, "[PERFORM]: Resource Manager Init. (START)");
+    EXPECT_EQ(calls[1].format, "[PERFORM]: Resource Manager Init. (END)");
     fs::remove(IMAGES + QUICK_FILE);
     EXPECT_EQ(answer("2", "", 0, 48), std::string("0 ") + QUICK_FILE + " 12x6");
     EXPECT_EQ(answer("2", "", 48, 48), "4  3x3");
 }
 
+TEST_F(image_lookup, gives_texts_that_are_not_null) {
+    EXPECT_FALSE(manager_->get_image_name_with_state_suffix(QString(), QString::fromLatin1("_on")).isNull());
+}
+
+/** What stands beside a document is found from its folder, and the document is drawn as it was read. */
+TEST_F(image_lookup, draws_what_a_document_refers_to) {
+    fs::create_directories(IMAGES + "inner");
+    write_file(IMAGES + "inner/white.png", png_picture(2, 2));
+    const std::string image = "<image width=\"16\" height=\"16\" xlink:href=\"white.png\"/>";
+    for (const std::string& document : {svg_document(image), svg_document("<svg/>" + image)}) {
+        write_file(IMAGES + "inner/a.svg", document);
+        EXPECT_EQ(answer("inner/a.svg"), "0 inner/a.svg 16x16");
+        EXPECT_EQ(pixmap_.toImage().pixel(8, 8), 0xFFFFFFFFU);
+    }
+}
+
 TEST_F(image_lookup, serves_an_external_image_once_if_it_can) {
     EXPECT_EQ(register_image("ext:\xC3\xBC", png_picture(10, 10)), 0);
     EXPECT_EQ(register_image("ext:\xC3\xBC", png_picture(20, 20)), 0x53023006);
-    EXPECT_EQ(answer("ext:\xC3\xBC", "", 100000, 100000), "2  3x3");
-    EXPECT_EQ(answer("ext:\xC3\xBC"), "0 ext:\xC3\xBC 10x10");
+    EXPECT_EQ(answer("ext:\xC3\xBC", "", 100000, 100000), "0 ext:\xC3\xBC 10x10"); // as it is
     EXPECT_EQ(answer("ext:\xC3\xBC"), "5  3x3");
     EXPECT_EQ(register_image("5", svg_picture(20, 20)), 0);
     EXPECT_EQ(answer("5"), "4  3x3"); // no request can take it
