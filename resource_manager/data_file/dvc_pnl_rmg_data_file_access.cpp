@@ -5,8 +5,8 @@
 
 #include <algorithm>
 #include <cstdint>
+#include <exception>
 #include <limits>
-#include <memory>
 
 namespace velarion {
 
@@ -25,6 +25,16 @@ bool succeeds(int code, int& error) {
         error = code;
     }
     return code == 0;
+}
+
+/** @return whether there was memory for so many bytes */
+bool has_room(std::vector<unsigned char>& bytes, std::uint32_t size) {
+    try {
+        bytes.resize(std::max<std::uint32_t>(size, 1)); // the store gets an address also of nothing
+    } catch (const std::exception&) {
+        return false;
+    }
+    return true;
 }
 
 /** An open file, closed at the latest with its lifetime. */
@@ -110,12 +120,14 @@ int dvc_pnl_rmg_data_file_access::read(const char* name, std::vector<unsigned ch
         !succeeds(file.open(area_, group_, name, MODE_READ), error)) {
         return DVC_PNL_RMG_RESULT_IO_ERROR;
     }
-    const std::unique_ptr<unsigned char[]> buffer(new unsigned char[status.size]);
+    std::vector<unsigned char> bytes;
     std::uint32_t count = 0;
-    if (!succeeds(dvu_dio_fread(buffer.get(), status.size, file.handle(), &count), error)) {
+    if (!has_room(bytes, status.size) ||
+        !succeeds(dvu_dio_fread(bytes.data(), status.size, file.handle(), &count), error)) {
         return DVC_PNL_RMG_RESULT_IO_ERROR;
     }
-    data.assign(buffer.get(), buffer.get() + std::min(count, status.size));
+    bytes.resize(std::min(count, status.size));
+    data.swap(bytes);
     return succeeds(file.close(), error) ? DVC_PNL_RMG_RESULT_OK : DVC_PNL_RMG_RESULT_IO_ERROR;
 }
 

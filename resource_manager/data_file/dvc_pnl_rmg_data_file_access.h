@@ -39,11 +39,12 @@ public:
     int write(const char* name, const unsigned char* bytes, unsigned long count, int& error) const;
 
     /**
-     * Reads a whole file.
+     * Reads a whole file; its bytes are held once.
      *
      * @param data  receives exactly the bytes that arrived; unchanged on failure, except that it holds
      *              them when only the close failed
-     * @return ..._OK, ..._INVALID_ARGUMENT, ..._NOT_FOUND or ..._IO_ERROR
+     * @return ..._OK, ..._INVALID_ARGUMENT, ..._NOT_FOUND or ..._IO_ERROR, the last with error 0 when there
+     *         is not enough memory
      */
     int read(const char* name, std::vector<unsigned char>& data, int& error) const;
 

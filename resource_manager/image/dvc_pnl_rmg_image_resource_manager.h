@@ -41,9 +41,10 @@ constexpr int DVC_PNL_RMG_IMAGE_NOT_FOUND = 5;
  * The row of the last number looked up, the current image element, is kept: a request for the same number
  * takes it as it is, also when the look-up that set it told that there is no picture.
  *
- * Nothing draws, loads or scales a pixmap of more than 64 MiB (4 bytes for a pixel): such a picture or
- * request fails like one that cannot be read. The same goes for SVG documents that nest or refer without
- * measure, and for anything that is no ordinary file.
+ * Nothing draws, loads or scales a pixmap whose width, height and 32 bits of a pixel come to 2^31 or more:
+ * such a file or document is like one that cannot be read, and such a size is not scaled to. The same goes
+ * for SVG documents that would exhaust whoever draws them (docs/pictures.md tells which), and for anything
+ * that is no ordinary file. All else is drawn as the toolkit draws it; compressed SVG documents are inflated.
  *
  * A single instance for the process, without locks: GUI thread only. Nothing is traced but the preload.
  */
@@ -85,7 +86,7 @@ public:
      * @param found_name  receives the name the picture was found under, UTF-8; empty on failure
      * @param width,height  device pixels; natural size unless both are positive
      * @return DVC_PNL_RMG_IMAGE_OK, or the reason why there is no picture; an external image that cannot
-     *         take the requested size stays registered and gives DVC_PNL_RMG_IMAGE_LOAD_FAILED
+     *         take the requested size is delivered as it is
      */
     int dvc_pnl_rmg_get_image(const QString& id, QPixmap* pixmap, const QString& suffix,
                               std::string& found_name, int width, int height);
@@ -101,7 +102,7 @@ public:
      */
     int dvc_pnl_rmg_get_movie_filepath(const QString& id, QString& path);
 
-    /** @return the name with the suffix before its last '.', or behind it when there is none */
+    /** @return the name with the suffix before its last '.', or behind it when there is none; never null */
     QString get_image_name_with_state_suffix(QString name, const QString& suffix);
 
     /** Orders two DVC_PNL_RMG_IMPL_IMAGE_NAME records by identifier: -1, 0 or 1. */
@@ -148,18 +149,18 @@ public:
      */
     QPixmap* dvc_pnl_rmg_convert_svg_image_data(QSvgRenderer& renderer, int width, int height);
     /**
-     * The same for a file of the image directory; a null pixmap also for what is no ordinary file, has more
-     * than 16 MiB, is compressed or nests or refers without measure.
+     * The same for a file of the image directory, compressed or not; a null pixmap also for what is no
+     * ordinary file, has more than 16 MiB, inflated or not, or goes beyond another limit. The file is read
+     * once; bitmaps that it refers to are found from its folder.
      */
     QPixmap* dvc_pnl_rmg_create_svg_image_data(QString name, int width, int height);
-    /** The same for the bytes of a document, of any number. */
+    /** The same for the bytes of a document. */
     QPixmap* dvc_pnl_rmg_create_svg_image_data(QByteArray document, int width, int height);
 
     /**
      * Scales a pixmap in place, smoothly and without regard to its aspect ratio.
      *
-     * @param width,height  device pixels; no effect unless both are positive; a size above the limit
-     *                      leaves a null pixmap
+     * @param width,height  device pixels; no effect unless both are positive and the size is below the limit
      */
     void dvc_pnl_rmg_qpixmap_size_convert(QPixmap& pixmap, int width, int height);
 
@@ -217,7 +218,7 @@ public:
     /**
      * @param data  receives exactly the bytes that arrived; unchanged on failure, except that it holds
      *              them when only closing the file failed
-     * @return as dvc_pnl_rmg_remove_data_file()
+     * @return as dvc_pnl_rmg_remove_data_file(); ..._IO_ERROR with error 0 when there is not enough memory
      */
     int dvc_pnl_rmg_get_image_data(const char* name, std::vector<unsigned char>& data, int& error);
 

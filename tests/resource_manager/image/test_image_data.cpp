@@ -1,7 +1,10 @@
 #include "dvc_pnl_rmg_property.h"
 #include "image_device.h"
 
+#include <cstdint>
+#include <cstdlib>
 #include <functional>
+#include <new>
 #include <vector>
 
 namespace {
@@ -37,7 +40,25 @@ protected:
     std::vector<unsigned char> data_{9, 9, 9};
 };
 
+std::size_t large_size = SIZE_MAX; ///< from which on a block is large
+int large_blocks = 0;
+int large_blocks_limit = 0;
+
 } // namespace
+
+void* operator new(std::size_t size) {
+    if (size >= large_size && ++large_blocks > large_blocks_limit) {
+        throw std::bad_alloc();
+    }
+    void* block = std::malloc(size);
+    return block ? block : throw std::bad_alloc();
+}
+void operator delete(void* block) noexcept {
+    std::free(block);
+}
+void operator delete(void* block, std::size_t) noexcept {
+    std::free(block);
+}
 
 TEST_F(image_data, goes_through_the_store_under_the_name_given) {
     EXPECT_EQ(run("exists"), text_of(0, FAKE_FAILURE));
@@ -116,4 +137,20 @@ TEST_F(image_data, holds_exactly_the_bytes_that_arrived) {
         EXPECT_EQ(run("get"), "0 0");
         EXPECT_EQ(std::string(data_.begin(), data_.end()), row.data);
     }
+}
+
+TEST_F(image_data, takes_memory_for_a_file_once_and_says_when_there_is_none) {
+    const std::uint32_t size = 1 << 20;
+    platform_.set_file(4, 33, NAME, "12345");
+    platform_.set_stat_size(size);
+    large_size = size;
+    large_blocks = 0;
+    large_blocks_limit = 1;
+    EXPECT_EQ(run("get"), "0 0");
+    EXPECT_EQ(data_.size(), 5U);
+    EXPECT_EQ(large_blocks, 1);
+    large_blocks_limit = 0;
+    EXPECT_NO_THROW(EXPECT_EQ(run("get"), text_of(DVC_PNL_RMG_RESULT_IO_ERROR, 0)));
+    large_size = SIZE_MAX;
+    EXPECT_EQ(data_.size(), 5U);
 }
