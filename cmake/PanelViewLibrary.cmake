@@ -42,8 +42,8 @@ file(GLOB public_headers
     resource_manager/image/*.h
     resource_manager/language/*.h
     platform/*.h)
-list(FILTER public_headers EXCLUDE REGEX "(utl_toolkit|utl_xml_guarded_source|rmg_image_inspection|rmg_file_guard|rmg_font_link)\.h$")
-list(FILTER public_headers EXCLUDE REGEX "/image/[^d][^/]*\.h$")
+list(FILTER public_headers EXCLUDE REGEX "(utl_toolkit|utl_xml_guarded_source|rmg_image_inspection|rmg_file_guard|rmg_font_link)\\.h$")
+list(FILTER public_headers EXCLUDE REGEX "/image/[^d][^/]*\\.h$")
 install(FILES ${public_headers} DESTINATION ${header_folder} COMPONENT development)
 
 if(PANEL_VIEW_QT EQUAL 5)

@@ -211,11 +211,10 @@ bool svg_survey::start_element(const QXmlStreamReader& reader) {
 
 void svg_survey::add_element(KIND kind, const QString& name, const QXmlStreamAttributes& attributes) {
     int parent = NONE;
-    for (auto open = open_.rbegin(); open != open_.rend() && parent == NONE; ++open) {
-        const bool holds_parts =
-            *open != NONE && (elements_[static_cast<std::size_t>(*open)].kind == STRUCTURE ||
-                              elements_[static_cast<std::size_t>(*open)].kind == DEFINITIONS);
-        parent = holds_parts ? *open : NONE;
+    for (std::size_t level = open_.size(); level > 0 && parent == NONE; --level) {
+        const int open = open_[level - 1];
+        const KIND above = open == NONE ? OTHER : elements_[static_cast<std::size_t>(open)].kind;
+        parent = above == STRUCTURE || above == DEFINITIONS ? open : NONE;
     }
     const int index = static_cast<int>(elements_.size());
     ELEMENT element = {};
