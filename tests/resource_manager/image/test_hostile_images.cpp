@@ -115,6 +115,10 @@ TEST_F(hostile_images, are_refused_with_the_result_of_their_kind_and_others_are_
     const std::string file = "<image width=\"9\" height=\"9\" xlink:href=\"";
     const std::string drawn_by_content = qVersion()[0] == '4' ? "2  3x3" : "0 r.png 16x16";
     write_file(IMAGES + "inner.svg", drawing);
+    std::string many_attributes;
+    for (int i = 0; i < 5000; ++i) {
+        many_attributes += " a" + std::to_string(i) + "=\"\"";
+    }
     ASSERT_EQ(mkfifo((IMAGES + "pipe.png").c_str(), 0600), 0);
     const struct {
         const char* shows;
@@ -156,10 +160,8 @@ TEST_F(hostile_images, are_refused_with_the_result_of_their_kind_and_others_are_
         {"an entity of a file", "i.svg", "<!DOCTYPE svg [<!ENTITY a SYSTEM \"a\">]>" + drawing, "4  3x3"},
         {"a device within", "i.svg", svg_document(file + "/dev/zero\"/>"), "4  3x3"},
         {"a pipe by a name to complete", "i.svg", svg_document(file + "pipe\"/>"), "4  3x3"},
-        {"too many attributes", "i.svg", replaced(drawing, "<rect", "<rect" + repeated(" a=\"\"", 5000)),
-         "4  3x3"},
-        {"compressed without end", "a.svgz", compressed("<svg>" + std::string(17 << 20, ' ')), "2  3x3"},
-        {"compressed and cut", "a.svgz", compressed(drawing).substr(0, 60), "2  3x3"},
+        {"too many attributes", "i.svg", replaced(drawing, "<rect", "<rect" + many_attributes), "4  3x3"},
+        {"compressed without end", "a.svgz", compressed(drawing + std::string(17 << 20, ' ')), "2  3x3"},
         {"an arc without end", "e.svg", dashed(arc), "4  3x3"},
         {"in a style", "e.svg",
          svg_document('<' + arc + " stroke=\"red\" style=\"stroke-\\64 asharray:3 1.5\"/>"), "4  3x3"},
@@ -175,7 +177,6 @@ TEST_F(hostile_images, are_refused_with_the_result_of_their_kind_and_others_are_
          "4  3x3"},
         {"a shape with tiny dashes", "e.svg", dashed("circle r=\"8\"", "1e-4"), "4  3x3"},
         {"dashes enough", "q.svg", dashed("path d=\"M0 0H99999Q9 9 9 0A5 5 0 0 1 9 9Z\""), "0 q.svg 16x16"},
-        {"no dashes", "q.svg", replaced(dashed(arc), "3 1.5", "none"), "0 q.svg 16x16"},
         {"an arc that nothing draws", "q.svg",
          svg_document("<defs><" + arc + " stroke=\"red\" stroke-dasharray=\"3\"/></defs>"), "0 q.svg 16x16"},
         {"a circle that nothing draws", "q.svg", svg_document("<defs>" + circle + own_gradient + "</defs>"),
