@@ -135,7 +135,7 @@ private:
     static constexpr std::size_t MOST_BITS = 15;
 
     void sort(const CODE_LENGTHS& lengths) {
-        std::array<std::size_t, MOST_BITS + 2> offsets = {};
+        std::vector<std::size_t> offsets(MOST_BITS + 2);
         for (std::size_t length = 1; length <= MOST_BITS; ++length) {
             offsets[length + 1] = offsets[length] + counts_[length];
         }

@@ -102,18 +102,16 @@ void svg_markup::skip_blanks() {
     }
 }
 
+/** Counts a reference by its name; a mark that begins none is an error. */
 void svg_markup::scan_reference() {
-    const int longest_name = 1024;
+    const QString ends = QString::fromLatin1(";&<>\"'");
     const int begin = ++at_;
-    while (at_ < text_.size() && text_.at(at_) != QLatin1Char(';') && at_ - begin < longest_name) {
+    while (at_ < text_.size() && !ends.contains(text_.at(at_)) && !text_.at(at_).isSpace()) {
         ++at_;
     }
-    const QString name = text_.mid(begin, at_ - begin);
-    if (name.startsWith(QLatin1Char('#'))) {
-        return;
+    if (is_at(";") && text_.at(begin) != QLatin1Char('#')) {
+        ++references_[text_.mid(begin, at_ - begin)];
     }
-    at_ = begin; // where it is none, a quotation mark may follow at once
-    ++references_[name];
 }
 
 /** A tag of any kind, up to its end. */

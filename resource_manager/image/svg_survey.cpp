@@ -29,6 +29,7 @@ namespace {
 
 constexpr int NONE = -1;
 constexpr int LEVELS_LIMIT = SVG_DEPTH_LIMIT + 2; // with the document's own and the innermost element
+constexpr int LEVELS_OF_DOCUMENT = 100;           // a document within another takes more of the stack
 
 /** What documents within each other use up together. */
 struct BUDGET {
@@ -444,7 +445,7 @@ bool svg_survey::add_picture_of(QImageReader& reader, const QString& path) {
         }
         if (!is_surely_harmless(bytes)) {
             const int depth = budget_.depth;
-            budget_.depth += static_cast<int>(open_.size());
+            budget_.depth += static_cast<int>(open_.size()) + LEVELS_OF_DOCUMENT;
             budget_.open_files += file.isEmpty() ? QStringList() : QStringList(file);
             const bool is_fine = svg_survey(path, budget_).examine(bytes, QSize());
             budget_.depth = depth;
