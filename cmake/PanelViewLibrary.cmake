@@ -77,7 +77,8 @@ panel_view_install_pc(panel_view_support)
 
 if(TARGET panel_platform)
     set(platform_headers
-        file_descriptor.h ipc_header.h message_delivery.h platform_codes.h settings_database.h)
+        file_descriptor.h messages/ipc_header.h messages/message_delivery.h platform_codes.h
+        settings/settings_database.h)
     set(platform_header_folder ${CMAKE_INSTALL_INCLUDEDIR}/panel_platform)
     target_include_directories(panel_platform
         INTERFACE $<INSTALL_INTERFACE:${header_folder}> $<INSTALL_INTERFACE:${platform_header_folder}>)
