@@ -10,7 +10,7 @@ foreach(subsystem IN LISTS subsystems)
     target_sources(panel_view_support PRIVATE $<TARGET_OBJECTS:${subsystem}>)
 endforeach()
 target_include_directories(panel_view_support PUBLIC
-    $<BUILD_INTERFACE:${PROJECT_SOURCE_DIR}/dvc/dvc_pnl/cmn_src>
+    $<BUILD_INTERFACE:${PROJECT_SOURCE_DIR}/dvc/dvc_pnl/cmn_src/common>
     $<BUILD_INTERFACE:${PROJECT_SOURCE_DIR}/dvc/dvc_pnl/cmn_src/device_controller>
     $<BUILD_INTERFACE:${PROJECT_SOURCE_DIR}/dvc/dvc_pnl/cmn_src/view_layout>
     $<BUILD_INTERFACE:${PROJECT_SOURCE_DIR}/resource_manager>
@@ -35,7 +35,7 @@ set(header_folder ${CMAKE_INSTALL_INCLUDEDIR}/panel_view_support)
 install(TARGETS panel_view_support panel_platform_headers EXPORT panel_view_support_targets
     LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR} COMPONENT library NAMELINK_COMPONENT development)
 file(GLOB public_headers
-    dvc/dvc_pnl/cmn_src/dvc_pnl_export.h
+    dvc/dvc_pnl/cmn_src/common/*.h
     dvc/dvc_pnl/cmn_src/device_controller/*.h
     dvc/dvc_pnl/cmn_src/view_layout/*.h
     resource_manager/*.h
