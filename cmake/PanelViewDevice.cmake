@@ -24,7 +24,6 @@ function(panel_view_add_option_pack folder)
     add_library(option_pack_${id} MODULE "${output}/option_pack.cpp")
     set_target_properties(option_pack_${id} PROPERTIES
         PREFIX "" OUTPUT_NAME libOptLang LIBRARY_OUTPUT_DIRECTORY "${pack_directory}/panel/liboptlang")
-    target_compile_options(option_pack_${id} PRIVATE -fno-sanitize=all)
-    set_target_properties(option_pack_${id} PROPERTIES LINK_OPTIONS "")
+    target_link_libraries(option_pack_${id} PRIVATE panel_view_warnings)
     set(PANEL_VIEW_OPTION_PACK_TARGET option_pack_${id} PARENT_SCOPE)
 endfunction()

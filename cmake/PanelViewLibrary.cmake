@@ -1,23 +1,12 @@
-# libpanel_view_support.so, put together from the subsystems. Its platform symbols stay undefined: the
-# host process brings the platform.
+# libpanel_view_support.so, whose objects and headers the subsystems have added, and how both libraries are installed.
+# Its platform symbols stay undefined: the host process brings the platform.
 include(CheckLinkerFlag)
 include(CMakePackageConfigHelpers)
 
-add_library(panel_view_support SHARED)
-set(subsystems panel_view_device_controller panel_view_data_file panel_view_image panel_view_layout
-    panel_view_language panel_view_tables)
-foreach(subsystem IN LISTS subsystems)
-    target_sources(panel_view_support PRIVATE $<TARGET_OBJECTS:${subsystem}>)
-endforeach()
 target_include_directories(panel_view_support PUBLIC
-    $<BUILD_INTERFACE:${PROJECT_SOURCE_DIR}/dvc/dvc_pnl/cmn_src/common>
-    $<BUILD_INTERFACE:${PROJECT_SOURCE_DIR}/dvc/dvc_pnl/cmn_src/device_controller>
-    $<BUILD_INTERFACE:${PROJECT_SOURCE_DIR}/dvc/dvc_pnl/cmn_src/view_layout>
-    $<BUILD_INTERFACE:${PROJECT_SOURCE_DIR}/resource_manager>
-    $<BUILD_INTERFACE:${PROJECT_SOURCE_DIR}/resource_manager/image>
-    $<BUILD_INTERFACE:${PROJECT_SOURCE_DIR}/resource_manager/language>
     $<INSTALL_INTERFACE:${CMAKE_INSTALL_INCLUDEDIR}/panel_view_support>)
-target_link_libraries(panel_view_support PUBLIC panel_platform_headers ${PANEL_VIEW_QT_TARGETS})
+target_link_libraries(panel_view_support
+    PUBLIC panel_platform_headers ${PANEL_VIEW_QT_TARGETS} PRIVATE $<BUILD_INTERFACE:panel_view_options>)
 # A host compiled with -fPIE alone would get copies of the exported tables, 1.4 MB of them at each start.
 target_compile_options(panel_view_support INTERFACE -fPIC)
 target_compile_features(panel_view_support PUBLIC cxx_std_17)
@@ -33,18 +22,8 @@ endif()
 # Components: "library" and "platform" are what runs, "tools" the programs, "development" all else.
 set(header_folder ${CMAKE_INSTALL_INCLUDEDIR}/panel_view_support)
 install(TARGETS panel_view_support panel_platform_headers EXPORT panel_view_support_targets
-    LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR} COMPONENT library NAMELINK_COMPONENT development)
-file(GLOB public_headers
-    dvc/dvc_pnl/cmn_src/common/*.h
-    dvc/dvc_pnl/cmn_src/device_controller/*.h
-    dvc/dvc_pnl/cmn_src/view_layout/*.h
-    resource_manager/*.h
-    resource_manager/image/*.h
-    resource_manager/language/*.h
-    platform/*.h)
-list(FILTER public_headers EXCLUDE REGEX "(utl_toolkit|utl_xml_guarded_source|rmg_image_inspection|rmg_file_guard|rmg_font_link)\\.h$")
-list(FILTER public_headers EXCLUDE REGEX "/image/[^d][^/]*\\.h$")
-install(FILES ${public_headers} DESTINATION ${header_folder} COMPONENT development)
+    LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR} COMPONENT library NAMELINK_COMPONENT development
+    FILE_SET HEADERS DESTINATION ${header_folder} COMPONENT development)
 
 if(PANEL_VIEW_QT EQUAL 5)
     set(PANEL_VIEW_QT_MINIMUM 5.15)
@@ -76,16 +55,13 @@ endfunction()
 panel_view_install_pc(panel_view_support)
 
 if(TARGET panel_platform)
-    set(platform_headers
-        file_descriptor.h messages/ipc_header.h messages/message_delivery.h platform_codes.h
-        settings/settings_database.h)
     set(platform_header_folder ${CMAKE_INSTALL_INCLUDEDIR}/panel_platform)
     target_include_directories(panel_platform
         INTERFACE $<INSTALL_INTERFACE:${header_folder}> $<INSTALL_INTERFACE:${platform_header_folder}>)
     install(TARGETS panel_platform EXPORT panel_platform_targets
-        LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR} COMPONENT platform NAMELINK_COMPONENT development)
-    list(TRANSFORM platform_headers PREPEND platform/workstation/)
-    install(FILES ${platform_headers} DESTINATION ${platform_header_folder} COMPONENT development)
+        LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR} COMPONENT platform NAMELINK_COMPONENT development
+        FILE_SET HEADERS DESTINATION ${platform_header_folder} COMPONENT development
+        FILE_SET service_headers DESTINATION ${platform_header_folder} COMPONENT development)
     install(EXPORT panel_platform_targets NAMESPACE panel_view_support:: DESTINATION ${package_folder}
         COMPONENT development)
     panel_view_install_pc(panel_platform)

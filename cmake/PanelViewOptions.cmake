@@ -1,4 +1,4 @@
-# Compiler settings of every target of the project, and what the build can be told.
+# What the build can be told, and the compiler settings of the project's targets.
 
 if(NOT CMAKE_BUILD_TYPE AND NOT CMAKE_CONFIGURATION_TYPES)
     set(CMAKE_BUILD_TYPE RelWithDebInfo CACHE STRING "" FORCE)
@@ -20,16 +20,18 @@ set(CMAKE_EXPORT_COMPILE_COMMANDS ON)
 set(CMAKE_LIBRARY_OUTPUT_DIRECTORY "${PROJECT_BINARY_DIR}/lib")
 set(CMAKE_RUNTIME_OUTPUT_DIRECTORY "${PROJECT_BINARY_DIR}/bin")
 
-add_compile_definitions(_FILE_OFFSET_BITS=64 QT_NO_KEYWORDS)
-add_compile_options(-Wall -Wextra -Wpedantic -Wshadow -Wconversion -Wsign-conversion -Wold-style-cast
-    -Wnon-virtual-dtor -Woverloaded-virtual -Wformat=2 -Wcast-qual)
-if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
-    add_compile_options(-Wduplicated-cond -Wlogical-op)
-endif()
-if(PANEL_VIEW_WERROR)
-    add_compile_options(-Werror)
-endif()
+# panel_view_warnings: definitions and warnings, for what no sanitizer is to watch.
+# panel_view_options: these and the sanitizers, for everything else. Each target links one of them privately.
+add_library(panel_view_warnings INTERFACE)
+target_compile_definitions(panel_view_warnings INTERFACE _FILE_OFFSET_BITS=64 QT_NO_KEYWORDS)
+target_compile_options(panel_view_warnings INTERFACE -Wall -Wextra -Wpedantic -Wshadow -Wconversion
+    -Wsign-conversion -Wold-style-cast -Wnon-virtual-dtor -Woverloaded-virtual -Wformat=2 -Wcast-qual
+    $<$<CXX_COMPILER_ID:GNU>:-Wduplicated-cond> $<$<CXX_COMPILER_ID:GNU>:-Wlogical-op>
+    $<$<BOOL:${PANEL_VIEW_WERROR}>:-Werror>)
+add_library(panel_view_options INTERFACE)
+target_link_libraries(panel_view_options INTERFACE panel_view_warnings)
 if(PANEL_VIEW_SANITIZE)
-    add_compile_options(-fsanitize=${PANEL_VIEW_SANITIZE} -fno-sanitize-recover=all -fno-omit-frame-pointer)
-    add_link_options(-fsanitize=${PANEL_VIEW_SANITIZE})
+    target_compile_options(panel_view_options INTERFACE
+        -fsanitize=${PANEL_VIEW_SANITIZE} -fno-sanitize-recover=all -fno-omit-frame-pointer)
+    target_link_options(panel_view_options INTERFACE -fsanitize=${PANEL_VIEW_SANITIZE})
 endif()
