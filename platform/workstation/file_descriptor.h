@@ -5,7 +5,7 @@
 
 namespace panel_platform {
 
-/** Owns an open file descriptor; a negative one is none. */
+/** Owns an open file descriptor; a negative one is none. One thread at a time. */
 class file_descriptor {
 public:
     explicit file_descriptor(int descriptor = -1)

@@ -32,7 +32,7 @@ enum PLATFORM_CODE : int {
     PLATFORM_ALREADY_SERVED = 24,  ///< another process serves the name
 };
 
-/** @return the code that stands for @p error, a non-zero value of errno */
+/** Any thread. @return the code that stands for @p error, a non-zero value of errno */
 PLATFORM_CODE platform_code_of_errno(int error);
 
 } // namespace panel_platform

@@ -3,7 +3,7 @@
 
 namespace velarion {
 
-/** Language ids with a meaning of their own. */
+/** Language ids with a meaning of their own. What this header holds is constant: for any thread. */
 struct DVC_PNL_RMG_PROPERTY {
     /** No language: an empty option language slot, or no preferred language. */
     static constexpr int LANGUAGE_ID_UNSET = 0;

@@ -5,7 +5,10 @@
 
 namespace velarion {
 
-/** Entry point for linking fonts again at run time. It has no effect: fonts are linked at start-up alone. */
+/**
+ * Entry point for linking fonts again at run time. It has no effect: fonts are linked at start-up alone. The
+ * language resource owns the one instance; without state, so any thread may call it.
+ */
 class DVC_PNL_EXPORT dvc_pnl_rmg_language_setting_manager {
 public:
     dvc_pnl_rmg_language_setting_manager();

@@ -5,6 +5,11 @@
 
 namespace velarion {
 
+/**
+ * The device settings of the language resource, constants for any thread. The slots of option languages are
+ * dvc_pnl_rmg_option_language_attribute_manager::OPTION_LANGUAGE_MEMBER.
+ */
+
 /** Group of all device settings that the library reads. */
 constexpr std::uint32_t SETTING_GROUP = 0x04050300;
 

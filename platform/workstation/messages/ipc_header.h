@@ -9,6 +9,11 @@
 
 namespace panel_platform {
 
+/**
+ * The header that the workstation's message layer puts before every message. Functions keep nothing: any
+ * thread.
+ */
+
 /** What a message is to the message layer. */
 enum IPC_KIND : std::uint32_t {
     IPC_REQUEST = 1,      ///< host to service; one reply follows

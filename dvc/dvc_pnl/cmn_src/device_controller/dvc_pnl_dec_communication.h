@@ -14,7 +14,8 @@ namespace velarion {
  *
  * A message is a header and the parameter records behind it, all in the processor's byte order. The
  * records begin inside the header, at its last four bytes, and follow one another without gaps; a
- * request nevertheless counts the header in full, so that its last four bytes carry nothing.
+ * request nevertheless counts the header in full, so that its last four bytes carry nothing. The functions
+ * below work on the caller's bytes alone: any thread.
  */
 
 /** Name under which the message layer finds the panel device service. */

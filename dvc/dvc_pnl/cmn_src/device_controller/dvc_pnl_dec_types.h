@@ -10,6 +10,7 @@ namespace velarion {
  *
  * Each takes any 32-bit value: the facade forwards those of the LEDs unchanged and ignores the others.
  * What an LED value means is the panel device service's to say; the names below are those it knows.
+ * Plain values: for any thread.
  */
 
 /** An LED of the operation panel. */

@@ -7,7 +7,11 @@ namespace velarion {
 
 class dvc_pnl_rmg_xml_parameter;
 
-/** Document handler of image documents: hands each element end to a collector and never stops a parse. */
+/**
+ * Document handler of image documents: hands each element end to a collector and never stops a parse.
+ *
+ * Serves one parse at a time, on the thread that parses.
+ */
 class DVC_PNL_EXPORT dvc_pnl_rmg_image_resource_xml_handler : public dvc_pnl_utl_xml_handler_base {
 public:
     /** @param parameter  the collector; borrowed; must outlive this object */

@@ -5,7 +5,7 @@
 
 namespace velarion {
 
-/** Element names of the resource documents; upper and lower case count. */
+/** Element names of the resource documents; upper and lower case count. Constant: for any thread. */
 struct DVC_PNL_RMG_XML_ELEMENT {
     static constexpr std::string_view MESSAGE_DATA = "message_data";               ///< one message entry
     static constexpr std::string_view IMPLEMENTATION_ID = "implementation_id";     ///< its key

@@ -10,7 +10,7 @@ namespace velarion {
 
 /**
  * Document handler that knows attributes. The library has no reader that calls it: its user does. Names,
- * attributes and texts are UTF-8.
+ * attributes and texts are UTF-8. Called on whatever thread its user parses on.
  */
 class DVC_PNL_EXPORT dvc_pnl_rmg_xml_handler_base {
 public:

@@ -13,7 +13,8 @@ namespace velarion {
  *
  * Any number of documents may be collected in turn: the maps grow, and the first value of a key stays.
  * An entry that lacks its key or its value takes the one that the entry before left, at first the empty
- * text and 0. Serves one parse at a time.
+ * text and 0. Serves one parse at a time, and
+ * takes no locks.
  */
 class DVC_PNL_EXPORT dvc_pnl_rmg_xml_parameter {
 public:

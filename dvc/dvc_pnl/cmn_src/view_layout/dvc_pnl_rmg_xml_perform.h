@@ -11,6 +11,8 @@ namespace velarion {
  *
  * Every element end stores its text under the key of the last named "string" element, at first under
  * the empty key; the end of an element that encloses the last string is therefore dropped.
+ *
+ * Takes no locks: one thread at a time.
  */
 class DVC_PNL_EXPORT dvc_pnl_rmg_xml_perform : public dvc_pnl_rmg_xml_handler_base {
 public:

@@ -16,7 +16,7 @@ class dvc_pnl_utl_xml_parameter_handler;
 #pragma GCC diagnostic push
 #pragma GCC diagnostic ignored "-Wdeprecated-declarations" // as for the event handler
 
-/** Runs the toolkit's SAX reader on a file. */
+/** Runs the toolkit's SAX reader on a file, on the calling thread; the reader must be no other thread's. */
 class DVC_PNL_EXPORT dvc_pnl_utl_xml_sax_reader {
 public:
     /** Elements nested deeper stop the parse. */
