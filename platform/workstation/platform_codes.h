@@ -4,7 +4,7 @@
 namespace panel_platform {
 
 /** Results of the workstation's platform services. The numbers are fixed: callers store and print them. */
-enum PLATFORM_CODE : int {
+enum [[nodiscard]] PLATFORM_CODE : int{
     PLATFORM_OK = 0,
     PLATFORM_INVALID_ARGUMENT = 1, ///< such as a null pointer, an empty name, an unknown mode or width
     PLATFORM_NOT_FOUND = 2,        ///< no such file or language attribute
@@ -30,6 +30,7 @@ enum PLATFORM_CODE : int {
     PLATFORM_BAD_MESSAGE = 22,     ///< bytes that are no message of the message layer, or none to be expected
     PLATFORM_WOULD_BLOCK = 23,     ///< nothing to receive yet, or no room to send
     PLATFORM_ALREADY_SERVED = 24,  ///< another process serves the name
+    PLATFORM_NOT_DURABLE = 25,     ///< done and seen by all, but a loss of power may undo it
 };
 
 /** Any thread. @return the code that stands for @p error, a non-zero value of errno */

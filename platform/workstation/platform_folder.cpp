@@ -1,9 +1,10 @@
 #include "platform_folder.h"
 
-#include "platform_codes.h"
+#include "file_descriptor.h"
 
 #include <cerrno>
 #include <cstdlib>
+#include <fcntl.h>
 #include <sys/stat.h>
 
 namespace panel_platform {
@@ -17,17 +18,28 @@ std::string environment(const char* name) {
     return value ? value : "";
 }
 
-bool make_folder(const std::string& path) {
+/** A parent that cannot be read leaves it to the system when the new folder reaches the storage device. */
+PLATFORM_CODE sync_parent(const std::string& path) {
+    const std::string::size_type slash = path.rfind('/');
+    const std::string parent = slash == std::string::npos ? "." : path.substr(0, slash + 1);
+    const file_descriptor folder(::open(parent.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
+    return folder.get() >= 0 ? sync_folder(folder.get()) : PLATFORM_OK;
+}
+
+PLATFORM_CODE make_folder(const std::string& path) {
     if (::mkdir(path.c_str(), FOLDER_MODE) == 0) {
-        return true;
+        if (sync_parent(path) == PLATFORM_OK) {
+            return PLATFORM_OK;
+        }
+        ::rmdir(path.c_str()); // the next attempt makes and waits for it anew
+        return PLATFORM_IO_ERROR;
     }
     const int error = errno;
     struct stat status = {};
     if (::stat(path.c_str(), &status) == 0 && S_ISDIR(status.st_mode)) {
-        return true; // a parent may refuse mkdir() with EACCES or EROFS and yet be there
+        return PLATFORM_OK; // a parent may refuse mkdir() with EACCES or EROFS and yet be there
     }
-    errno = error;
-    return false;
+    return platform_code_of_errno(error);
 }
 
 } // namespace
@@ -45,18 +57,22 @@ std::string platform_folder() {
     return home.empty() ? home : home + "/.local/state/panel_platform";
 }
 
-int make_platform_folder() {
+PLATFORM_CODE make_platform_folder() {
     const std::string folder = platform_folder();
     if (folder.empty()) {
         return PLATFORM_NO_FOLDER;
     }
     for (std::string::size_type end = folder.find('/', 1); end != std::string::npos;
          end = folder.find('/', end + 1)) {
-        if (!make_folder(folder.substr(0, end))) {
-            return platform_code_of_errno(errno);
+        if (const PLATFORM_CODE failure = make_folder(folder.substr(0, end))) {
+            return failure;
         }
     }
-    return make_folder(folder) ? PLATFORM_OK : platform_code_of_errno(errno);
+    return make_folder(folder);
+}
+
+PLATFORM_CODE sync_folder(int folder) {
+    return ::fsync(folder) == 0 || errno == EINVAL ? PLATFORM_OK : PLATFORM_NOT_DURABLE;
 }
 
 } // namespace panel_platform

@@ -1,7 +1,7 @@
 #include "trace.h"
 
+#include "at_c_edge.h"
 #include "file_descriptor.h"
-#include "platform_codes.h"
 
 #include <atomic>
 #include <cerrno>
@@ -21,10 +21,10 @@ using namespace panel_platform;
 
 namespace {
 
-const std::size_t LONGEST_TEXT = 16384; // bytes of formatted text; more is cut and marked
-const char CUT_MARK[] = "...";
-const std::size_t SHORT_TEXT = 512;
-const mode_t TRACE_FILE_MODE = 0600;
+constexpr std::size_t LONGEST_TEXT = 16384; // bytes of formatted text; more is cut and marked
+constexpr char CUT_MARK[] = "...";
+constexpr std::size_t SHORT_TEXT = 512;
+constexpr mode_t TRACE_FILE_MODE = 0600;
 
 bool format_text(std::string& text, const char* format, va_list arguments)
     __attribute__((format(printf, 2, 0)));
@@ -92,7 +92,7 @@ std::string record_head(int module, int group, int kind) {
 }
 
 /** One call of write() for the whole line, so that records of several processes stay whole. */
-int write_line(int descriptor, const std::string& line) {
+PLATFORM_CODE write_line(int descriptor, const std::string& line) {
     static std::mutex* const writing = new std::mutex;
     const std::lock_guard<std::mutex> lock(*writing);
     ssize_t written = -1;
@@ -108,12 +108,13 @@ int write_line(int descriptor, const std::string& line) {
 void report_once(const char* file, int error) {
     static std::atomic<bool> is_reported{false};
     if (!is_reported.exchange(true)) {
-        write_line(STDERR_FILENO, std::string("panel_platform: trace file ") + file + ": " +
-                                      std::strerror(error) + "; tracing to standard error\n");
+        static_cast<void>(write_line(STDERR_FILENO, std::string("panel_platform: trace file ") + file + ": " +
+                                                        std::strerror(error) +
+                                                        "; tracing to standard error\n"));
     }
 }
 
-int write_record(const std::string& line) {
+PLATFORM_CODE write_record(const std::string& line) {
     const char* const file = std::getenv("PANEL_TRACE_FILE");
     if (!file || !*file) {
         return write_line(STDERR_FILENO, line);
@@ -124,30 +125,33 @@ int write_record(const std::string& line) {
     if (descriptor.get() < 0) {
         const int error = errno;
         report_once(file, error);
-        write_line(STDERR_FILENO, line);
+        static_cast<void>(write_line(STDERR_FILENO, line));
         return platform_code_of_errno(error);
     }
     return write_line(descriptor.get(), line);
+}
+
+PLATFORM_CODE trace(int module, int group, int kind, const char* format, va_list arguments)
+    __attribute__((format(printf, 4, 0)));
+
+PLATFORM_CODE trace(int module, int group, int kind, const char* format, va_list arguments) {
+    std::string text = "(null)";
+    if (format && !format_text(text, format, arguments)) {
+        return PLATFORM_INVALID_ARGUMENT;
+    }
+    std::string line = record_head(module, group, kind);
+    append_text(line, text);
+    return write_record(line + '\n');
 }
 
 } // namespace
 
 int emwGENTrcPrintf(int module, int group, int kind, const char* format, ...) {
     const int callers_errno = errno;
-    std::string text = "(null)";
-    bool is_formatted = true;
-    if (format) {
-        va_list arguments;
-        va_start(arguments, format);
-        is_formatted = format_text(text, format, arguments);
-        va_end(arguments);
-    }
-    int code = PLATFORM_INVALID_ARGUMENT;
-    if (is_formatted) {
-        std::string line = record_head(module, group, kind);
-        append_text(line, text);
-        code = write_record(line + '\n');
-    }
+    va_list arguments;
+    va_start(arguments, format);
+    const int code = at_c_edge([&] { return trace(module, group, kind, format, arguments); });
+    va_end(arguments);
     errno = callers_errno;
     return code;
 }

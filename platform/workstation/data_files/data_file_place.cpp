@@ -1,6 +1,5 @@
 #include "data_file_place.h"
 
-#include "platform_codes.h"
 #include "platform_folder.h"
 
 #include <algorithm>
@@ -13,8 +12,8 @@ namespace panel_platform {
 
 namespace {
 
-const mode_t FOLDER_MODE = 0700;
-const int FOLDER_FLAGS = O_RDONLY | O_DIRECTORY | O_CLOEXEC;
+constexpr mode_t FOLDER_MODE = 0700;
+constexpr int FOLDER_FLAGS = O_RDONLY | O_DIRECTORY | O_CLOEXEC;
 
 bool is_good_component(const std::string& component) {
     return !component.empty() && component != "." && component != ".." &&
@@ -34,18 +33,21 @@ bool split_name(const std::string& name, std::vector<std::string>& components) {
     return true;
 }
 
-int make_folder_in(int parent, const char* name) {
+PLATFORM_CODE make_folder_in(int parent, const char* name) {
     if (::mkdirat(parent, name, FOLDER_MODE) == 0) {
-        return ::fsync(parent) == 0 ? PLATFORM_OK : platform_code_of_errno(errno);
+        if (sync_folder(parent) == PLATFORM_OK) {
+            return PLATFORM_OK;
+        }
+        ::unlinkat(parent, name, AT_REMOVEDIR); // the next attempt makes and waits for it anew
+        return PLATFORM_IO_ERROR;
     }
     return errno == EEXIST ? PLATFORM_OK : platform_code_of_errno(errno);
 }
 
-int enter_folder(const std::string& name, bool make_folders, file_descriptor& folder) {
+PLATFORM_CODE enter_folder(const std::string& name, bool make_folders, file_descriptor& folder) {
     if (make_folders) {
-        const int code = make_folder_in(folder.get(), name.c_str());
-        if (code != PLATFORM_OK) {
-            return code;
+        if (const PLATFORM_CODE failure = make_folder_in(folder.get(), name.c_str())) {
+            return failure;
         }
     }
     const int descriptor = ::openat(folder.get(), name.c_str(), FOLDER_FLAGS | O_NOFOLLOW);
@@ -56,10 +58,11 @@ int enter_folder(const std::string& name, bool make_folders, file_descriptor& fo
     return PLATFORM_OK;
 }
 
-int open_platform_folder(bool make_folders, file_descriptor& folder) {
-    const int code = make_folders ? make_platform_folder() : PLATFORM_OK;
-    if (code != PLATFORM_OK) {
-        return code;
+PLATFORM_CODE open_platform_folder(bool make_folders, file_descriptor& folder) {
+    if (make_folders) {
+        if (const PLATFORM_CODE failure = make_platform_folder()) {
+            return failure;
+        }
     }
     const std::string path = platform_folder();
     if (path.empty()) {
@@ -71,7 +74,8 @@ int open_platform_folder(bool make_folders, file_descriptor& folder) {
 
 } // namespace
 
-int find_data_file_place(int area, int group, const char* name, bool make_folders, DATA_FILE_PLACE& place) {
+PLATFORM_CODE find_data_file_place(int area, int group, const char* name, bool make_folders,
+                                   FILE_PLACE& place) {
     if (!name) {
         return PLATFORM_INVALID_ARGUMENT;
     }
@@ -82,17 +86,19 @@ int find_data_file_place(int area, int group, const char* name, bool make_folder
     std::string leaf = path.back();
     path.pop_back();
     file_descriptor folder;
-    int code = open_platform_folder(make_folders, folder);
-    for (auto component = path.begin(); code == PLATFORM_OK && component != path.end(); ++component) {
-        code = enter_folder(*component, make_folders, folder);
+    if (const PLATFORM_CODE failure = open_platform_folder(make_folders, folder)) {
+        return failure;
     }
-    if (code == PLATFORM_OK) {
-        place = {std::move(folder), std::move(leaf)};
+    for (const std::string& component : path) {
+        if (const PLATFORM_CODE failure = enter_folder(component, make_folders, folder)) {
+            return failure;
+        }
     }
-    return code;
+    place = {std::move(folder), std::move(leaf)};
+    return PLATFORM_OK;
 }
 
-int read_data_file_status(const DATA_FILE_PLACE& place, struct stat& status) {
+PLATFORM_CODE read_data_file_status(const FILE_PLACE& place, struct stat& status) {
     if (::fstatat(place.folder.get(), place.name.c_str(), &status, AT_SYMLINK_NOFOLLOW) != 0) {
         return platform_code_of_errno(errno);
     }

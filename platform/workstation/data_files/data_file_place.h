@@ -1,21 +1,11 @@
 #ifndef DATA_FILE_PLACE_H
 #define DATA_FILE_PLACE_H
 
-#include "file_descriptor.h"
+#include "replacement_file.h"
 
-#include <string>
 #include <sys/stat.h>
 
 namespace panel_platform {
-
-/** Names that start so belong to unfinished files; the store shows and takes no such name. */
-constexpr char TEMPORARY_PREFIX[] = ".panel_platform_tmp.";
-
-/** Where a data file is or will be: its folder, held open, and its name in it. */
-struct DATA_FILE_PLACE {
-    file_descriptor folder;
-    std::string name;
-};
 
 /**
  * Finds the place of a data file without following a symbolic link below the platform folder.
@@ -26,14 +16,15 @@ struct DATA_FILE_PLACE {
  * @return PLATFORM_OK, PLATFORM_INVALID_ARGUMENT (null name), PLATFORM_NAME_REFUSED, PLATFORM_NO_FOLDER
  *         or the code of the operating system's failure
  */
-int find_data_file_place(int area, int group, const char* name, bool make_folders, DATA_FILE_PLACE& place);
+PLATFORM_CODE find_data_file_place(int area, int group, const char* name, bool make_folders,
+                                   FILE_PLACE& place);
 
 /**
  * Reads the status of the file at a place.
  * @param status  undefined on failure
  * @return PLATFORM_OK for a plain file, PLATFORM_NOT_A_FILE for anything else that is there, or why not
  */
-int read_data_file_status(const DATA_FILE_PLACE& place, struct stat& status);
+PLATFORM_CODE read_data_file_status(const FILE_PLACE& place, struct stat& status);
 
 } // namespace panel_platform
 

@@ -1,8 +1,9 @@
 #include "data_file_store.h"
 
+#include "at_c_edge.h"
 #include "data_file.h"
 #include "data_file_place.h"
-#include "platform_codes.h"
+#include "platform_folder.h"
 
 #include <cerrno>
 #include <cstdint>
@@ -18,8 +19,8 @@ using namespace panel_platform;
 
 namespace {
 
-const int MODE_READ = 0;
-const int MODE_WRITE = 1;
+constexpr int MODE_READ = 0;
+constexpr int MODE_WRITE = 1;
 
 /** The open files by handle. A handle is a number that is never given out twice, not an address. */
 class handle_registry {
@@ -61,9 +62,48 @@ handle_registry& registry() {
     return *handles;
 }
 
-int find_file(int area, int group, const char* name, DATA_FILE_PLACE& place, struct stat& status) {
-    const int code = find_data_file_place(area, group, name, false, place);
+PLATFORM_CODE find_file(int area, int group, const char* name, FILE_PLACE& place, struct stat& status) {
+    const PLATFORM_CODE code = find_data_file_place(area, group, name, false, place);
     return code == PLATFORM_OK ? read_data_file_status(place, status) : code;
+}
+
+PLATFORM_CODE open_file(int area, int group, const char* name, int mode, DVU_DIO_HANDLE& handle) {
+    FILE_PLACE place;
+    if (const PLATFORM_CODE failure = find_data_file_place(area, group, name, mode == MODE_WRITE, place)) {
+        return failure;
+    }
+    std::shared_ptr<data_file> file;
+    const PLATFORM_CODE code = mode == MODE_WRITE ? data_file::open_for_writing(std::move(place), file)
+                                                  : data_file::open_for_reading(std::move(place), file);
+    if (code == PLATFORM_OK) {
+        handle = registry().add(std::move(file));
+    }
+    return code;
+}
+
+PLATFORM_CODE remove_file(int area, int group, const char* name) {
+    FILE_PLACE place;
+    struct stat status = {};
+    if (const PLATFORM_CODE failure = find_file(area, group, name, place, status)) {
+        return failure;
+    }
+    if (::unlinkat(place.folder.get(), place.name.c_str(), 0) != 0) {
+        return platform_code_of_errno(errno);
+    }
+    return sync_folder(place.folder.get());
+}
+
+PLATFORM_CODE read_status(int area, int group, const char* name, DVU_DIO_STATUS& status) {
+    FILE_PLACE place;
+    struct stat found = {};
+    if (const PLATFORM_CODE failure = find_file(area, group, name, place, found)) {
+        return failure;
+    }
+    if (found.st_size > std::numeric_limits<std::uint32_t>::max()) {
+        return PLATFORM_TOO_LARGE;
+    }
+    status.size = static_cast<std::uint32_t>(found.st_size);
+    return PLATFORM_OK;
 }
 
 } // namespace
@@ -72,18 +112,7 @@ int dvu_dio_fopen(int area, int group, const char* name, int mode, DVU_DIO_HANDL
     if (!handle || (mode != MODE_READ && mode != MODE_WRITE)) {
         return PLATFORM_INVALID_ARGUMENT;
     }
-    DATA_FILE_PLACE place;
-    int code = find_data_file_place(area, group, name, mode == MODE_WRITE, place);
-    if (code != PLATFORM_OK) {
-        return code;
-    }
-    std::shared_ptr<data_file> file;
-    code = mode == MODE_WRITE ? data_file::open_for_writing(std::move(place), file)
-                              : data_file::open_for_reading(std::move(place), file);
-    if (code == PLATFORM_OK) {
-        *handle = registry().add(std::move(file));
-    }
-    return code;
+    return at_c_edge([&] { return open_file(area, group, name, mode, *handle); });
 }
 
 int dvu_dio_fread(void* buffer, std::uint32_t size, DVU_DIO_HANDLE handle, std::uint32_t* count) {
@@ -95,7 +124,7 @@ int dvu_dio_fread(void* buffer, std::uint32_t size, DVU_DIO_HANDLE handle, std::
         return PLATFORM_INVALID_ARGUMENT;
     }
     const std::shared_ptr<data_file> file = registry().find(handle);
-    return file ? file->read(buffer, size, *count) : static_cast<int>(PLATFORM_BAD_HANDLE);
+    return file ? file->read(buffer, size, *count) : PLATFORM_BAD_HANDLE;
 }
 
 int dvu_dio_fwrite(const void* data, std::uint32_t size, DVU_DIO_HANDLE handle, std::uint32_t* count) {
@@ -107,51 +136,32 @@ int dvu_dio_fwrite(const void* data, std::uint32_t size, DVU_DIO_HANDLE handle, 
         return PLATFORM_INVALID_ARGUMENT;
     }
     const std::shared_ptr<data_file> file = registry().find(handle);
-    return file ? file->write(data, size, *count) : static_cast<int>(PLATFORM_BAD_HANDLE);
+    return file ? file->write(data, size, *count) : PLATFORM_BAD_HANDLE;
 }
 
 int dvu_dio_fflush(DVU_DIO_HANDLE handle) {
     const std::shared_ptr<data_file> file = registry().find(handle);
-    return file ? file->flush() : static_cast<int>(PLATFORM_BAD_HANDLE);
+    return file ? file->flush() : PLATFORM_BAD_HANDLE;
 }
 
 int dvu_dio_fclose(DVU_DIO_HANDLE handle) {
     const std::shared_ptr<data_file> file = registry().take(handle);
-    return file ? file->close() : static_cast<int>(PLATFORM_BAD_HANDLE);
+    return file ? file->close() : PLATFORM_BAD_HANDLE;
 }
 
 int dvu_dio_existfile(int area, int group, const char* name) {
-    DATA_FILE_PLACE place;
+    FILE_PLACE place;
     struct stat status = {};
-    return find_file(area, group, name, place, status);
+    return at_c_edge([&] { return find_file(area, group, name, place, status); });
 }
 
 int dvu_dio_remove(int area, int group, const char* name) {
-    DATA_FILE_PLACE place;
-    struct stat status = {};
-    const int code = find_file(area, group, name, place, status);
-    if (code != PLATFORM_OK) {
-        return code;
-    }
-    if (::unlinkat(place.folder.get(), place.name.c_str(), 0) != 0 || ::fsync(place.folder.get()) != 0) {
-        return platform_code_of_errno(errno);
-    }
-    return PLATFORM_OK;
+    return at_c_edge([&] { return remove_file(area, group, name); });
 }
 
 int dvu_dio_stat(int area, int group, const char* name, DVU_DIO_STATUS* status) {
     if (!status) {
         return PLATFORM_INVALID_ARGUMENT;
     }
-    DATA_FILE_PLACE place;
-    struct stat found = {};
-    const int code = find_file(area, group, name, place, found);
-    if (code != PLATFORM_OK) {
-        return code;
-    }
-    if (found.st_size > std::numeric_limits<std::uint32_t>::max()) {
-        return PLATFORM_TOO_LARGE;
-    }
-    status->size = static_cast<std::uint32_t>(found.st_size);
-    return PLATFORM_OK;
+    return at_c_edge([&] { return read_status(area, group, name, *status); });
 }

@@ -1,0 +1,21 @@
+#ifndef AT_C_EDGE_H
+#define AT_C_EDGE_H
+
+#include "platform_codes.h"
+
+#include <new>
+
+namespace panel_platform {
+
+/** Runs the work of a function with C linkage. @return the number of its code; missing memory is one too */
+template <typename WORK> int at_c_edge(const WORK& work) {
+    try {
+        return work();
+    } catch (const std::bad_alloc&) {
+        return PLATFORM_IO_ERROR;
+    }
+}
+
+} // namespace panel_platform
+
+#endif
