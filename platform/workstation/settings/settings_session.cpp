@@ -1,210 +1,281 @@
 #include "settings_session.h"
 
-#include "platform_codes.h"
+#include "replacement_file.h"
+#include "settings_tables.h"
 
 #include <cerrno>
+#include <chrono>
 #include <cstring>
-#include <sqlite3.h>
+#include <fcntl.h>
+#include <filesystem>
+#include <sys/file.h>
 #include <sys/stat.h>
+#include <system_error>
+#include <thread>
+#include <utility>
 
 namespace panel_platform {
 
 namespace {
 
-const int READ_WAIT = 2000;   // milliseconds that a reader waits for another process
-const int WRITE_WAIT = 10000; // milliseconds that a writer waits
-const std::int64_t SCHEMA_VERSION = 1;
-const char START_ANEW[] = "; move the file away to start with the defaults";
+constexpr int READ_WAIT = 2000;   // milliseconds that a reader waits for a change that is made in place
+constexpr int WRITE_WAIT = 10000; // milliseconds that a writer waits for other writers
+constexpr int MOST_LINKS = 40;
+constexpr char BEING_CHANGED[] = "is being changed by another process; try again later";
+const char* const JOURNAL_SUFFIXES[] = {"-journal", "-wal"};
 
-const char* const SCHEMA[] = {
-    "CREATE TABLE setting (grp INTEGER NOT NULL, item INTEGER NOT NULL,"
-    " width INTEGER NOT NULL CHECK (width IN (8, 16, 32)), name TEXT NOT NULL UNIQUE,"
-    " value INTEGER NOT NULL CHECK (typeof(value) = 'integer' AND value >= 0 AND value < (1 << width)),"
-    " PRIMARY KEY (grp, item))",
-    "CREATE TABLE language_attribute (language_id INTEGER NOT NULL, attribute INTEGER NOT NULL,"
-    " text TEXT NOT NULL CHECK (length(CAST(text AS BLOB)) <= 107), PRIMARY KEY (language_id, attribute))",
-    "PRAGMA user_version = 1",
-};
+/** Calls @p attempt until it no longer returns PLATFORM_STORE_BUSY or the time is over. */
+template <typename ATTEMPT> PLATFORM_CODE retry(int milliseconds, const ATTEMPT& attempt) {
+    using clock = std::chrono::steady_clock;
+    const clock::time_point end = clock::now() + std::chrono::milliseconds(milliseconds);
+    PLATFORM_CODE code = attempt();
+    while (code == PLATFORM_STORE_BUSY && clock::now() < end) {
+        std::this_thread::sleep_for(std::chrono::milliseconds(1));
+        code = attempt();
+    }
+    return code;
+}
 
-int code_of_database(int result) {
-    switch (result & 0xff) { // the primary result
-    case SQLITE_BUSY:
-    case SQLITE_LOCKED:
-        return PLATFORM_STORE_BUSY;
-    case SQLITE_FULL:
-        return PLATFORM_NO_SPACE;
-    case SQLITE_READONLY:
-    case SQLITE_CANTOPEN:
-    case SQLITE_PERM:
-        return PLATFORM_ACCESS_DENIED;
-    case SQLITE_IOERR:
-    case SQLITE_NOMEM:
-        return PLATFORM_IO_ERROR;
+/** @return the path that links at @p path lead to, whether or not something is there */
+std::string without_links(const std::string& path) {
+    std::error_code failure;
+    std::filesystem::path resolved = path;
+    for (int links = 0; links < MOST_LINKS; ++links) {
+        const std::filesystem::path target = std::filesystem::read_symlink(resolved, failure);
+        if (failure) {
+            break;
+        }
+        resolved = resolved.parent_path() / target;
+    }
+    return resolved.string();
+}
+
+std::string folder_of(const std::string& file) {
+    const std::string folder = std::filesystem::path(file).parent_path().string();
+    return folder.empty() ? "." : folder;
+}
+
+int open_folder(const std::string& folder) {
+    return ::open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
+}
+
+const char* reason_of(PLATFORM_CODE code) {
+    switch (code) {
+    case PLATFORM_NOT_DURABLE:
+        return "is changed, but a loss of power may undo that: its folder did not reach the storage device";
+    case PLATFORM_NO_SPACE:
+        return "there is no room for the change; the earlier content is kept";
+    case PLATFORM_ACCESS_DENIED:
+        return "cannot be replaced, the earlier content is kept; check the rights of the file and its folder";
     default:
-        return PLATFORM_STORE_DAMAGED;
+        return "cannot be written; the earlier content is kept";
     }
-}
-
-int bind(sqlite3_stmt* statement, int index, const sql_value& value) {
-    if (const std::int64_t* number = std::get_if<std::int64_t>(&value)) {
-        return sqlite3_bind_int64(statement, index, *number);
-    }
-    const std::string& text = std::get<std::string>(value);
-    return sqlite3_bind_text64(statement, index, text.data(), text.size(), nullptr, SQLITE_UTF8);
-}
-
-int bind_all(sqlite3_stmt* statement, const std::vector<sql_value>& values) {
-    int result = SQLITE_OK;
-    for (std::size_t index = 0; result == SQLITE_OK && index < values.size(); ++index) {
-        result = bind(statement, static_cast<int>(index) + 1, values[index]);
-    }
-    return result;
-}
-
-int take_number(const settings_row& row, std::int64_t& number) {
-    return row.integer(0, number) ? PLATFORM_OK : PLATFORM_STORE_DAMAGED;
 }
 
 } // namespace
 
-bool settings_row::integer(int column, std::int64_t& value) const {
-    if (sqlite3_column_type(statement_, column) != SQLITE_INTEGER) {
-        return false;
-    }
-    value = sqlite3_column_int64(statement_, column);
-    return true;
-}
-
-std::string settings_row::text(int column) const {
-    const void* const bytes = sqlite3_column_blob(statement_, column);
-    const int length = sqlite3_column_bytes(statement_, column);
-    return bytes ? std::string(static_cast<const char*>(bytes), static_cast<std::size_t>(length)) : "";
-}
-
 settings_session::settings_session(const std::string& file, std::string& fault)
-    : file_(file)
+    : file_(without_links(file))
     , fault_(fault)
-    , database_(nullptr) {}
+    , holder_(file_, fault)
+    , connection_(file_, fault) {}
 
-settings_session::~settings_session() {
-    sqlite3_close(database_);
+PLATFORM_CODE settings_session::begin_reading() {
+    const std::string earlier_fault = fault_;
+    const PLATFORM_CODE code = retry(READ_WAIT, [&] { return begin_reading_once(); });
+    if (code == PLATFORM_OK || code == PLATFORM_NOT_FOUND) {
+        fault_ = earlier_fault; // of an attempt that another way made good
+    }
+    return code;
 }
 
-int settings_session::begin_reading() {
+/**
+ * A reader that is refused has met a program that changes the file in place, a file that needs such a
+ * program's change undone, or a folder that SQLite cannot write its own files to. Only a change under way can
+ * make what is in the file unfit to be read as it is.
+ */
+PLATFORM_CODE settings_session::begin_reading_once() {
+    if (const PLATFORM_CODE failure = check_file()) {
+        return failure;
+    }
+    const PLATFORM_CODE code = read_file(SETTINGS_ACCESS::READ);
+    if (code != PLATFORM_STORE_BUSY && code != PLATFORM_ACCESS_DENIED) {
+        return code;
+    }
+    if (!has_unfinished_change()) {
+        return read_unchanged();
+    }
+    if (code == PLATFORM_STORE_BUSY) {
+        return code;
+    }
+    if (const PLATFORM_CODE failure = lock_folder(0)) { // the change to be undone is to belong to this file
+        return failure;
+    }
+    const PLATFORM_CODE undone = read_file(SETTINGS_ACCESS::WRITE);
+    folder_.reset();
+    return undone;
+}
+
+PLATFORM_CODE settings_session::read_file(SETTINGS_ACCESS access) {
+    if (const PLATFORM_CODE failure = connection_.open(access, 0)) {
+        return failure;
+    }
+    if (const PLATFORM_CODE failure = connection_.run("BEGIN", {})) {
+        return failure;
+    }
+    return check_content();
+}
+
+/** What two readings have in common is of one time when no change was under way between them. */
+PLATFORM_CODE settings_session::read_unchanged() {
+    DATABASE_BYTES first;
+    if (const PLATFORM_CODE failure = read_whole(SETTINGS_ACCESS::READ_UNCHANGED, first)) {
+        return failure;
+    }
+    if (has_unfinished_change()) {
+        return fail(PLATFORM_STORE_BUSY, BEING_CHANGED);
+    }
+    DATABASE_BYTES second;
+    if (const PLATFORM_CODE failure = read_whole(SETTINGS_ACCESS::READ_UNCHANGED, second)) {
+        return failure;
+    }
+    if (first.size != second.size ||
+        std::memcmp(first.bytes.get(), second.bytes.get(), static_cast<std::size_t>(first.size)) != 0) {
+        return fail(PLATFORM_STORE_BUSY, BEING_CHANGED);
+    }
+    if (const PLATFORM_CODE failure = connection_.open_copy(std::move(first))) {
+        return failure;
+    }
+    return check_content();
+}
+
+PLATFORM_CODE settings_session::begin_writing() {
+    if (const PLATFORM_CODE failure = lock_folder(WRITE_WAIT)) {
+        return failure;
+    }
+    const PLATFORM_CODE code = check_file();
+    if (code != PLATFORM_OK) {
+        return code == PLATFORM_NOT_FOUND ? begin_anew() : code;
+    }
+    if (const PLATFORM_CODE failure = hold_file()) {
+        return failure;
+    }
+    bool is_empty = false;
+    if (const PLATFORM_CODE failure = check_tables(holder_, is_empty)) {
+        return failure;
+    }
+    if (is_empty) {
+        return begin_anew();
+    }
+    DATABASE_BYTES content;
+    const PLATFORM_CODE read = holder_.serialize(content);
+    return read == PLATFORM_OK ? connection_.open_copy(std::move(content)) : read;
+}
+
+PLATFORM_CODE settings_session::begin_anew() {
+    const PLATFORM_CODE code = connection_.open_in_memory();
+    return code == PLATFORM_OK ? make_tables(connection_) : code;
+}
+
+PLATFORM_CODE settings_session::commit() {
+    return connection_.all_changed_rows() == 0 ? PLATFORM_OK : replace_file();
+}
+
+PLATFORM_CODE settings_session::read_whole(SETTINGS_ACCESS access, DATABASE_BYTES& content) {
+    const PLATFORM_CODE code = holder_.open(access, 0);
+    return code == PLATFORM_OK ? holder_.serialize(content) : code;
+}
+
+PLATFORM_CODE settings_session::check_content() {
+    bool is_empty = false;
+    const PLATFORM_CODE code = check_tables(connection_, is_empty);
+    return code == PLATFORM_OK && is_empty ? PLATFORM_NOT_FOUND : code;
+}
+
+PLATFORM_CODE settings_session::check_file() {
     struct stat status = {};
     if (::stat(file_.c_str(), &status) != 0) {
         const int error = errno;
-        return error == ENOENT ? static_cast<int>(PLATFORM_NOT_FOUND)
+        return error == ENOENT ? PLATFORM_NOT_FOUND
                                : fail(platform_code_of_errno(error), std::strerror(error));
     }
-    if (!S_ISREG(status.st_mode)) {
-        return fail(PLATFORM_STORE_DAMAGED, std::string("is not a file") + START_ANEW);
-    }
-    // Opened for writing all the same: a writer that died may have left changes to be undone first.
-    int code = open(SQLITE_OPEN_READWRITE, READ_WAIT);
-    if (code == PLATFORM_OK) {
-        code = run("BEGIN", {});
-    }
-    bool is_empty = false;
-    if (code == PLATFORM_OK) {
-        code = read_schema(is_empty);
-    }
-    return code == PLATFORM_OK && is_empty ? static_cast<int>(PLATFORM_NOT_FOUND) : code;
+    return S_ISREG(status.st_mode)
+               ? PLATFORM_OK
+               : fail(PLATFORM_STORE_DAMAGED, "is not a file; move it away to start with the defaults");
 }
 
-int settings_session::begin_writing() {
-    int code = open(SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE, WRITE_WAIT);
-    if (code == PLATFORM_OK) {
-        code = run("BEGIN IMMEDIATE", {});
+PLATFORM_CODE settings_session::lock_folder(int wait) {
+    folder_.reset(open_folder(folder_of(file_)));
+    if (folder_.get() < 0) {
+        return fail(platform_code_of_errno(errno),
+                    "its folder cannot be opened: " + std::string(std::strerror(errno)));
     }
-    bool is_empty = false;
-    if (code == PLATFORM_OK) {
-        code = read_schema(is_empty);
-    }
-    if (code != PLATFORM_OK || !is_empty) {
-        return code;
-    }
-    for (const char* statement : SCHEMA) {
-        code = code == PLATFORM_OK ? run(statement, {}) : code;
-    }
-    return code;
+    return retry(wait, [&] {
+        if (::flock(folder_.get(), LOCK_EX | LOCK_NB) == 0) {
+            return PLATFORM_OK;
+        }
+        return errno == EWOULDBLOCK || errno == EINTR
+                   ? fail(PLATFORM_STORE_BUSY, BEING_CHANGED)
+                   : fail(platform_code_of_errno(errno), std::strerror(errno));
+    });
 }
 
-int settings_session::commit() {
-    return run("COMMIT", {});
+/**
+ * Other programs may hold the file that is to be replaced open. This undoes the change of one that died,
+ * waits for one that is changing it, and lets none begin; readers go on. A write-ahead log would stay behind
+ * and be taken for the new file's, so the file goes back to the other way first.
+ */
+PLATFORM_CODE settings_session::hold_file() {
+    if (const PLATFORM_CODE failure = holder_.open(SETTINGS_ACCESS::WRITE, WRITE_WAIT)) {
+        return failure;
+    }
+    const PLATFORM_CODE code = holder_.run("PRAGMA journal_mode = DELETE", {}, [&](const settings_row& row) {
+        return row.text(0) == "delete"
+                   ? PLATFORM_OK
+                   : fail(PLATFORM_STORE_BUSY, "another program keeps a log of its changes beside it");
+    });
+    return code == PLATFORM_OK ? holder_.run("BEGIN IMMEDIATE", {}) : code;
 }
 
-int settings_session::run(const char* sql, const std::vector<sql_value>& values,
-                          const std::function<int(const settings_row&)>& take) {
-    sqlite3_stmt* statement = nullptr;
-    int result = sqlite3_prepare_v2(database_, sql, -1, &statement, nullptr);
-    if (result == SQLITE_OK) {
-        result = bind_all(statement, values);
+PLATFORM_CODE settings_session::replace_file() {
+    DATABASE_BYTES content;
+    if (const PLATFORM_CODE failure = connection_.serialize(content)) {
+        return failure;
     }
-    int code = PLATFORM_OK;
-    if (result == SQLITE_OK) {
-        result = sqlite3_step(statement);
-        while (result == SQLITE_ROW && code == PLATFORM_OK) {
-            code = take ? take(settings_row(statement)) : static_cast<int>(PLATFORM_OK);
-            result = code == PLATFORM_OK ? sqlite3_step(statement) : result;
+    FILE_PLACE place;
+    place.folder.reset(open_folder(folder_of(file_)));
+    place.name = std::filesystem::path(file_).filename().string();
+    std::unique_ptr<replacement_file> replacement;
+    PLATFORM_CODE code = replacement_file::create(std::move(place), replacement);
+    if (code == PLATFORM_OK) {
+        prepare_replacement(*replacement, content);
+        code = replacement->commit();
+    }
+    return code == PLATFORM_OK ? code : fail(code, reason_of(code));
+}
+
+/** A failure in here makes the replacement's commit() fail. */
+void settings_session::prepare_replacement(replacement_file& replacement, const DATABASE_BYTES& content) {
+    std::size_t count = 0;
+    static_cast<void>(replacement.write(content.bytes.get(), static_cast<std::size_t>(content.size), count));
+    struct stat replaced = {};
+    if (::stat(file_.c_str(), &replaced) == 0) {
+        static_cast<void>(replacement.take_rights_of(replaced));
+        return;
+    }
+    for (const char* suffix : JOURNAL_SUFFIXES) {
+        ::unlink((file_ + suffix).c_str()); // without its file it would be taken for the new file's
+    }
+}
+
+bool settings_session::has_unfinished_change() const {
+    for (const char* suffix : JOURNAL_SUFFIXES) {
+        struct stat status = {};
+        if (::stat((file_ + suffix).c_str(), &status) == 0 && status.st_size > 0) {
+            return true;
         }
     }
-    if (result != SQLITE_DONE && code == PLATFORM_OK) {
-        code = fail_by_database(result);
-    }
-    sqlite3_finalize(statement);
-    return code;
-}
-
-int settings_session::fail(int code, const std::string& reason) {
-    fault_ = "settings store " + file_ + ": " + reason;
-    return code;
-}
-
-int settings_session::changed_rows() const {
-    return sqlite3_changes(database_);
-}
-
-int settings_session::open(int flags, int wait) {
-    const int result = sqlite3_open_v2(file_.c_str(), &database_, flags | SQLITE_OPEN_NOMUTEX, nullptr);
-    if (result != SQLITE_OK) {
-        return fail_by_database(result);
-    }
-    sqlite3_busy_timeout(database_, wait);
-    return PLATFORM_OK;
-}
-
-int settings_session::read_schema(bool& is_empty) {
-    std::int64_t version = 0;
-    std::int64_t objects = 0;
-    int code =
-        run("PRAGMA user_version", {}, [&](const settings_row& row) { return take_number(row, version); });
-    if (code == PLATFORM_OK) {
-        code = run("SELECT count(*) FROM sqlite_master", {},
-                   [&](const settings_row& row) { return take_number(row, objects); });
-    }
-    if (code != PLATFORM_OK) {
-        return code;
-    }
-    is_empty = version == 0 && objects == 0; // a file whose first writer has not committed yet
-    if (version == SCHEMA_VERSION || is_empty) {
-        return PLATFORM_OK;
-    }
-    return fail(PLATFORM_STORE_DAMAGED, "has schema version " + std::to_string(version) + " instead of " +
-                                            std::to_string(SCHEMA_VERSION) + START_ANEW);
-}
-
-int settings_session::fail_by_database(int result) {
-    const int code = code_of_database(result);
-    std::string reason = database_ ? sqlite3_errmsg(database_) : sqlite3_errstr(result);
-    if (code == PLATFORM_STORE_BUSY) {
-        reason += " by another process; try again later";
-    } else if (code == PLATFORM_STORE_DAMAGED) {
-        reason += START_ANEW;
-    } else if (code == PLATFORM_ACCESS_DENIED) {
-        reason += "; check the rights of the file and its folder";
-    }
-    return fail(code, reason);
+    return false;
 }
 
 } // namespace panel_platform

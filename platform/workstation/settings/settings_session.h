@@ -1,73 +1,64 @@
 #ifndef SETTINGS_SESSION_H
 #define SETTINGS_SESSION_H
 
-#include <cstdint>
-#include <functional>
-#include <string>
-#include <variant>
-#include <vector>
+#include "file_descriptor.h"
+#include "settings_connection.h"
 
-struct sqlite3;
-struct sqlite3_stmt;
+#include <string>
 
 namespace panel_platform {
 
-/** What a statement's placeholders take. */
-using sql_value = std::variant<std::int64_t, std::string>;
-
-/** The row that a query stands on. */
-class settings_row {
-public:
-    explicit settings_row(sqlite3_stmt* statement)
-        : statement_(statement) {}
-
-    /** @param value  receives the column; unchanged on failure. @return whether it holds an integer */
-    bool integer(int column, std::int64_t& value) const;
-    /** @return the column's bytes; empty when it holds none */
-    std::string text(int column) const;
-
-private:
-    sqlite3_stmt* statement_;
-};
+class replacement_file;
 
 /**
- * One transaction on the file of the settings store: opened for one operation and closed after it,
- * so that a change by another process, or a replaced file, is seen at once. One thread.
+ * One transaction on the settings file, which is opened for one operation and closed after it, so that a
+ * change by another process, or a replaced file, is seen at once. One thread.
  *
- * Every operation returns PLATFORM_OK or a code, and tells in the fault text what is wrong and what to do.
+ * A change is made in a copy, which takes the file's place as a whole. The file that readers have open is
+ * never touched, so they wait for no writer, and a writer that dies or has no room leaves the earlier file.
+ * Locks of SQLite keep programs apart that change the file in place.
+ *
+ * Every operation tells in the fault text what is wrong and what to do.
  */
 class settings_session {
 public:
-    /** @param fault  receives the text of a failure; borrowed, and unchanged otherwise */
+    /** @param file   path of the settings file; what a link there leads to is used and replaced
+     *  @param fault  receives the text of a failure; borrowed, and unchanged otherwise */
     settings_session(const std::string& file, std::string& fault);
-    ~settings_session(); ///< undoes what was not committed
-    settings_session(const settings_session&) = delete;
-    settings_session& operator=(const settings_session&) = delete;
 
     /** @return PLATFORM_NOT_FOUND, without a fault text, while nothing is stored yet */
-    int begin_reading();
-    /** Makes the file and its tables when they are missing. */
-    int begin_writing();
-    int commit();
+    PLATFORM_CODE begin_reading();
+    /** Waits for other writers. A missing file is one without rows. */
+    PLATFORM_CODE begin_writing();
+    /** Stores what was changed. @return PLATFORM_NOT_DURABLE when it is stored, unless power is lost soon */
+    PLATFORM_CODE commit();
 
-    /** Runs one statement. @param take  gets each row; a code other than PLATFORM_OK from it ends the query
-     */
-    int run(const char* sql, const std::vector<sql_value>& values,
-            const std::function<int(const settings_row&)>& take = {});
-
+    /** @return what runs the statements of the transaction */
+    settings_connection& connection() { return connection_; }
     /** Sets the fault text. @return @p code */
-    int fail(int code, const std::string& reason);
-    /** @return rows added, changed or removed by the last statement */
-    int changed_rows() const;
+    PLATFORM_CODE fail(PLATFORM_CODE code, const std::string& reason) {
+        return connection_.fail(code, reason);
+    }
 
 private:
-    int open(int flags, int wait);
-    int read_schema(bool& is_empty);
-    int fail_by_database(int result);
+    PLATFORM_CODE check_file();
+    PLATFORM_CODE check_content();
+    PLATFORM_CODE read_whole(SETTINGS_ACCESS access, DATABASE_BYTES& content);
+    PLATFORM_CODE begin_reading_once();
+    PLATFORM_CODE read_file(SETTINGS_ACCESS access);
+    PLATFORM_CODE read_unchanged();
+    PLATFORM_CODE lock_folder(int wait);
+    PLATFORM_CODE hold_file();
+    PLATFORM_CODE begin_anew();
+    PLATFORM_CODE replace_file();
+    void prepare_replacement(replacement_file& replacement, const DATABASE_BYTES& content);
+    bool has_unfinished_change() const;
 
-    const std::string& file_;
+    const std::string file_; // no link
     std::string& fault_;
-    sqlite3* database_;
+    file_descriptor folder_;     // locked against other writers
+    settings_connection holder_; // keeps other programs from changing the file that is to be replaced
+    settings_connection connection_;
 };
 
 } // namespace panel_platform

@@ -1,6 +1,6 @@
 #include "settings_store.h"
 
-#include "platform_codes.h"
+#include "at_c_edge.h"
 #include "settings_database.h"
 
 #include <atomic>
@@ -33,15 +33,10 @@ void copy_value(const SETTING& setting, void* target) {
     }
 }
 
-} // namespace
-
-int ent_set_get_status(std::uint32_t group, std::uint32_t item, void* value) {
-    if (!value) {
-        return PLATFORM_INVALID_ARGUMENT;
-    }
+PLATFORM_CODE read_setting(std::uint32_t group, std::uint32_t item, void* value) {
     SETTING setting;
     std::string fault;
-    const int code = settings_database().read(group, item, setting, fault);
+    const PLATFORM_CODE code = settings_database().read(group, item, setting, fault);
     if (code != PLATFORM_OK && code != PLATFORM_UNKNOWN_ITEM) {
         report_once(fault);
     }
@@ -52,17 +47,25 @@ int ent_set_get_status(std::uint32_t group, std::uint32_t item, void* value) {
     return PLATFORM_OK;
 }
 
-int ent_set_getmessage(int language_id, int attribute, char* text) {
-    if (!text) {
-        return PLATFORM_INVALID_ARGUMENT;
-    }
+PLATFORM_CODE read_attribute(int language_id, int attribute, char* text) {
     std::string found;
     std::string fault;
-    const int code = settings_database().get_attribute(language_id, attribute, found, fault);
+    const PLATFORM_CODE code = settings_database().get_attribute(language_id, attribute, found, fault);
     if (code == PLATFORM_OK) {
         std::memcpy(text, found.c_str(), found.size() + 1);
     } else if (code != PLATFORM_NOT_FOUND) {
         report_once(fault);
     }
     return code;
+}
+
+} // namespace
+
+int ent_set_get_status(std::uint32_t group, std::uint32_t item, void* value) {
+    return value ? at_c_edge([&] { return read_setting(group, item, value); }) : PLATFORM_INVALID_ARGUMENT;
+}
+
+int ent_set_getmessage(int language_id, int attribute, char* text) {
+    return text ? at_c_edge([&] { return read_attribute(language_id, attribute, text); })
+                : PLATFORM_INVALID_ARGUMENT;
 }

@@ -1,0 +1,22 @@
+#ifndef SETTINGS_TABLES_H
+#define SETTINGS_TABLES_H
+
+#include "settings_connection.h"
+
+namespace panel_platform {
+
+/** Makes the tables in a database that has none. */
+PLATFORM_CODE make_tables(settings_connection& connection);
+
+/**
+ * Checks that the database is a settings store: of this version, with plain tables and the columns they need,
+ * and without triggers.
+ *
+ * @param is_empty  receives whether nothing was ever stored in it; undefined on failure
+ * @return PLATFORM_STORE_DAMAGED when it is something else, or why it cannot be read
+ */
+PLATFORM_CODE check_tables(settings_connection& connection, bool& is_empty);
+
+} // namespace panel_platform
+
+#endif
