@@ -3,7 +3,9 @@
 #include "platform_codes.h"
 #include "platform_folder.h"
 #include "scratch_platform.h"
+#include "settings_database.h"
 
+#include <cerrno>
 #include <csignal>
 #include <cstdlib>
 #include <filesystem>
@@ -20,6 +22,8 @@ namespace {
 
 const int AREA = 4;
 const int GROUP = 33;
+
+bool is_folder_sync_failing = false;
 
 class test_data_file_store : public scratch_platform {
 protected:
@@ -155,6 +159,29 @@ TEST_F(test_data_file_store, a_failed_write_leaves_the_old_file) {
     EXPECT_EQ(1, entries()) << "a temporary file is left";
 }
 
+TEST_F(test_data_file_store, what_a_loss_of_power_may_undo_is_told_and_done) {
+    put("file", "old");
+    settings_database settings;
+    std::string fault;
+    DVU_DIO_HANDLE handle = nullptr;
+    std::uint32_t count = 0;
+    ASSERT_EQ(dvu_dio_fopen(AREA, GROUP, "file", 1, &handle), 0);
+    EXPECT_EQ(dvu_dio_fwrite("new", 3, handle, &count), 0);
+    is_folder_sync_failing = true;
+    EXPECT_EQ(dvu_dio_fclose(handle), PLATFORM_NOT_DURABLE);
+    EXPECT_EQ(settings.write("panel_language", 49, fault), PLATFORM_NOT_DURABLE);
+    EXPECT_EQ(dvu_dio_fopen(AREA, GROUP, "folder/file", 1, &handle), PLATFORM_IO_ERROR)
+        << "not open, not done";
+    EXPECT_FALSE(fs::exists(store() + "/folder")) << "the next attempt would not wait for it";
+    EXPECT_EQ(get("file"), "new");
+    EXPECT_EQ(dvu_dio_remove(AREA, GROUP, "file"), PLATFORM_NOT_DURABLE);
+    EXPECT_EQ(get("file"), "code 2");
+    is_folder_sync_failing = false;
+    SETTING setting;
+    EXPECT_EQ(settings.find("panel_language", setting, fault), 0) << fault;
+    EXPECT_EQ(setting.value, 49U);
+}
+
 TEST_F(test_data_file_store, a_killed_writer_leaves_the_old_file_and_is_cleaned_up_after) {
     put("file", "old");
     DVU_DIO_HANDLE living = nullptr;
@@ -222,3 +249,13 @@ TEST_F(test_data_file_store, threads_replacing_one_file_leave_whole_versions) {
 }
 
 } // namespace
+
+/** Takes the place of the system's for the whole program: no device fails on demand. */
+extern "C" __attribute__((visibility("default"))) int fsync(int descriptor) {
+    struct stat status = {};
+    if (is_folder_sync_failing && ::fstat(descriptor, &status) == 0 && S_ISDIR(status.st_mode)) {
+        errno = EIO;
+        return -1;
+    }
+    return ::fdatasync(descriptor);
+}

@@ -5,11 +5,15 @@
 #include "settings_database.h"
 
 #include <algorithm>
+#include <csignal>
 #include <cstdlib>
 #include <cstring>
 #include <filesystem>
 #include <fstream>
 #include <sqlite3.h>
+#include <sys/resource.h>
+#include <sys/stat.h>
+#include <unistd.h>
 
 using namespace panel_platform;
 
@@ -39,6 +43,17 @@ protected:
         EXPECT_EQ(SQLITE_OK, sqlite3_open(file().c_str(), &opened));
         EXPECT_EQ(SQLITE_OK, sqlite3_exec(opened, sql, nullptr, nullptr, nullptr)) << sql;
         return opened;
+    }
+
+    /** Leaves this process without the right to write to the folder; @return whether it has lost it */
+    bool lose_rights() const {
+        namespace fs = std::filesystem;
+        fs::permissions(beside(""), fs::perms(0755));
+        for (const auto& entry : fs::directory_iterator(folder())) {
+            fs::permissions(entry.path(), fs::perms(0444));
+        }
+        fs::permissions(folder(), fs::perms(0555));
+        return (::geteuid() != 0 || ::setuid(65534) == 0) && ::access(folder().c_str(), W_OK) != 0;
     }
 
     settings_database database_;
@@ -156,6 +171,18 @@ TEST_F(test_settings_store, a_damaged_store_gives_defaults_and_one_line) {
         {"value too wide", good, "PRAGMA ignore_check_constraints = 1; UPDATE setting SET value = 70000"},
         {"value no number", good, "PRAGMA ignore_check_constraints = 1; UPDATE setting SET value = 'abc'"},
         {"width of another item", good, "UPDATE setting SET width = 32"},
+        {"view", good, "ALTER TABLE setting RENAME TO kept; CREATE VIEW setting AS SELECT * FROM kept"},
+        {"trigger", good, "CREATE TRIGGER t BEFORE DELETE ON setting BEGIN DELETE FROM setting; END"},
+        {"no table of its own", good,
+         "CREATE VIRTUAL TABLE v USING fts5(grp, item, width, name, value); INSERT INTO v SELECT * FROM "
+         "setting;"
+         "DROP TABLE setting; ALTER TABLE v RENAME TO setting"},
+        {"computed value", good,
+         "DROP TABLE setting; CREATE TABLE setting (grp, item, width, name, value AS (5), PRIMARY KEY (grp, "
+         "item));"
+         "INSERT INTO setting VALUES (0x04050300, 0x8500AB20, 16, 'x')"},
+        {"no key", good,
+         "CREATE TABLE x AS SELECT * FROM setting; DROP TABLE setting; ALTER TABLE x RENAME TO setting"},
     };
     for (const auto& row : rows) {
         SCOPED_TRACE(row.name);
@@ -167,20 +194,97 @@ TEST_F(test_settings_store, a_damaged_store_gives_defaults_and_one_line) {
                     testing::ExitedWithCode(0),
                     "^panel_platform: settings store [^\n]*/settings.db: [^\n]*; using defaults\n$");
     }
+    std::ofstream(file()) << good;
+    sqlite3_close(execute("PRAGMA ignore_check_constraints = 1; UPDATE setting SET value = 70000"));
     EXPECT_EQ(0, database_.reset("panel_language", fault_)) << fault_;
     EXPECT_EQ(0, database_.write("panel_language", 7, fault_)) << "a damaged row cannot be written anew";
     EXPECT_EQ(7, panel_language());
 }
 
-TEST_F(test_settings_store, a_store_that_stays_locked_gives_defaults) {
-    ASSERT_EQ(0, database_.write("panel_language", 49, fault_)) << fault_;
-    sqlite3* const holder = execute("BEGIN EXCLUSIVE");
-    SETTING setting;
-    EXPECT_EQ(PLATFORM_STORE_BUSY, database_.read(GROUP, PANEL_LANGUAGE, setting, fault_));
-    EXPECT_EQ(1U, setting.value);
-    EXPECT_NE(std::string::npos, fault_.find("locked")) << fault_;
-    sqlite3_close(holder);
-    EXPECT_EQ(49, panel_language());
+TEST_F(test_settings_store, what_is_stored_is_read_beside_other_programs) {
+    enum END { LIVES, DIES, CLOSES };
+    const struct {
+        const char* name;
+        const char* sql;
+        END other_program;
+        bool reader_may_write;
+        int expected;
+    } rows[] = {
+        {"locked", "BEGIN EXCLUSIVE", LIVES, true, 49},
+        {"locked, read-only folder", "BEGIN EXCLUSIVE", LIVES, false, 49},
+        {"change to come", "BEGIN IMMEDIATE; UPDATE setting SET value = 5", LIVES, false, 49},
+        {"change half in the file",
+         "PRAGMA cache_size = 1; BEGIN; UPDATE setting SET value = 5; WITH RECURSIVE n(i) AS (SELECT 1 UNION "
+         "ALL "
+         "SELECT i + 1 FROM n WHERE i < 3000) INSERT INTO language_attribute SELECT 1, i, 'text' FROM n",
+         DIES, true, 49},
+        {"change in a log", "PRAGMA journal_mode = WAL; UPDATE setting SET value = 5", DIES, true, 5},
+        {"log, read-only folder", "PRAGMA journal_mode = WAL", CLOSES, false, 49},
+    };
+    for (const auto& row : rows) {
+        SCOPED_TRACE(row.name);
+        std::filesystem::remove_all(folder());
+        ASSERT_EQ(database_.write("panel_language", 49, fault_), 0) << fault_;
+        int ready[2];
+        ASSERT_EQ(::pipe(ready), 0);
+        const pid_t other = start_process([&] {
+            sqlite3* const opened = execute(row.sql);
+            return (row.other_program != CLOSES || sqlite3_close(opened) == 0) &&
+                   ::write(ready[1], "", 1) == 1 && (row.other_program != LIVES || ::pause() == 0);
+        });
+        char byte = 0;
+        EXPECT_EQ(::read(ready[0], &byte, 1), 1);
+        EXPECT_EQ(row.other_program == LIVES ? 0 : wait_for(other), 0);
+        EXPECT_EQ(run_in_process([&] {
+                      return (row.reader_may_write || lose_rights()) && panel_language() == row.expected;
+                  }),
+                  0);
+        if (row.other_program == LIVES) {
+            ::kill(other, SIGKILL);
+            wait_for(other);
+        }
+        EXPECT_EQ(database_.write("destination", 7, fault_), 0) << fault_;
+        EXPECT_EQ(panel_language(), row.expected) << "after the next change";
+        ::close(ready[0]);
+        ::close(ready[1]);
+    }
+}
+
+TEST_F(test_settings_store, readers_wait_for_no_writer_and_a_writer_without_room_changes_nothing) {
+    ASSERT_EQ(database_.write("panel_language", 49, fault_), 0) << fault_;
+    const pid_t writer = start_process([this] {
+        for (;;) {
+            if (database_.write("destination", 7, fault_) != 0) {
+                return false;
+            }
+        }
+    });
+    for (int read = 0; read < 500; ++read) {
+        ASSERT_EQ(panel_language(), 49);
+    }
+    ::kill(writer, SIGKILL);
+    EXPECT_EQ(wait_for(writer), -SIGKILL);
+    EXPECT_EQ(run_in_process([this] {
+                  std::signal(SIGXFSZ, SIG_IGN);
+                  const rlimit limit = {5000, 5000};
+                  return ::setrlimit(RLIMIT_FSIZE, &limit) == 0 &&
+                         database_.write("panel_language", 5, fault_) == PLATFORM_NO_SPACE &&
+                         panel_language() == 49;
+              }),
+              0);
+}
+
+TEST_F(test_settings_store, a_change_keeps_the_files_link_and_mode) {
+    ASSERT_EQ(database_.write("panel_language", 49, fault_), 0) << fault_;
+    std::filesystem::rename(file(), beside("elsewhere.db"));
+    std::filesystem::create_symlink("../elsewhere.db", file());
+    ASSERT_EQ(::chmod(beside("elsewhere.db").c_str(), 0640), 0);
+    std::ofstream(beside(".panel_platform_tmp.1.1.1.1")) << "left by a writer that died";
+    EXPECT_EQ(database_.write("panel_language", 5, fault_), 0) << fault_;
+    EXPECT_EQ(panel_language(), 5);
+    EXPECT_TRUE(std::filesystem::is_symlink(file()));
+    EXPECT_EQ(std::filesystem::status(file()).permissions(), std::filesystem::perms(0640));
+    EXPECT_FALSE(std::filesystem::exists(beside(".panel_platform_tmp.1.1.1.1")));
 }
 
 } // namespace
