@@ -39,13 +39,14 @@ PANEL_PLATFORM_EXPORT int dvu_dio_fwrite(const void* data, std::uint32_t size, D
 PANEL_PLATFORM_EXPORT int dvu_dio_fflush(DVU_DIO_HANDLE handle);
 /**
  * Closes a file and releases the handle, also on failure. A file open for writing then keeps its earlier
- * content if a write had failed; if only the last step to the storage device did, the new content is there
- * and may not survive a loss of power.
+ * content, with one exception: on a workstation code 25 says that the new content is in place and every
+ * reader sees it, but a loss of power may bring the earlier content back.
  */
 PANEL_PLATFORM_EXPORT int dvu_dio_fclose(DVU_DIO_HANDLE handle);
 /** @return 0 when the name belongs to a file */
 PANEL_PLATFORM_EXPORT int dvu_dio_existfile(int area, int group, const char* name);
-/** Removes a file. On failure it is still there, or gone but perhaps back after a loss of power. */
+/** Removes a file. On failure it is still there; on a workstation code 25 says that it is gone, but may be
+ * back after a loss of power. */
 PANEL_PLATFORM_EXPORT int dvu_dio_remove(int area, int group, const char* name);
 /** @param status  receives the file's status; unchanged on failure */
 PANEL_PLATFORM_EXPORT int dvu_dio_stat(int area, int group, const char* name, DVU_DIO_STATUS* status);

@@ -11,8 +11,8 @@ constexpr int ENT_SET_MESSAGE_SIZE = 108;
 extern "C" {
 
 /**
- * Reads one device setting. A known setting that is not stored, or that an unreadable store hides, has its
- * default value. Any thread.
+ * Reads one device setting. On a workstation a known setting that is not stored, or that a damaged store
+ * hides, has its default value; nothing waits for a process that changes settings. Any thread.
  *
  * @param value  receives the item in the item's own width (unsigned 8, 16 or 32 bits) and the
  *               processor's byte order; unchanged on failure

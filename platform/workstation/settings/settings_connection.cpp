@@ -106,7 +106,7 @@ PLATFORM_CODE settings_connection::open(SETTINGS_ACCESS access, int wait) {
         return failure;
     }
     if (access == SETTINGS_ACCESS::WRITE && sqlite3_db_readonly(database_.get(), nullptr) == 1) {
-        return fail_by_database(SQLITE_READONLY);
+        return fail(PLATFORM_ACCESS_DENIED, "may only be read; check the rights of the file and its folder");
     }
     sqlite3_busy_timeout(database_.get(), wait);
     return PLATFORM_OK;

@@ -168,8 +168,13 @@ PLATFORM_CODE settings_session::begin_writing() {
         return begin_anew();
     }
     DATABASE_BYTES content;
-    const PLATFORM_CODE read = holder_.serialize(content);
-    return read == PLATFORM_OK ? connection_.open_copy(std::move(content)) : read;
+    if (const PLATFORM_CODE failure = holder_.serialize(content)) {
+        return failure;
+    }
+    if (const PLATFORM_CODE failure = connection_.open_copy(std::move(content))) {
+        return failure;
+    }
+    return check_structure(connection_);
 }
 
 PLATFORM_CODE settings_session::begin_anew() {
@@ -229,10 +234,10 @@ PLATFORM_CODE settings_session::hold_file() {
     if (const PLATFORM_CODE failure = holder_.open(SETTINGS_ACCESS::WRITE, WRITE_WAIT)) {
         return failure;
     }
-    const PLATFORM_CODE code = holder_.run("PRAGMA journal_mode = DELETE", {}, [&](const settings_row& row) {
-        return row.text(0) == "delete"
-                   ? PLATFORM_OK
-                   : fail(PLATFORM_STORE_BUSY, "another program keeps a log of its changes beside it");
+    const PLATFORM_CODE code = retry(WRITE_WAIT, [&] { // the change of mode itself does not wait
+        return holder_.run("PRAGMA journal_mode = DELETE", {}, [&](const settings_row& row) {
+            return row.text(0) == "delete" ? PLATFORM_OK : fail(PLATFORM_STORE_BUSY, BEING_CHANGED);
+        });
     });
     return code == PLATFORM_OK ? holder_.run("BEGIN IMMEDIATE", {}) : code;
 }

@@ -41,7 +41,9 @@ const std::vector<EXPECTED_TABLE>& expected_tables() {
 
 PLATFORM_CODE read_number(settings_connection& connection, const char* sql, std::int64_t& number) {
     return connection.run(sql, {}, [&](const settings_row& row) {
-        return row.integer(0, number) ? PLATFORM_OK : connection.fail(PLATFORM_STORE_DAMAGED, START_ANEW + 2);
+        return row.integer(0, number)
+                   ? PLATFORM_OK
+                   : connection.fail(PLATFORM_STORE_DAMAGED, std::string("has no version") + START_ANEW);
     });
 }
 
@@ -132,6 +134,17 @@ PLATFORM_CODE check_tables(settings_connection& connection, bool& is_empty) {
         }
     }
     return PLATFORM_OK;
+}
+
+PLATFORM_CODE check_structure(settings_connection& connection) {
+    if (const PLATFORM_CODE failure = connection.run("PRAGMA ignore_check_constraints = 1", {})) {
+        return failure;
+    }
+    const PLATFORM_CODE code = connection.run("PRAGMA integrity_check(1)", {}, [&](const settings_row& row) {
+        return row.text(0) == "ok" ? PLATFORM_OK
+                                   : connection.fail(PLATFORM_STORE_DAMAGED, row.text(0) + START_ANEW);
+    });
+    return code == PLATFORM_OK ? connection.run("PRAGMA ignore_check_constraints = 0", {}) : code;
 }
 
 } // namespace panel_platform

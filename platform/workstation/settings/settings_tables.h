@@ -17,6 +17,12 @@ PLATFORM_CODE make_tables(settings_connection& connection);
  */
 PLATFORM_CODE check_tables(settings_connection& connection, bool& is_empty);
 
+/**
+ * Checks that the database's pages and indices agree with each other, which a change relies on. Rows with
+ * values that do not fit are let through: a change may mend them.
+ */
+PLATFORM_CODE check_structure(settings_connection& connection);
+
 } // namespace panel_platform
 
 #endif

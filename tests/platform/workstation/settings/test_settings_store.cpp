@@ -247,6 +247,7 @@ TEST_F(test_settings_store, what_is_stored_is_read_beside_other_programs) {
         }
         EXPECT_EQ(database_.write("destination", 7, fault_), 0) << fault_;
         EXPECT_EQ(panel_language(), row.expected) << "after the next change";
+        EXPECT_EQ(read_setting<std::uint8_t>(DESTINATION), 7);
         ::close(ready[0]);
         ::close(ready[1]);
     }
