@@ -4,7 +4,7 @@
 
 namespace panel_device {
 
-event_monitor::event_monitor(MESSAGE_SENDER sender)
+event_monitor::event_monitor(message_sender sender)
     : sender_(std::move(sender)) {}
 
 void event_monitor::add(std::uint32_t connection, std::uint32_t interest) {
@@ -15,8 +15,8 @@ void event_monitor::forget(std::uint32_t connection) {
     interests_.erase(connection);
 }
 
-void event_monitor::tell(EVENT_FUNCTION event, const std::vector<std::int32_t>& values) const {
-    panel_platform::IPC_HEADER header;
+void event_monitor::tell(event_function event, const std::vector<std::int32_t>& values) const {
+    panel_platform::ipc_header header;
     header.kind = panel_platform::IPC_NOTIFICATION;
     for (const auto& [connection, interest] : interests_) {
         if (event != EVENT_LED_EDGE || interest == ATTACH_EVENTS_AND_EDGES) {
@@ -25,8 +25,8 @@ void event_monitor::tell(EVENT_FUNCTION event, const std::vector<std::int32_t>& 
     }
 }
 
-void event_monitor::tell(const std::vector<LED_CHANGE>& changes) const {
-    for (const LED_CHANGE& change : changes) {
+void event_monitor::tell(const std::vector<led_change>& changes) const {
+    for (const led_change& change : changes) {
         tell(change.is_edge ? EVENT_LED_EDGE : EVENT_LED, {change.led, change.status, change.is_lit ? 1 : 0});
     }
 }

@@ -12,22 +12,22 @@
 namespace panel_device {
 
 /** Sends a message on a connection; one that does not exist any more is passed over. */
-using MESSAGE_SENDER = std::function<void(std::uint32_t connection, std::vector<char> message)>;
+using message_sender = std::function<void(std::uint32_t connection, std::vector<char> message)>;
 
 /** The connections that watch the service, and what they are told. */
 class event_monitor {
 public:
-    explicit event_monitor(MESSAGE_SENDER sender);
+    explicit event_monitor(message_sender sender);
 
     /** @param interest  ATTACH_EVENTS or ATTACH_EVENTS_AND_EDGES */
     void add(std::uint32_t connection, std::uint32_t interest);
     void forget(std::uint32_t connection);
 
-    void tell(EVENT_FUNCTION event, const std::vector<std::int32_t>& values) const;
-    void tell(const std::vector<LED_CHANGE>& changes) const;
+    void tell(event_function event, const std::vector<std::int32_t>& values) const;
+    void tell(const std::vector<led_change>& changes) const;
 
 private:
-    MESSAGE_SENDER sender_;
+    message_sender sender_;
     std::map<std::uint32_t, std::uint32_t> interests_;
 };
 

@@ -17,17 +17,17 @@ public:
      * @param requests  how many it is for; 0: all until changed
      * @return DEVICE_OK, DEVICE_BAD_VALUE
      */
-    DEVICE_RESULT set(std::int32_t kind, std::int32_t value, std::int32_t requests);
+    device_result set(std::int32_t kind, std::int32_t value, std::int32_t requests);
 
     /** @return the misbehaviour for the request that is at hand; counts it */
-    FAULT_KIND take();
+    fault_kind take();
 
-    FAULT_KIND kind() const { return kind_; }
+    fault_kind kind() const { return kind_; }
     std::int32_t value() const { return value_; }
     std::int32_t requests() const { return requests_; }
 
 private:
-    FAULT_KIND kind_ = FAULT_NONE;
+    fault_kind kind_ = FAULT_NONE;
     std::int32_t value_ = 0; ///< stays valid for the request that take() counted last
     std::int32_t requests_ = 0;
 };

@@ -21,13 +21,13 @@ bool is_time(std::int32_t time) {
 } // namespace
 
 led_board::led_board() {
-    for (LED& led : leds_) {
+    for (led_state& led : leds_) {
         show(led, velarion::DVC_PNL_DEC_LED_STATUS_OFF, 0);
     }
 }
 
-DEVICE_RESULT led_board::set(std::int32_t led, std::int32_t status, std::int64_t now,
-                             std::vector<LED_CHANGE>& changes) {
+device_result led_board::set(std::int32_t led, std::int32_t status, std::int64_t now,
+                             std::vector<led_change>& changes) {
     if (led < 0 || led >= LED_COUNT) {
         return DEVICE_UNKNOWN_LED;
     }
@@ -39,15 +39,15 @@ DEVICE_RESULT led_board::set(std::int32_t led, std::int32_t status, std::int64_t
     return DEVICE_OK;
 }
 
-void led_board::set_all(std::int32_t status, std::int64_t now, std::vector<LED_CHANGE>& changes) {
+void led_board::set_all(std::int32_t status, std::int64_t now, std::vector<led_change>& changes) {
     for (std::int32_t led = 0; led < LED_COUNT; ++led) {
         set(led, status, now, changes);
     }
 }
 
-DEVICE_RESULT led_board::run_timer(const LED_TIMER& timer, std::int64_t now,
-                                   std::vector<LED_CHANGE>& changes) {
-    LED& led = leds_[index(PRINT_SERVICE)];
+device_result led_board::run_timer(const led_timer& timer, std::int64_t now,
+                                   std::vector<led_change>& changes) {
+    led_state& led = leds_[index(PRINT_SERVICE)];
     if (!is_settable(timer.end_status)) {
         return DEVICE_UNKNOWN_STATUS;
     }
@@ -69,10 +69,10 @@ DEVICE_RESULT led_board::run_timer(const LED_TIMER& timer, std::int64_t now,
     return DEVICE_OK;
 }
 
-void led_board::advance(std::int64_t now, std::vector<LED_CHANGE>& changes) {
+void led_board::advance(std::int64_t now, std::vector<led_change>& changes) {
     for (std::int32_t number = 0; number < LED_COUNT; ++number) {
-        LED& led = leds_[index(number)];
-        const LED before = led;
+        led_state& led = leds_[index(number)];
+        const led_state before = led;
         bring_to(led, now);
         if (led.status != before.status) {
             tell(number, false, changes);
@@ -84,7 +84,7 @@ void led_board::advance(std::int64_t now, std::vector<LED_CHANGE>& changes) {
 
 std::int64_t led_board::next_change() const {
     std::int64_t next = NEVER;
-    for (const LED& led : leds_) {
+    for (const led_state& led : leds_) {
         if (led.next_change != NEVER && (next == NEVER || led.next_change < next)) {
             next = led.next_change;
         }
@@ -92,7 +92,7 @@ std::int64_t led_board::next_change() const {
     return next;
 }
 
-void led_board::show(LED& led, std::int32_t status, std::int64_t now) {
+void led_board::show(led_state& led, std::int32_t status, std::int64_t now) {
     led.status = status;
     switch (status) {
     case velarion::DVC_PNL_DEC_LED_STATUS_BLINK_SLOW:
@@ -107,15 +107,15 @@ void led_board::show(LED& led, std::int32_t status, std::int64_t now) {
     }
 }
 
-void led_board::start(LED& led, const PATTERN& pattern, std::int64_t now) {
+void led_board::start(led_state& led, const blink_pattern& pattern, std::int64_t now) {
     led.pattern = pattern;
     led.since = now;
     bring_to(led, now);
 }
 
 /** Follows from the time alone, however many edges have passed since the last call. */
-void led_board::bring_to(LED& led, std::int64_t now) {
-    const PATTERN pattern = led.pattern;
+void led_board::bring_to(led_state& led, std::int64_t now) {
+    const blink_pattern pattern = led.pattern;
     if (pattern.lit_time == 0) {
         return;
     }
@@ -134,7 +134,7 @@ bool led_board::is_settable(std::int32_t status) {
     return status >= velarion::DVC_PNL_DEC_LED_STATUS_OFF && status < LED_STATUS_TIMER;
 }
 
-void led_board::tell(std::int32_t led, bool is_edge, std::vector<LED_CHANGE>& changes) const {
+void led_board::tell(std::int32_t led, bool is_edge, std::vector<led_change>& changes) const {
     changes.push_back({led, status(led), is_lit(led), is_edge});
 }
 

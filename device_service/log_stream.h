@@ -22,9 +22,9 @@ public:
     bool is_read_by_journal() const { return is_read_by_journal_; }
 
 private:
-    enum KIND { ANY, SOCKET, OPENED_ANEW, SHARED };
+    enum stream_kind { ANY, SOCKET, OPENED_ANEW, SHARED };
 
-    KIND kind_ = ANY;
+    stream_kind kind_ = ANY;
     panel_platform::file_descriptor opened_;
     bool is_read_by_journal_ = false;
 };

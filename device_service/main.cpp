@@ -18,7 +18,7 @@ namespace {
 
 using namespace panel_device;
 
-enum EXIT_CODE : int { EXIT_DONE = 0, EXIT_USAGE = 2, EXIT_FAULT = 3 };
+enum exit_status : int { EXIT_DONE = 0, EXIT_USAGE = 2, EXIT_FAULT = 3 };
 
 const char HELP[] =
     "panel_device_service - the hardware of the operation panel, for the processes of one user\n"
@@ -37,7 +37,7 @@ const char HELP[] =
     "\n"
     "Exit codes: 0 ended by a signal, 2 usage, 3 the name cannot be served, or not any more.\n";
 
-struct OPTIONS {
+struct service_options {
     int ready_descriptor = -1;
 };
 
@@ -56,8 +56,8 @@ bool read_descriptor(const char* text, int& descriptor) {
 }
 
 /** @return whether to go on; otherwise @p exit_code is what to end with */
-bool read_option(int option, const char* value, OPTIONS& options, int& exit_code) {
-    SERVICE_LOG_LEVEL level = SERVICE_LOG_INFO;
+bool read_option(int option, const char* value, service_options& options, int& exit_code) {
+    service_log_level level = SERVICE_LOG_INFO;
     switch (option) {
     case 'l':
         if (!find_log_level(value, level)) {
@@ -86,7 +86,7 @@ bool read_option(int option, const char* value, OPTIONS& options, int& exit_code
     return false;
 }
 
-bool read_options(int argc, char** argv, OPTIONS& options, int& exit_code) {
+bool read_options(int argc, char** argv, service_options& options, int& exit_code) {
     const option known[] = {{"log-level", required_argument, nullptr, 'l'},
                             {"ready-fd", required_argument, nullptr, 'r'},
                             {"help", no_argument, nullptr, 'h'},
@@ -148,7 +148,7 @@ void tell_ready(int descriptor) {
 } // namespace
 
 int main(int argc, char** argv) {
-    OPTIONS options;
+    service_options options;
     int exit_code = EXIT_DONE;
     if (!read_options(argc, argv, options, exit_code)) {
         return exit_code;

@@ -8,18 +8,18 @@ namespace {
 
 /** Tells the observers of one owner from others. */
 struct is_of {
-    OBSERVER_OWNER owner;
+    observer_owner owner;
 
-    bool operator()(const KEY_OBSERVER& observer) const {
+    bool operator()(const key_observer& observer) const {
         return observer.owner.host == owner.host && observer.owner.connection == owner.connection;
     }
 };
 
 } // namespace
 
-DEVICE_RESULT observer_registry::add(const KEY_OBSERVER& observer) {
+device_result observer_registry::add(const key_observer& observer) {
     const is_of is_of_owner = {observer.owner};
-    const auto is_same = [&](const KEY_OBSERVER& other) {
+    const auto is_same = [&](const key_observer& other) {
         return is_of_owner(other) && other.number == observer.number;
     };
     if (std::any_of(observers_.begin(), observers_.end(), is_same)) {
@@ -32,7 +32,7 @@ DEVICE_RESULT observer_registry::add(const KEY_OBSERVER& observer) {
     return DEVICE_OK;
 }
 
-void observer_registry::forget(const OBSERVER_OWNER& owner) {
+void observer_registry::forget(const observer_owner& owner) {
     observers_.erase(std::remove_if(observers_.begin(), observers_.end(), is_of{owner}), observers_.end());
 }
 

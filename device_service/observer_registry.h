@@ -13,14 +13,14 @@ namespace panel_device {
  * Whose an observer is: a host's, on whichever of its connections; a connection's where that has no host
  * number.
  */
-struct OBSERVER_OWNER {
+struct observer_owner {
     std::uint64_t host;       ///< 0: none
     std::uint32_t connection; ///< 0 where there is a host
 };
 
 /** A key observer that was registered. */
-struct KEY_OBSERVER {
-    OBSERVER_OWNER owner;
+struct key_observer {
+    observer_owner owner;
     std::uint32_t number;
 };
 
@@ -28,13 +28,13 @@ struct KEY_OBSERVER {
 class observer_registry {
 public:
     /** Registers an observer; once more has no effect. @return DEVICE_OK, DEVICE_TOO_MANY_OBSERVERS */
-    DEVICE_RESULT add(const KEY_OBSERVER& observer);
+    device_result add(const key_observer& observer);
     /** Forgets the observers of an owner. */
-    void forget(const OBSERVER_OWNER& owner);
-    const std::vector<KEY_OBSERVER>& observers() const { return observers_; }
+    void forget(const observer_owner& owner);
+    const std::vector<key_observer>& observers() const { return observers_; }
 
 private:
-    std::vector<KEY_OBSERVER> observers_;
+    std::vector<key_observer> observers_;
 };
 
 /** An owner may register so many. */

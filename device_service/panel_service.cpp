@@ -15,7 +15,7 @@ namespace panel_device {
 
 namespace {
 
-using panel_platform::IPC_HEADER;
+using panel_platform::ipc_header;
 
 const std::ptrdiff_t MOST_DELAYED = 1024; // replies that wait for one connection
 
@@ -23,12 +23,12 @@ bool is_control(std::int32_t func_id) {
     return func_id >= CONTROL_LIST_LEDS && func_id <= CONTROL_STATUS;
 }
 
-bool has_parameters(const DEVICE_MESSAGE& request, const std::vector<std::int32_t>& ids) {
+bool has_parameters(const device_message& request, const std::vector<std::int32_t>& ids) {
     return std::equal(ids.begin(), ids.end(), request.records.begin(), request.records.end(),
-                      [](std::int32_t id, const DEVICE_RECORD& record) { return id == record.id; });
+                      [](std::int32_t id, const device_record& record) { return id == record.id; });
 }
 
-OBSERVER_OWNER owner_of(std::uint64_t host, std::uint32_t connection) {
+observer_owner owner_of(std::uint64_t host, std::uint32_t connection) {
     return {host, host == 0 ? connection : 0};
 }
 
@@ -41,14 +41,14 @@ OBSERVER_OWNER owner_of(std::uint64_t host, std::uint32_t connection) {
 
 } // namespace
 
-panel_service::panel_service(MESSAGE_SENDER sender, std::int64_t now)
+panel_service::panel_service(message_sender sender, std::int64_t now)
     : sender_(std::move(sender))
     , monitor_(sender_)
     , started_(now) {}
 
-const std::vector<panel_service::FUNCTION>& panel_service::functions() {
+const std::vector<panel_service::service_function>& panel_service::functions() {
     using namespace velarion;
-    static const std::vector<FUNCTION> table = {
+    static const std::vector<service_function> table = {
         {DVC_PNL_DEC_FUNCTION_SET_LED_STATUS,
          {DVC_PNL_DEC_PARAMETER_ID, DVC_PNL_DEC_PARAMETER_STATUS},
          &panel_service::set_led},
@@ -74,7 +74,7 @@ void panel_service::connected(std::uint32_t connection, pid_t process) {
     write_log(SERVICE_LOG_DEBUG, "connection %u: made by process %ld", connection,
               static_cast<long>(process));
     connections_[connection] = {process, 0, false};
-    IPC_HEADER header;
+    ipc_header header;
     header.kind = panel_platform::IPC_GREETING;
     std::vector<char> greeting(panel_platform::IPC_HEADER_LENGTH);
     header.length = static_cast<std::uint32_t>(greeting.size());
@@ -113,9 +113,9 @@ bool panel_service::may_send_requests(std::uint32_t number) const {
                          [&](const auto& entry) { return entry.second.connection == number; }) < MOST_DELAYED;
 }
 
-bool panel_service::receive(std::uint32_t connection, const IPC_HEADER& header, const char* bytes,
+bool panel_service::receive(std::uint32_t connection, const ipc_header& header, const char* bytes,
                             std::int64_t now) {
-    CONNECTION& sender = connections_.at(connection);
+    connection_state& sender = connections_.at(connection);
     if (sender.host == 0) {
         sender.host = header.host;
     }
@@ -139,7 +139,7 @@ bool panel_service::receive(std::uint32_t connection, const IPC_HEADER& header, 
     return true;
 }
 
-bool panel_service::attach(std::uint32_t number, const IPC_HEADER& header) {
+bool panel_service::attach(std::uint32_t number, const ipc_header& header) {
     if (header.host == 0 || header.length != panel_platform::IPC_HEADER_LENGTH ||
         header.destination > ATTACH_EVENTS_AND_EDGES) {
         return false;
@@ -151,11 +151,11 @@ bool panel_service::attach(std::uint32_t number, const IPC_HEADER& header) {
     return true;
 }
 
-void panel_service::answer(std::uint32_t number, const IPC_HEADER& header, const char* bytes,
+void panel_service::answer(std::uint32_t number, const ipc_header& header, const char* bytes,
                            std::int64_t now) {
     const bool is_faulty = !is_control(header.func_id);
-    const FAULT_KIND fault = is_faulty ? take_fault(number) : FAULT_NONE;
-    DEVICE_MESSAGE reply;
+    const fault_kind fault = is_faulty ? take_fault(number) : FAULT_NONE;
+    device_message reply;
     reply.result = fault == FAULT_FAIL ? faults_.value() : carry_out(number, header, bytes, now, reply);
     reply.func_id = header.func_id;
     request_count_ += is_faulty ? 1U : 0U;
@@ -165,14 +165,14 @@ void panel_service::answer(std::uint32_t number, const IPC_HEADER& header, const
                   result_text(reply.result).c_str());
         monitor_.tell(EVENT_REFUSED, {static_cast<std::int32_t>(number), header.func_id, reply.result});
     }
-    IPC_HEADER reply_header;
+    ipc_header reply_header;
     reply_header.kind = panel_platform::IPC_REPLY;
     reply_header.sequence = header.sequence;
     send_reply(number, encode_message(reply, reply_header), fault, now);
 }
 
 /** A service that leaves requests without an answer does so with probes; other faults are none of theirs. */
-bool panel_service::answer_probe(std::uint32_t number, const IPC_HEADER& header, const char* bytes,
+bool panel_service::answer_probe(std::uint32_t number, const ipc_header& header, const char* bytes,
                                  std::int64_t now) {
     if (header.length != panel_platform::IPC_HEADER_LENGTH) {
         return false;
@@ -182,7 +182,7 @@ bool panel_service::answer_probe(std::uint32_t number, const IPC_HEADER& header,
     return true;
 }
 
-void panel_service::send_reply(std::uint32_t number, std::vector<char> message, FAULT_KIND fault,
+void panel_service::send_reply(std::uint32_t number, std::vector<char> message, fault_kind fault,
                                std::int64_t now) {
     if (fault == FAULT_DELAY) {
         delayed_.insert({now + faults_.value(), {number, std::move(message)}});
@@ -191,8 +191,8 @@ void panel_service::send_reply(std::uint32_t number, std::vector<char> message, 
     }
 }
 
-FAULT_KIND panel_service::take_fault(std::uint32_t connection) {
-    const FAULT_KIND fault = faults_.take();
+fault_kind panel_service::take_fault(std::uint32_t connection) {
+    const fault_kind fault = faults_.take();
     if (fault != FAULT_NONE) {
         write_log(SERVICE_LOG_INFO, "connection %u: fault %s, as ordered", connection,
                   fault_name(fault).c_str());
@@ -204,16 +204,16 @@ FAULT_KIND panel_service::take_fault(std::uint32_t connection) {
     return fault;
 }
 
-DEVICE_RESULT panel_service::carry_out(std::uint32_t number, const IPC_HEADER& header, const char* bytes,
-                                       std::int64_t now, DEVICE_MESSAGE& reply) {
-    DEVICE_MESSAGE request;
-    const DEVICE_RESULT result = decode_message(bytes, header.length, request);
+device_result panel_service::carry_out(std::uint32_t number, const ipc_header& header, const char* bytes,
+                                       std::int64_t now, device_message& reply) {
+    device_message request;
+    const device_result result = decode_message(bytes, header.length, request);
     if (result != DEVICE_OK) {
         return result;
     }
-    const auto function = std::find_if(functions().begin(), functions().end(), [&](const FUNCTION& known) {
-        return known.func_id == request.func_id;
-    });
+    const auto function =
+        std::find_if(functions().begin(), functions().end(),
+                     [&](const service_function& known) { return known.func_id == request.func_id; });
     if (function == functions().end() || request.func_id != header.func_id) {
         return DEVICE_UNKNOWN_FUNCTION;
     }
@@ -223,19 +223,19 @@ DEVICE_RESULT panel_service::carry_out(std::uint32_t number, const IPC_HEADER& h
     if (!has_parameters(request, function->parameter_ids)) {
         return DEVICE_BAD_PARAMETER;
     }
-    CALL call = {number, header.host, {}, now};
-    for (const DEVICE_RECORD& record : request.records) {
+    function_call call = {number, header.host, {}, now};
+    for (const device_record& record : request.records) {
         call.values.push_back(record.value);
     }
     return (this->*function->run)(call, reply);
 }
 
 void panel_service::advance(std::int64_t now) {
-    std::vector<LED_CHANGE> changes;
+    std::vector<led_change> changes;
     leds_.advance(now, changes);
     monitor_.tell(changes);
     while (!delayed_.empty() && delayed_.begin()->first <= now) {
-        DELAYED due = std::move(delayed_.begin()->second);
+        delayed_reply due = std::move(delayed_.begin()->second);
         delayed_.erase(delayed_.begin());
         sender_(due.connection, std::move(due.message));
     }
@@ -250,38 +250,38 @@ std::int64_t panel_service::next_deadline() const {
     return led < 0 ? reply : std::min(led, reply);
 }
 
-DEVICE_RESULT panel_service::set_led(const CALL& call, DEVICE_MESSAGE&) {
-    std::vector<LED_CHANGE> changes;
-    const DEVICE_RESULT result = leds_.set(call.values[0], call.values[1], call.now, changes);
+device_result panel_service::set_led(const function_call& call, device_message&) {
+    std::vector<led_change> changes;
+    const device_result result = leds_.set(call.values[0], call.values[1], call.now, changes);
     monitor_.tell(changes);
     return result;
 }
 
-DEVICE_RESULT panel_service::set_all_leds_on(const CALL& call, DEVICE_MESSAGE&) {
-    std::vector<LED_CHANGE> changes;
+device_result panel_service::set_all_leds_on(const function_call& call, device_message&) {
+    std::vector<led_change> changes;
     leds_.set_all(velarion::DVC_PNL_DEC_LED_STATUS_ON, call.now, changes);
     monitor_.tell(changes);
     return DEVICE_OK;
 }
 
-DEVICE_RESULT panel_service::set_all_leds_off(const CALL& call, DEVICE_MESSAGE&) {
-    std::vector<LED_CHANGE> changes;
+device_result panel_service::set_all_leds_off(const function_call& call, device_message&) {
+    std::vector<led_change> changes;
     leds_.set_all(velarion::DVC_PNL_DEC_LED_STATUS_OFF, call.now, changes);
     monitor_.tell(changes);
     return DEVICE_OK;
 }
 
-DEVICE_RESULT panel_service::run_led_timer(const CALL& call, DEVICE_MESSAGE&) {
-    const LED_TIMER timer = {call.host,      call.values[0], call.values[1],
+device_result panel_service::run_led_timer(const function_call& call, device_message&) {
+    const led_timer timer = {call.host,      call.values[0], call.values[1],
                              call.values[2], call.values[3], call.values[4]};
-    std::vector<LED_CHANGE> changes;
-    const DEVICE_RESULT result = leds_.run_timer(timer, call.now, changes);
+    std::vector<led_change> changes;
+    const device_result result = leds_.run_timer(timer, call.now, changes);
     monitor_.tell(changes);
     return result;
 }
 
-DEVICE_RESULT panel_service::add_observer(const CALL& call, DEVICE_MESSAGE&) {
-    const DEVICE_RESULT result =
+device_result panel_service::add_observer(const function_call& call, device_message&) {
+    const device_result result =
         observers_.add({owner_of(call.host, call.connection), static_cast<std::uint32_t>(call.values[0])});
     if (result == DEVICE_OK) {
         monitor_.tell(EVENT_OBSERVER, {static_cast<std::int32_t>(call.connection), call.values[0]});
@@ -289,7 +289,7 @@ DEVICE_RESULT panel_service::add_observer(const CALL& call, DEVICE_MESSAGE&) {
     return result;
 }
 
-DEVICE_RESULT panel_service::list_leds(const CALL&, DEVICE_MESSAGE& reply) {
+device_result panel_service::list_leds(const function_call&, device_message& reply) {
     std::vector<std::int32_t> values;
     for (std::int32_t led = 0; led < LED_COUNT; ++led) {
         values.insert(values.end(), {led, leds_.status(led), leds_.is_lit(led) ? 1 : 0});
@@ -298,7 +298,7 @@ DEVICE_RESULT panel_service::list_leds(const CALL&, DEVICE_MESSAGE& reply) {
     return DEVICE_OK;
 }
 
-DEVICE_RESULT panel_service::send_key_event(const CALL& call, DEVICE_MESSAGE& reply) {
+device_result panel_service::send_key_event(const function_call& call, device_message& reply) {
     const std::int32_t key = call.values[0];
     const std::int32_t status = call.values[1];
     if (key < 0 || key >= KEY_COUNT) {
@@ -314,8 +314,8 @@ DEVICE_RESULT panel_service::send_key_event(const CALL& call, DEVICE_MESSAGE& re
 }
 
 /** @return whether the observer's host takes notifications */
-bool panel_service::notify(const KEY_OBSERVER& observer, const DEVICE_MESSAGE& message) {
-    IPC_HEADER header;
+bool panel_service::notify(const key_observer& observer, const device_message& message) {
+    ipc_header header;
     header.kind = panel_platform::IPC_NOTIFICATION;
     header.destination = observer.number;
     bool is_told = false;
@@ -330,26 +330,26 @@ bool panel_service::notify(const KEY_OBSERVER& observer, const DEVICE_MESSAGE& m
 
 /** @return how many observers were told */
 std::int32_t panel_service::notify_observers(std::int32_t key, std::int32_t status) {
-    const DEVICE_MESSAGE message = {
+    const device_message message = {
         velarion::DVC_PNL_DEC_FUNCTION_NOTIFY_KEY_EVENT,
         DEVICE_OK,
         {{velarion::DVC_PNL_DEC_PARAMETER_ID, key}, {velarion::DVC_PNL_DEC_PARAMETER_STATUS, status}}};
     std::int32_t told = 0;
-    for (const KEY_OBSERVER& observer : observers_.observers()) {
+    for (const key_observer& observer : observers_.observers()) {
         told += notify(observer, message) ? 1 : 0;
     }
     return told;
 }
 
-DEVICE_RESULT panel_service::set_fault(const CALL& call, DEVICE_MESSAGE&) {
-    const DEVICE_RESULT result = faults_.set(call.values[0], call.values[1], call.values[2]);
+device_result panel_service::set_fault(const function_call& call, device_message&) {
+    const device_result result = faults_.set(call.values[0], call.values[1], call.values[2]);
     if (result == DEVICE_OK && faults_.kind() == FAULT_CRASH_NOW) {
         crash();
     }
     return result;
 }
 
-DEVICE_RESULT panel_service::report_status(const CALL& call, DEVICE_MESSAGE& reply) {
+device_result panel_service::report_status(const function_call& call, device_message& reply) {
     std::vector<std::int32_t> values(STATUS_FIELD_COUNT);
     values[STATUS_PROCESS] = ::getpid();
     values[STATUS_UPTIME] = static_cast<std::int32_t>((call.now - started_) / 1000);

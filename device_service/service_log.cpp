@@ -13,34 +13,34 @@ namespace panel_device {
 
 namespace {
 
-struct LEVEL {
+struct named_level {
     const char* name;
     int journal_priority;
 };
 
 /** The lines of one kind, since the first of the second that is counted. */
-struct KIND {
+struct line_kind {
     std::int64_t since = 0;
     int written = 0;
     int left_out = 0;
-    SERVICE_LOG_LEVEL level = SERVICE_LOG_INFO;
+    service_log_level level = SERVICE_LOG_INFO;
     std::string last; ///< of those that were left out
 };
 
-constexpr LEVEL LEVELS[] = {{"error", 3}, {"warning", 4}, {"info", 6}, {"debug", 7}};
+constexpr named_level LEVELS[] = {{"error", 3}, {"warning", 4}, {"info", 6}, {"debug", 7}};
 constexpr int MOST_LINES = 10;        // of one kind
 constexpr std::int64_t PERIOD = 1000; // milliseconds
 constexpr std::size_t LONGEST_TEXT = 512;
 static_assert(LONGEST_TEXT + 128 < PIPE_BUF, "a line goes into a pipe as a whole");
 
-SERVICE_LOG_LEVEL g_highest_level = SERVICE_LOG_INFO;
+service_log_level g_highest_level = SERVICE_LOG_INFO;
 
-std::map<const void*, KIND>& kinds() {
-    static std::map<const void*, KIND> kinds_by_format;
+std::map<const void*, line_kind>& kinds() {
+    static std::map<const void*, line_kind> kinds_by_format;
     return kinds_by_format;
 }
 
-bool write_line(SERVICE_LOG_LEVEL level, const std::string& text) {
+bool write_line(service_log_level level, const std::string& text) {
     static const log_stream stream;
     std::string line;
     if (stream.is_read_by_journal()) {
@@ -51,7 +51,7 @@ bool write_line(SERVICE_LOG_LEVEL level, const std::string& text) {
 }
 
 /** @return whether nothing of this kind is left to say */
-bool write_left_out(KIND& kind) {
+bool write_left_out(line_kind& kind) {
     const bool is_said =
         kind.left_out == 0 || write_line(kind.level, std::to_string(kind.left_out) +
                                                          " lines left out, the last of them: " + kind.last);
@@ -61,21 +61,21 @@ bool write_left_out(KIND& kind) {
 
 } // namespace
 
-bool find_log_level(const std::string& name, SERVICE_LOG_LEVEL& level) {
+bool find_log_level(const std::string& name, service_log_level& level) {
     for (int number = SERVICE_LOG_ERROR; number <= SERVICE_LOG_DEBUG; ++number) {
         if (name == LEVELS[number].name) {
-            level = static_cast<SERVICE_LOG_LEVEL>(number);
+            level = static_cast<service_log_level>(number);
             return true;
         }
     }
     return false;
 }
 
-void set_log_level(SERVICE_LOG_LEVEL level) {
+void set_log_level(service_log_level level) {
     g_highest_level = level;
 }
 
-void write_log(SERVICE_LOG_LEVEL level, const char* format, ...) {
+void write_log(service_log_level level, const char* format, ...) {
     if (level > g_highest_level) {
         return;
     }
@@ -84,7 +84,7 @@ void write_log(SERVICE_LOG_LEVEL level, const char* format, ...) {
     va_start(arguments, format);
     std::vsnprintf(text, sizeof text, format, arguments);
     va_end(arguments);
-    KIND& kind = kinds()[format];
+    line_kind& kind = kinds()[format];
     const std::int64_t now = panel_platform::monotonic_milliseconds();
     if (now - kind.since >= PERIOD && write_left_out(kind)) {
         kind.since = now;

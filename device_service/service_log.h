@@ -5,7 +5,7 @@
 
 namespace panel_device {
 
-enum SERVICE_LOG_LEVEL : int {
+enum service_log_level : int {
     SERVICE_LOG_ERROR = 0,
     SERVICE_LOG_WARNING = 1,
     SERVICE_LOG_INFO = 2,
@@ -13,10 +13,10 @@ enum SERVICE_LOG_LEVEL : int {
 };
 
 /** Finds a level by name: error, warning, info, debug. @param level  unchanged when there is none */
-bool find_log_level(const std::string& name, SERVICE_LOG_LEVEL& level);
+bool find_log_level(const std::string& name, service_log_level& level);
 
 /** Lines beyond this level are left out from now on; at first those beyond SERVICE_LOG_INFO. */
-void set_log_level(SERVICE_LOG_LEVEL level);
+void set_log_level(service_log_level level);
 
 /**
  * Writes one line to standard error, with the journal's priority in front when the journal reads that. Never
@@ -25,7 +25,7 @@ void set_log_level(SERVICE_LOG_LEVEL level);
  *
  * @param format  also tells the kind of line; a literal
  */
-void write_log(SERVICE_LOG_LEVEL level, const char* format, ...) __attribute__((format(printf, 2, 3)));
+void write_log(service_log_level level, const char* format, ...) __attribute__((format(printf, 2, 3)));
 
 /**
  * Says how many lines were left out, once a second has passed since the kind's first line.

@@ -98,7 +98,7 @@ void service_loop::send(std::uint32_t number, std::vector<char> message) {
     if (found == peers_.end() || dropped_.count(number) != 0) {
         return;
     }
-    PEER& peer = found->second;
+    connected_peer& peer = found->second;
     peer.unsent.push_back(std::move(message));
     if (peer.unsent.size() == 1) {
         send_unsent(number, peer);
@@ -107,7 +107,7 @@ void service_loop::send(std::uint32_t number, std::vector<char> message) {
     }
 }
 
-void service_loop::send_unsent(std::uint32_t number, PEER& peer) {
+void service_loop::send_unsent(std::uint32_t number, connected_peer& peer) {
     while (!peer.unsent.empty()) {
         const std::vector<char>& message = peer.unsent.front();
         const int code = send_whole_message(peer.socket.get(), message.data(), message.size());
@@ -122,12 +122,12 @@ void service_loop::send_unsent(std::uint32_t number, PEER& peer) {
     }
 }
 
-void service_loop::receive(std::uint32_t number, PEER& peer) {
+void service_loop::receive(std::uint32_t number, connected_peer& peer) {
     if (dropped_.count(number) != 0) {
         return;
     }
     char message[IPC_LONGEST_MESSAGE];
-    IPC_HEADER header;
+    ipc_header header;
     const int code = receive_message(peer.socket.get(), message, header);
     if (code == PLATFORM_CONNECTION_LOST) {
         drop(number, nullptr);

@@ -31,14 +31,14 @@ public:
     bool run(int stop);
 
 private:
-    struct PEER {
+    struct connected_peer {
         panel_platform::file_descriptor socket;
         std::deque<std::vector<char>> unsent;
     };
 
     void send(std::uint32_t number, std::vector<char> message);
-    void send_unsent(std::uint32_t number, PEER& peer);
-    void receive(std::uint32_t number, PEER& peer);
+    void send_unsent(std::uint32_t number, connected_peer& peer);
+    void receive(std::uint32_t number, connected_peer& peer);
     void accept();
     void drop(std::uint32_t number, const char* reason);
     void close_dropped();
@@ -49,7 +49,7 @@ private:
 
     panel_platform::message_listener listener_;
     panel_service service_;
-    std::map<std::uint32_t, PEER> peers_;
+    std::map<std::uint32_t, connected_peer> peers_;
     std::set<std::uint32_t> dropped_;
     std::uint32_t last_number_ = 0;
     bool has_more_to_log_ = false;

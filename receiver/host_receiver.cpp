@@ -14,13 +14,13 @@ namespace {
 using velarion::dvc_pnl_dec_key_event_observer;
 
 /** Room for any message, laid out so that the serializer can read it. */
-struct MESSAGE {
+struct message_room {
     velarion::DVC_PNL_DEC_OBSERVER_COMMUNICATION_HEADER header;
     unsigned char rest[panel_platform::IPC_LONGEST_MESSAGE - velarion::DVC_PNL_DEC_HEADER_LENGTH];
 };
 
 bool decode_key_event(const char* bytes, unsigned int length, int& key, int& status) {
-    MESSAGE message;
+    message_room message;
     if (length > sizeof message || !velarion::dvc_pnl_dec_is_complete(bytes, length)) {
         return false;
     }
@@ -83,7 +83,7 @@ void host_receiver::set_refusal_hook(std::function<void(dvc_pnl_dec_key_event_ob
 }
 
 void host_receiver::dispatch(long, char* rcv_buf, unsigned int rcv_buflen, gen_ipc_msghdr) {
-    panel_platform::IPC_HEADER header;
+    panel_platform::ipc_header header;
     if (!rcv_buf || !panel_platform::read_ipc_header(rcv_buf, rcv_buflen, header)) {
         return;
     }
@@ -100,16 +100,16 @@ void host_receiver::dispatch(long, char* rcv_buf, unsigned int rcv_buflen, gen_i
     }
 }
 
-std::vector<host_receiver::ENTRY>::iterator
+std::vector<host_receiver::observer_entry>::iterator
 host_receiver::find(const dvc_pnl_dec_key_event_observer* observer) {
     return std::find_if(entries_.begin(), entries_.end(),
-                        [observer](const ENTRY& entry) { return entry.observer == observer; });
+                        [observer](const observer_entry& entry) { return entry.observer == observer; });
 }
 
 /** An observer that is called may add and forget observers, itself among them. */
 void host_receiver::take_key_event(std::uint32_t number, int key, int status) {
-    const std::vector<ENTRY> entries = entries_;
-    for (const ENTRY& entry : entries) {
+    const std::vector<observer_entry> entries = entries_;
+    for (const observer_entry& entry : entries) {
         if (velarion::dvc_pnl_dec_observer_number(entry.observer) != number ||
             find(entry.observer) == entries_.end()) {
             continue;
@@ -131,7 +131,7 @@ void host_receiver::take_greeting() {
 
 void host_receiver::take_refusal(std::uint64_t ticket, int result) {
     const auto found = std::find_if(entries_.begin(), entries_.end(),
-                                    [ticket](const ENTRY& entry) { return entry.ticket == ticket; });
+                                    [ticket](const observer_entry& entry) { return entry.ticket == ticket; });
     const auto hook = refusal_hook_;
     if (found != entries_.end() && hook) {
         hook(found->observer, result);

@@ -70,19 +70,19 @@ public:
     void dispatch(long func_id, char* rcv_buf, unsigned int rcv_buflen, gen_ipc_msghdr header) override;
 
 private:
-    struct ENTRY {
+    struct observer_entry {
         velarion::dvc_pnl_dec_key_event_observer* observer;
         QMetaObject::Connection owner_watch;
         std::uint64_t ticket; ///< of the registrar
     };
 
-    std::vector<ENTRY>::iterator find(const velarion::dvc_pnl_dec_key_event_observer* observer);
+    std::vector<observer_entry>::iterator find(const velarion::dvc_pnl_dec_key_event_observer* observer);
     void post(std::function<void()> work);
     void take_key_event(std::uint32_t number, int key, int status);
     void take_greeting();
     void take_refusal(std::uint64_t ticket, int result);
 
-    std::vector<ENTRY> entries_;
+    std::vector<observer_entry> entries_;
     std::function<void()> service_hook_;
     std::function<void(velarion::dvc_pnl_dec_key_event_observer*, int)> refusal_hook_;
     std::shared_ptr<observer_registrar> registrar_;

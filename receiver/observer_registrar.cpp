@@ -26,10 +26,11 @@ int register_observer(velarion::dvc_pnl_dec_key_event_observer* observer) {
 
 } // namespace
 
-observer_registrar::observer_registrar(REFUSAL refused)
+observer_registrar::observer_registrar(refusal_hook refused)
     : refused_(std::move(refused)) {}
 
-observer_registrar::TICKET observer_registrar::ask_for(velarion::dvc_pnl_dec_key_event_observer* observer) {
+observer_registrar::ticket_number
+observer_registrar::ask_for(velarion::dvc_pnl_dec_key_event_observer* observer) {
     const std::lock_guard<std::mutex> lock(mutex_);
     if (!is_started_) {
         start();
@@ -46,10 +47,11 @@ void observer_registrar::begin_anew() {
     changed_.notify_all();
 }
 
-void observer_registrar::withdraw(TICKET ticket) {
+void observer_registrar::withdraw(ticket_number ticket) {
     const std::lock_guard<std::mutex> lock(mutex_);
-    const auto found = std::find_if(requests_.begin(), requests_.end(),
-                                    [ticket](const REQUEST& request) { return request.ticket == ticket; });
+    const auto found =
+        std::find_if(requests_.begin(), requests_.end(),
+                     [ticket](const observer_request& request) { return request.ticket == ticket; });
     if (found != requests_.end()) {
         answered_ -= found - requests_.begin() < static_cast<std::ptrdiff_t>(answered_) ? 1U : 0U;
         requests_.erase(found);
@@ -76,7 +78,7 @@ void observer_registrar::run() {
             changed_.wait(lock);
             continue;
         }
-        const REQUEST request = requests_[answered_];
+        const observer_request request = requests_[answered_];
         const std::uint64_t round = round_;
         lock.unlock();
         const int result = register_observer(request.observer);
@@ -88,7 +90,7 @@ void observer_registrar::run() {
 }
 
 /** With the mutex held, so that nobody is told after end(). @return whether the next one may be asked for */
-bool observer_registrar::take_result(const REQUEST& request, std::uint64_t round, int result) {
+bool observer_registrar::take_result(const observer_request& request, std::uint64_t round, int result) {
     if (is_ending_) {
         return true;
     }

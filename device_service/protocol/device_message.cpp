@@ -14,8 +14,8 @@ using velarion::DVC_PNL_DEC_RECORD_VALUE_OFFSET;
 using velarion::DVC_PNL_DEC_RESULT_OFFSET;
 using velarion::dvc_pnl_dec_store;
 
-DEVICE_MESSAGE make_message(std::int32_t func_id, const std::vector<std::int32_t>& values) {
-    DEVICE_MESSAGE message;
+device_message make_message(std::int32_t func_id, const std::vector<std::int32_t>& values) {
+    device_message message;
     message.func_id = func_id;
     for (const std::int32_t value : values) {
         message.records.push_back({static_cast<std::int32_t>(message.records.size()), value});
@@ -23,7 +23,7 @@ DEVICE_MESSAGE make_message(std::int32_t func_id, const std::vector<std::int32_t
     return message;
 }
 
-DEVICE_RESULT decode_message(const char* bytes, std::size_t length, DEVICE_MESSAGE& message) {
+device_result decode_message(const char* bytes, std::size_t length, device_message& message) {
     const bool holds_func_id = length >= DVC_PNL_DEC_PCNT_OFFSET;
     message.func_id = holds_func_id ? dvc_pnl_dec_load(bytes + DVC_PNL_DEC_FUNC_ID_OFFSET) : 0;
     if (length < DVC_PNL_DEC_HEADER_LENGTH) {
@@ -48,7 +48,7 @@ DEVICE_RESULT decode_message(const char* bytes, std::size_t length, DEVICE_MESSA
     return DEVICE_OK;
 }
 
-std::vector<char> encode_message(const DEVICE_MESSAGE& message, panel_platform::IPC_HEADER header) {
+std::vector<char> encode_message(const device_message& message, panel_platform::ipc_header header) {
     std::vector<char> bytes(DVC_PNL_DEC_HEADER_LENGTH + DVC_PNL_DEC_RECORD_LENGTH * message.records.size());
     header.length = static_cast<std::uint32_t>(bytes.size());
     header.func_id = message.func_id;
@@ -57,7 +57,7 @@ std::vector<char> encode_message(const DEVICE_MESSAGE& message, panel_platform::
     dvc_pnl_dec_store(&bytes[DVC_PNL_DEC_PCNT_OFFSET], static_cast<std::int32_t>(message.records.size()));
     dvc_pnl_dec_store(&bytes[DVC_PNL_DEC_RESULT_OFFSET], message.result);
     char* place = &bytes[DVC_PNL_DEC_PARAMETERS_OFFSET];
-    for (const DEVICE_RECORD& record : message.records) {
+    for (const device_record& record : message.records) {
         dvc_pnl_dec_store(place, record.id);
         dvc_pnl_dec_store(place + DVC_PNL_DEC_RECORD_VALUE_OFFSET, record.value);
         place += DVC_PNL_DEC_RECORD_LENGTH;

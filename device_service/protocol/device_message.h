@@ -10,20 +10,20 @@
 
 namespace panel_device {
 
-struct DEVICE_RECORD {
+struct device_record {
     std::int32_t id;
     std::int32_t value;
 };
 
 /** A message of the panel device service, unpacked. */
-struct DEVICE_MESSAGE {
+struct device_message {
     std::int32_t func_id = 0;
     std::int32_t result = DEVICE_OK;
-    std::vector<DEVICE_RECORD> records;
+    std::vector<device_record> records;
 };
 
 /** @return a message whose records have the ids 0, 1, 2, ... and these values */
-DEVICE_MESSAGE make_message(std::int32_t func_id, const std::vector<std::int32_t>& values);
+device_message make_message(std::int32_t func_id, const std::vector<std::int32_t>& values);
 
 /**
  * Unpacks what arrived, trusting none of it.
@@ -32,10 +32,10 @@ DEVICE_MESSAGE make_message(std::int32_t func_id, const std::vector<std::int32_t
  * @param message  undefined on failure, but for its func_id: 0 when the bytes are too few to hold it
  * @return DEVICE_OK; DEVICE_BAD_LENGTH or DEVICE_BAD_COUNT
  */
-DEVICE_RESULT decode_message(const char* bytes, std::size_t length, DEVICE_MESSAGE& message);
+device_result decode_message(const char* bytes, std::size_t length, device_message& message);
 
 /** @return the message as it is sent; its length and function id are put into the header as well */
-std::vector<char> encode_message(const DEVICE_MESSAGE& message, panel_platform::IPC_HEADER header);
+std::vector<char> encode_message(const device_message& message, panel_platform::ipc_header header);
 
 } // namespace panel_device
 

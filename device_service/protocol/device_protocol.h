@@ -11,7 +11,7 @@
 namespace panel_device {
 
 /** Result codes of the service's replies. The numbers are fixed. */
-enum DEVICE_RESULT : std::int32_t {
+enum device_result : std::int32_t {
     DEVICE_OK = 0,
     DEVICE_BAD_LENGTH = 1,       ///< a length that does not agree with the number of records
     DEVICE_BAD_COUNT = 2,        ///< a number of records that is negative or wrong for the function
@@ -26,15 +26,15 @@ enum DEVICE_RESULT : std::int32_t {
 };
 
 /** Requests by which a person or a program drives the service. */
-enum CONTROL_FUNCTION : std::int32_t {
+enum control_function : std::int32_t {
     CONTROL_LIST_LEDS = 1001, ///< reply: of each LED its number, status, whether it is lit
     CONTROL_KEY_EVENT = 1002, ///< key, key status; reply: number of observers told
-    CONTROL_SET_FAULT = 1003, ///< FAULT_KIND, its value, number of requests it is for (0: until changed)
-    CONTROL_STATUS = 1004     ///< reply: the values of SERVICE_STATUS_FIELD
+    CONTROL_SET_FAULT = 1003, ///< fault_kind, its value, number of requests it is for (0: until changed)
+    CONTROL_STATUS = 1004     ///< reply: the values of service_status_field
 };
 
 /** What a connection that watches is told. */
-enum EVENT_FUNCTION : std::int32_t {
+enum event_function : std::int32_t {
     EVENT_LED = 1101,       ///< LED, status, whether it is lit
     EVENT_LED_EDGE = 1102,  ///< the same, when a blinking LED turned on or off
     EVENT_KEY = 1103,       ///< key, key status, number of observers told
@@ -42,18 +42,18 @@ enum EVENT_FUNCTION : std::int32_t {
     EVENT_HOST_GONE = 1105, ///< connection, process
     EVENT_OBSERVER = 1106,  ///< connection, number of the observer
     EVENT_REFUSED = 1107,   ///< connection, function id, result code
-    EVENT_FAULT = 1108      ///< connection, FAULT_KIND that was applied to its request
+    EVENT_FAULT = 1108      ///< connection, fault_kind that was applied to its request
 };
 
 /** What a connection attaches itself for; the destination of an IPC_ATTACH message. */
-enum ATTACH_INTEREST : std::uint32_t {
+enum attach_interest : std::uint32_t {
     ATTACH_OWN = 0,             ///< key events for the observers of the same process
     ATTACH_EVENTS = 1,          ///< all events but the edges of blinking LEDs
     ATTACH_EVENTS_AND_EDGES = 2 ///< all events
 };
 
-/** Misbehaviour on purpose, for all requests but those of CONTROL_FUNCTION; delay and drop for probes too. */
-enum FAULT_KIND : std::int32_t {
+/** Misbehaviour on purpose, for all requests but those of control_function; delay and drop for probes too. */
+enum fault_kind : std::int32_t {
     FAULT_NONE = 0,
     FAULT_DELAY = 1,     ///< the reply comes after so many milliseconds
     FAULT_DROP = 2,      ///< the request is carried out, its reply is not sent
@@ -64,14 +64,14 @@ enum FAULT_KIND : std::int32_t {
 };
 
 /** Places of the values in the reply to CONTROL_STATUS. */
-enum SERVICE_STATUS_FIELD : std::int32_t {
+enum service_status_field : std::int32_t {
     STATUS_PROCESS = 0,
     STATUS_UPTIME = 1, ///< seconds
     STATUS_CONNECTIONS = 2,
     STATUS_OBSERVERS = 3,
-    STATUS_REQUESTS = 4, ///< all but those of CONTROL_FUNCTION, since the start
+    STATUS_REQUESTS = 4, ///< all but those of control_function, since the start
     STATUS_REFUSED = 5,  ///< of these, those that got a result code other than 0
-    STATUS_FAULT = 6,    ///< FAULT_KIND
+    STATUS_FAULT = 6,    ///< fault_kind
     STATUS_FAULT_VALUE = 7,
     STATUS_FAULT_REQUESTS = 8, ///< requests it is still for; 0: until changed
     STATUS_FIELD_COUNT = 9

@@ -37,7 +37,7 @@ protected:
         return facade().dvc_pnl_dec_set_led_status(DVC_PNL_DEC_LED_ID{led}, DVC_PNL_DEC_LED_STATUS_ON);
     }
 
-    static void order_fault(FAULT_KIND kind, std::int32_t value) {
+    static void order_fault(fault_kind kind, std::int32_t value) {
         EXPECT_EQ(DEVICE_OK, ask_service(CONTROL_SET_FAULT, {kind, value, 1}).result);
     }
 
@@ -99,7 +99,7 @@ TEST_F(test_device_service, ten_thousand_requests_of_four_threads_and_one_of_a_f
     int status = -1;
     ::waitpid(process, &status, 0);
     EXPECT_EQ(0, status);
-    const DEVICE_MESSAGE reply = ask_service(CONTROL_STATUS, {});
+    const device_message reply = ask_service(CONTROL_STATUS, {});
     EXPECT_EQ(10001, reply.records.at(STATUS_REQUESTS).value);
     EXPECT_EQ(2000, reply.records.at(STATUS_REFUSED).value);
 }
@@ -165,7 +165,7 @@ TEST_F(test_device_service, bytes_that_are_no_message_end_the_connection) {
         const file_descriptor socket = connect();
         EXPECT_TRUE(send(socket.get(), std::vector<char>(length, '\x5a')));
         char message[IPC_LONGEST_MESSAGE];
-        IPC_HEADER header;
+        ipc_header header;
         int code = PLATFORM_OK;
         while (code == PLATFORM_OK) { // the greeting
             ASSERT_TRUE(wait_for_socket(socket.get(), false, monotonic_milliseconds() + PATIENCE));

@@ -19,7 +19,7 @@ const std::uint64_t HOST = 7;
 const std::int32_t TIMER = 3;
 
 /** What an LED is to be at a time, and when the board wants to be called next. */
-struct MOMENT {
+struct led_moment {
     std::int64_t after_start;
     std::int32_t status;
     bool is_lit;
@@ -28,8 +28,8 @@ struct MOMENT {
 
 class test_led_board : public testing::Test {
 protected:
-    void expect_moments(std::int32_t led, const std::vector<MOMENT>& moments) {
-        for (const MOMENT& moment : moments) {
+    void expect_moments(std::int32_t led, const std::vector<led_moment>& moments) {
+        for (const led_moment& moment : moments) {
             SCOPED_TRACE(moment.after_start);
             board_.advance(START + moment.after_start, changes_);
             EXPECT_EQ(moment.status, board_.status(led));
@@ -40,7 +40,7 @@ protected:
     }
 
     led_board board_;
-    std::vector<LED_CHANGE> changes_;
+    std::vector<led_change> changes_;
 };
 
 TEST_F(test_led_board, blinking_follows_the_clock_and_jumps_with_it) {
@@ -72,8 +72,8 @@ TEST_F(test_led_board, the_timer_procedure_runs_its_cycles_and_ends_as_told) {
 
 TEST_F(test_led_board, only_its_owner_stops_a_timer_procedure) {
     const struct {
-        LED_TIMER timer;
-        DEVICE_RESULT result;
+        led_timer timer;
+        device_result result;
         std::int32_t status;
     } rows[] = {
         {{HOST, TIMER, 0, 0, 0, ON}, DEVICE_NO_TIMER, OFF},

@@ -28,14 +28,14 @@ protected:
         sent_.clear();
     }
 
-    bool send(std::uint32_t connection, IPC_HEADER header, const std::vector<char>& bytes,
+    bool send(std::uint32_t connection, ipc_header header, const std::vector<char>& bytes,
               std::int64_t now = 0) {
         header.length = static_cast<std::uint32_t>(bytes.size());
         return service_.receive(connection, header, bytes.data(), now);
     }
 
     bool attach(std::uint32_t connection, std::uint64_t host, std::uint32_t interest = ATTACH_OWN) {
-        IPC_HEADER header;
+        ipc_header header;
         header.kind = IPC_ATTACH;
         header.destination = interest;
         header.host = host;
@@ -45,7 +45,7 @@ protected:
     /** Sends a request. @return the reply's result; -1: no reply was sent */
     std::int32_t ask(std::uint32_t connection, const std::vector<char>& bytes, std::int32_t func_id,
                      std::int64_t now = 0, std::uint64_t host = HOST) {
-        IPC_HEADER header;
+        ipc_header header;
         header.func_id = func_id;
         header.host = host;
         sent_[connection].clear();
@@ -53,21 +53,21 @@ protected:
         return result_of_reply(connection);
     }
 
-    std::int32_t ask(std::uint32_t connection, const DEVICE_MESSAGE& request, std::int64_t now = 0,
+    std::int32_t ask(std::uint32_t connection, const device_message& request, std::int64_t now = 0,
                      std::uint64_t host = HOST) {
         return ask(connection, encode_message(request, {}), request.func_id, now, host);
     }
 
     std::int32_t result_of_reply(std::uint32_t connection) {
-        const std::vector<DEVICE_MESSAGE> replies = messages_to(connection, IPC_REPLY);
+        const std::vector<device_message> replies = messages_to(connection, IPC_REPLY);
         return replies.empty() ? -1 : replies[0].result;
     }
 
-    std::vector<DEVICE_MESSAGE> messages_to(std::uint32_t connection, IPC_KIND kind) {
-        std::vector<DEVICE_MESSAGE> found;
+    std::vector<device_message> messages_to(std::uint32_t connection, ipc_kind kind) {
+        std::vector<device_message> found;
         for (const std::vector<char>& bytes : sent_[connection]) {
-            IPC_HEADER header;
-            DEVICE_MESSAGE message;
+            ipc_header header;
+            device_message message;
             EXPECT_TRUE(read_ipc_header(bytes.data(), bytes.size(), header));
             EXPECT_EQ(DEVICE_OK, decode_message(bytes.data(), bytes.size(), message));
             if (header.kind == kind) {
@@ -79,14 +79,14 @@ protected:
 
     std::vector<std::int32_t> events_of(std::uint32_t connection) {
         std::vector<std::int32_t> events;
-        for (const DEVICE_MESSAGE& message : messages_to(connection, IPC_NOTIFICATION)) {
+        for (const device_message& message : messages_to(connection, IPC_NOTIFICATION)) {
             events.push_back(message.func_id);
         }
         return events;
     }
 
     std::int32_t add_observer(std::uint32_t connection, std::int32_t number, std::uint64_t host = HOST) {
-        const DEVICE_MESSAGE request = {
+        const device_message request = {
             DVC_PNL_DEC_FUNCTION_ADD_KEY_OBSERVER, 0, {{DVC_PNL_DEC_PARAMETER_OBSERVER, number}}};
         return ask(connection, request, 0, host);
     }
@@ -104,7 +104,7 @@ protected:
 };
 
 /** A request to run the timer procedure of the print-service LED. */
-DEVICE_MESSAGE timer_request(std::int32_t lit_time, std::int32_t dark_time, std::int32_t cycles,
+device_message timer_request(std::int32_t lit_time, std::int32_t dark_time, std::int32_t cycles,
                              std::int32_t end_status) {
     return {DVC_PNL_DEC_FUNCTION_SET_LED_AIRPRINT_TIMER_PROC,
             DEVICE_OK,
@@ -115,7 +115,7 @@ TEST_F(test_panel_service, every_request_is_checked_before_it_is_believed) {
     ASSERT_TRUE(attach(2, HOST + 1, ATTACH_EVENTS));
     const struct {
         const char* name;
-        DEVICE_MESSAGE request;
+        device_message request;
         std::int32_t result;
     } rows[] = {
         {"no parameters", make_message(101, {}), DEVICE_BAD_COUNT},
@@ -173,10 +173,10 @@ TEST_F(test_panel_service, lengths_and_counts_that_lie_are_answered_with_a_code)
 }
 
 TEST_F(test_panel_service, connections_that_leave_the_protocol_are_closed) {
-    IPC_HEADER header;
+    ipc_header header;
     header.host = HOST;
     const std::vector<char> request = encode_message(make_message(103, {}), {});
-    for (const IPC_KIND kind : {IPC_REPLY, IPC_NOTIFICATION, IPC_GREETING, IPC_LOST, IPC_ATTACH, IPC_PROBE}) {
+    for (const ipc_kind kind : {IPC_REPLY, IPC_NOTIFICATION, IPC_GREETING, IPC_LOST, IPC_ATTACH, IPC_PROBE}) {
         header.kind = kind; // attach and probe have no payload
         EXPECT_FALSE(send(1, header, request));
     }
@@ -195,10 +195,10 @@ TEST_F(test_panel_service, key_events_reach_the_observers_of_each_host_and_no_ot
     EXPECT_EQ(2, press_key());
     ASSERT_EQ((std::vector<std::int32_t>(2, DVC_PNL_DEC_FUNCTION_NOTIFY_KEY_EVENT)), events_of(2));
     EXPECT_TRUE(events_of(3).empty());
-    IPC_HEADER header;
+    ipc_header header;
     ASSERT_TRUE(read_ipc_header(sent_[2][1].data(), sent_[2][1].size(), header));
     EXPECT_EQ(0xFFFFFFFEU, header.destination);
-    const DEVICE_MESSAGE event = messages_to(2, IPC_NOTIFICATION)[1];
+    const device_message event = messages_to(2, IPC_NOTIFICATION)[1];
     EXPECT_EQ(5, event.records[0].value);
     EXPECT_EQ(DVC_PNL_DEC_KEY_PRESSED, event.records[1].value);
     service_.disconnected(1);
@@ -219,7 +219,7 @@ TEST_F(test_panel_service, a_host_registers_64_observers_at_most) {
 }
 
 TEST_F(test_panel_service, faults_are_for_so_many_requests_of_the_library) {
-    const DEVICE_MESSAGE all_on = make_message(103, {});
+    const device_message all_on = make_message(103, {});
     const auto is_lit = [this] { // asks without counting as a request of the library
         EXPECT_EQ(DEVICE_OK, ask(1, make_message(CONTROL_LIST_LEDS, {})));
         return messages_to(1, IPC_REPLY)[0].records[2].value != 0;
@@ -244,10 +244,10 @@ TEST_F(test_panel_service, faults_are_for_so_many_requests_of_the_library) {
 
 TEST_F(test_panel_service, probes_share_the_silence_of_requests_and_no_other_fault) {
     const std::vector<char> probe(IPC_HEADER_LENGTH, 'p');
-    IPC_HEADER header;
+    ipc_header header;
     header.kind = IPC_PROBE;
     header.host = HOST;
-    for (const FAULT_KIND fault : {FAULT_NONE, FAULT_DELAY, FAULT_DROP, FAULT_FAIL, FAULT_CRASH}) {
+    for (const fault_kind fault : {FAULT_NONE, FAULT_DELAY, FAULT_DROP, FAULT_FAIL, FAULT_CRASH}) {
         SCOPED_TRACE(fault);
         const bool is_silent = fault == FAULT_DELAY || fault == FAULT_DROP;
         ASSERT_EQ(ask(1, make_message(CONTROL_SET_FAULT, {fault, 300, 1})), DEVICE_OK);
@@ -265,7 +265,7 @@ TEST_F(test_panel_service, a_connection_waits_for_so_many_delayed_replies_and_ta
     const int most_delayed = 1024;
     ASSERT_EQ(DEVICE_OK, ask(1, make_message(CONTROL_SET_FAULT, {FAULT_DELAY, 300, 0})));
     const std::vector<char> request = encode_message(make_message(103, {}), {});
-    IPC_HEADER header;
+    ipc_header header;
     header.func_id = 103;
     header.host = HOST;
     for (int i = 0; i < most_delayed; ++i) {
@@ -283,7 +283,7 @@ TEST_F(test_panel_service, watchers_are_told_what_they_asked_for) {
     ASSERT_TRUE(attach(2, HOST + 1, ATTACH_EVENTS));
     ASSERT_TRUE(attach(3, HOST + 2, ATTACH_EVENTS_AND_EDGES));
     EXPECT_EQ(DEVICE_OK, ask(1, make_message(101, {5, 2}), 1000));
-    const DEVICE_MESSAGE event = messages_to(3, IPC_NOTIFICATION).at(0);
+    const device_message event = messages_to(3, IPC_NOTIFICATION).at(0);
     EXPECT_EQ(5, event.records.at(0).value);
     EXPECT_EQ(2, event.records.at(1).value);
     EXPECT_EQ(DEVICE_OK, ask(1, timer_request(10, 10, 1, 0), 1000));

@@ -19,7 +19,7 @@ namespace {
 using namespace panel_device;
 using namespace velarion;
 
-using EVENTS = std::vector<std::pair<int, int>>; // key, DVC_PNL_DEC_KEY_STATUS
+using key_events = std::vector<std::pair<int, int>>; // key, DVC_PNL_DEC_KEY_STATUS
 
 /** Keeps what it is told, and the thread it is told on. */
 class test_observer : public dvc_pnl_dec_key_event_observer {
@@ -28,13 +28,13 @@ public:
     void dvc_pnl_dec_key_released(int key_id) override { take(key_id, DVC_PNL_DEC_KEY_RELEASED); }
 
     /** Runs the event loop until so many events have come. */
-    const EVENTS& wait_for(std::size_t count) {
+    const key_events& wait_for(std::size_t count) {
         while (events_.size() < count) {
             QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
         }
         return events_;
     }
-    const EVENTS& events() const { return events_; }
+    const key_events& events() const { return events_; }
 
     std::function<void()> on_event;
 
@@ -47,7 +47,7 @@ private:
         }
     }
 
-    EVENTS events_;
+    key_events events_;
 };
 
 void dispatch(host_receiver& receiver, const std::vector<char>& message) {
@@ -57,7 +57,7 @@ void dispatch(host_receiver& receiver, const std::vector<char>& message) {
 }
 
 std::vector<char> key_event(const dvc_pnl_dec_key_event_observer* observer, int key, int status) {
-    panel_platform::IPC_HEADER header;
+    panel_platform::ipc_header header;
     header.kind = panel_platform::IPC_NOTIFICATION;
     header.destination = dvc_pnl_dec_observer_number(observer);
     return encode_message(make_message(DVC_PNL_DEC_FUNCTION_NOTIFY_KEY_EVENT, {key, status}), header);
@@ -79,7 +79,7 @@ TEST_F(test_host_receiver, observers_are_told_by_each_service_that_is_started) {
     receiver.set_service_hook([&greetings] { ++greetings; });
     receiver.add_observer(&first); // no service yet
     receiver.add_observer(&observer);
-    EVENTS expected;
+    key_events expected;
     for (const int key : {30, 255}) {
         SCOPED_TRACE(key);
         service_process service;
@@ -142,8 +142,8 @@ TEST_F(test_host_receiver, no_observer_is_called_after_it_was_destroyed_or_forgo
     dispatch(receiver, key_event(&forgetting, 4, 1));
     dispatch(receiver, key_event(&forgetting, 5, 1));
     dispatch(receiver, key_event(&last, 6, 1));
-    EXPECT_EQ((EVENTS{{6, 1}}), last.wait_for(1));
-    EXPECT_EQ((EVENTS{{4, 1}}), forgetting.events());
+    EXPECT_EQ((key_events{{6, 1}}), last.wait_for(1));
+    EXPECT_EQ((key_events{{4, 1}}), forgetting.events());
     {
         host_receiver short_lived;
         short_lived.add_observer(&last);
@@ -176,7 +176,7 @@ TEST_F(test_host_receiver, notifications_that_are_wrong_reach_nobody) {
     dispatch(receiver, key_event(&observer, 1, 2)); // neither pressed nor released
     dispatch(receiver, key_event(&observer + 1, 1, 1));
     dispatch(receiver, key_event(&observer, 8, 0));
-    EXPECT_EQ((EVENTS{{8, 0}}), observer.wait_for(1));
+    EXPECT_EQ((key_events{{8, 0}}), observer.wait_for(1));
 }
 
 } // namespace

@@ -14,7 +14,7 @@
 
 namespace {
 
-enum EXIT_CODE { EXIT_GOOD = 0, EXIT_CATALOGUE_FAULT = 1, EXIT_USAGE = 2, EXIT_FILE_FAULT = 3 };
+enum exit_status { EXIT_GOOD = 0, EXIT_CATALOGUE_FAULT = 1, EXIT_USAGE = 2, EXIT_FILE_FAULT = 3 };
 
 const std::string NO_CLASS = "-Wno-";
 const std::string ERROR_CLASS = "-Werror=";

@@ -11,7 +11,7 @@ class dvc_pnl_rmg_language_resource;
 }
 
 /** Exit codes of panelctl. */
-enum EXIT_CODE : int {
+enum exit_status : int {
     EXIT_FOUND = 0,
     EXIT_NOT_FOUND = 1, ///< at least one of the things asked for does not exist
     EXIT_USAGE = 2,

@@ -68,7 +68,7 @@ int test_file(dvc_pnl_rmg_image_resource_manager& images, const QString& name, b
     if (as_json) {
         print_json(QJsonDocument(QJsonObject{{QStringLiteral("name"), name},
                                              {QStringLiteral("exists"), exists},
-                                             {QStringLiteral("platform_code"), error}}));
+                                             {QStringLiteral("PLATFORM_CODE"), error}}));
     } else {
         print_line(exists ? QStringLiteral("yes") : QStringLiteral("no"));
     }

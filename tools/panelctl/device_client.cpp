@@ -46,7 +46,7 @@ QString describe_silence() {
 }
 
 /** @param answer  the reply, whole; empty on failure. @return a platform code */
-long exchange(const panel_device::DEVICE_MESSAGE& request, std::vector<char>& answer) {
+long exchange(const panel_device::device_message& request, std::vector<char>& answer) {
     std::vector<char> message = encode_message(request, {});
     answer.resize(panel_platform::IPC_LONGEST_MESSAGE);
     unsigned int length = static_cast<unsigned int>(answer.size());
@@ -66,7 +66,7 @@ int report_no_answer(const QString& fault) {
 
 } // namespace
 
-int ask_device_service(const panel_device::DEVICE_MESSAGE& request, panel_device::DEVICE_MESSAGE& reply) {
+int ask_device_service(const panel_device::device_message& request, panel_device::device_message& reply) {
     if (bmc_mc_client::bmc_mc_check_facade(velarion::DVC_PNL_DEC_SERVICE_NAME, MODE) == 0) {
         return report_no_answer(describe_silence());
     }
@@ -85,7 +85,7 @@ int ask_device_service(const panel_device::DEVICE_MESSAGE& request, panel_device
                                                    : report_device_result(reply.result);
 }
 
-bool send_to_device_service(const panel_device::DEVICE_MESSAGE& request) {
+bool send_to_device_service(const panel_device::device_message& request) {
     std::vector<char> answer;
     return exchange(request, answer) == panel_platform::PLATFORM_OK;
 }

@@ -12,7 +12,7 @@ const QString COMMAND = QStringLiteral("key");
 
 int send_key_event(int key, int status, bool as_json) {
     using namespace panel_device;
-    DEVICE_MESSAGE reply;
+    device_message reply;
     const int exit_code = ask_device_service(make_message(CONTROL_KEY_EVENT, {key, status}), reply);
     if (exit_code != EXIT_FOUND) {
         return exit_code;

@@ -39,7 +39,7 @@ QJsonObject led_as_json(int led, int status, bool is_lit) {
 }
 
 int list_leds(const QStringList&, bool as_json) {
-    panel_device::DEVICE_MESSAGE reply;
+    panel_device::device_message reply;
     const int exit_code =
         ask_device_service(panel_device::make_message(panel_device::CONTROL_LIST_LEDS, {}), reply);
     if (exit_code != EXIT_FOUND) {

@@ -21,7 +21,7 @@ const QString COMMAND = QStringLiteral("monitor");
 const std::int32_t CONNECTED = 0; // not a number of the service: the connection itself
 const std::int32_t LOST = -1;
 
-enum FIELD_KIND {
+enum field_kind {
     FIELD_NUMBER,
     FIELD_LED,
     FIELD_LED_STATUS,
@@ -31,24 +31,24 @@ enum FIELD_KIND {
     FIELD_FAULT
 };
 
-struct EVENT_FIELD {
+struct event_field {
     const char* name;
-    FIELD_KIND kind;
+    field_kind kind;
 };
 
 /** An event: its name, its line with %1, %2, ... for the fields, and the fields in their order. */
-struct EVENT_FORM {
+struct event_form {
     std::int32_t func_id;
     const char* name;
     const char* line;
-    std::vector<EVENT_FIELD> fields;
+    std::vector<event_field> fields;
 };
 
-const std::vector<EVENT_FORM>& event_forms() {
-    static const std::vector<EVENT_FIELD> led = {
+const std::vector<event_form>& event_forms() {
+    static const std::vector<event_field> led = {
         {"led", FIELD_LED}, {"status", FIELD_LED_STATUS}, {"lit", FIELD_FLAG}};
-    static const std::vector<EVENT_FIELD> host = {{"connection", FIELD_NUMBER}, {"process", FIELD_NUMBER}};
-    static const std::vector<EVENT_FORM> forms = {
+    static const std::vector<event_field> host = {{"connection", FIELD_NUMBER}, {"process", FIELD_NUMBER}};
+    static const std::vector<event_form> forms = {
         {CONNECTED, "connected", "connected to the panel device service", {}},
         {LOST, "disconnected", "connection lost", {}},
         {EVENT_LED, "led", "led %1: %2 (%3)", led},
@@ -75,7 +75,7 @@ const std::vector<EVENT_FORM>& event_forms() {
     return forms;
 }
 
-QString field_text(FIELD_KIND kind, std::int32_t value) {
+QString field_text(field_kind kind, std::int32_t value) {
     switch (kind) {
     case FIELD_LED:
         return QString::fromStdString(led_name(value));
@@ -95,18 +95,18 @@ QString field_text(FIELD_KIND kind, std::int32_t value) {
     }
 }
 
-QJsonValue field_as_json(FIELD_KIND kind, std::int32_t value) {
+QJsonValue field_as_json(field_kind kind, std::int32_t value) {
     if (kind == FIELD_NUMBER) {
         return value;
     }
     return kind == FIELD_FLAG ? QJsonValue(value != 0) : QJsonValue(field_text(kind, value));
 }
 
-std::int32_t value_at(const DEVICE_MESSAGE& message, std::size_t place) {
+std::int32_t value_at(const device_message& message, std::size_t place) {
     return place < message.records.size() ? message.records[place].value : 0;
 }
 
-QString event_line(const EVENT_FORM& form, const DEVICE_MESSAGE& message) {
+QString event_line(const event_form& form, const device_message& message) {
     QString line = QLatin1String(form.line);
     for (std::size_t i = 0; i < form.fields.size(); ++i) {
         line = line.arg(field_text(form.fields[i].kind, value_at(message, i)));
@@ -114,7 +114,7 @@ QString event_line(const EVENT_FORM& form, const DEVICE_MESSAGE& message) {
     return line;
 }
 
-QString event_as_json(const EVENT_FORM& form, const DEVICE_MESSAGE& message) {
+QString event_as_json(const event_form& form, const device_message& message) {
     QJsonObject object = {{QStringLiteral("event"), QLatin1String(form.name)}};
     for (std::size_t i = 0; i < form.fields.size(); ++i) {
         object.insert(QLatin1String(form.fields[i].name),
@@ -137,8 +137,8 @@ public:
     }
 
     void dispatch(long, char* rcv_buf, unsigned int rcv_buflen, gen_ipc_msghdr) override {
-        panel_platform::IPC_HEADER header;
-        DEVICE_MESSAGE message;
+        panel_platform::ipc_header header;
+        device_message message;
         if (!panel_platform::read_ipc_header(rcv_buf, rcv_buflen, header)) {
             return;
         }
@@ -153,9 +153,9 @@ public:
     }
 
 private:
-    void print(const DEVICE_MESSAGE& message) {
+    void print(const device_message& message) {
         const std::lock_guard<std::mutex> lock(mutex_);
-        for (const EVENT_FORM& form : event_forms()) {
+        for (const event_form& form : event_forms()) {
             if (form.func_id != message.func_id || (count_ > 0 && printed_ >= count_)) {
                 continue;
             }

@@ -15,7 +15,7 @@ const QString COMMAND = QStringLiteral("service");
 /** A kind of misbehaviour, and whether a value stands behind its name. */
 struct fault_action {
     const char* name;
-    FAULT_KIND kind;
+    fault_kind kind;
     bool has_value;
 };
 
@@ -60,13 +60,13 @@ void print_status(const std::vector<int>& values, bool as_json) {
 }
 
 int show_status(bool as_json) {
-    DEVICE_MESSAGE reply;
+    device_message reply;
     const int exit_code = ask_device_service(make_message(CONTROL_STATUS, {}), reply);
     if (exit_code != EXIT_FOUND) {
         return exit_code;
     }
     std::vector<int> values;
-    for (const DEVICE_RECORD& record : reply.records) {
+    for (const device_record& record : reply.records) {
         values.push_back(record.value);
     }
     values.resize(STATUS_FIELD_COUNT);
@@ -74,14 +74,14 @@ int show_status(bool as_json) {
     return EXIT_FOUND;
 }
 
-int order_fault(FAULT_KIND kind, int value, int requests) {
-    DEVICE_MESSAGE reply;
+int order_fault(fault_kind kind, int value, int requests) {
+    device_message reply;
     return ask_device_service(make_message(CONTROL_SET_FAULT, {kind, value, requests}), reply);
 }
 
 /** The service dies without an answer, so that its silence is the success. */
 int crash_service() {
-    DEVICE_MESSAGE reply;
+    device_message reply;
     const int exit_code = ask_device_service(make_message(CONTROL_STATUS, {}), reply);
     if (exit_code != EXIT_FOUND) {
         return exit_code;

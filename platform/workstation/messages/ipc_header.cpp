@@ -9,7 +9,7 @@ namespace {
 constexpr std::uint32_t MAGIC = 0x50445331; // "PDS1"
 
 /** The header as it lies in the message. */
-struct IPC_LAYOUT {
+struct ipc_layout {
     std::uint32_t magic;
     std::uint32_t kind;
     std::uint32_t length;
@@ -19,12 +19,12 @@ struct IPC_LAYOUT {
     std::uint64_t host;
     unsigned char unused[40];
 };
-static_assert(sizeof(IPC_LAYOUT) == IPC_HEADER_LENGTH, "the layout fills the header");
+static_assert(sizeof(ipc_layout) == IPC_HEADER_LENGTH, "the layout fills the header");
 
 } // namespace
 
-void write_ipc_header(const IPC_HEADER& header, void* message) {
-    IPC_LAYOUT layout = {};
+void write_ipc_header(const ipc_header& header, void* message) {
+    ipc_layout layout = {};
     layout.magic = MAGIC;
     layout.kind = header.kind;
     layout.length = header.length;
@@ -35,8 +35,8 @@ void write_ipc_header(const IPC_HEADER& header, void* message) {
     std::memcpy(message, &layout, sizeof layout);
 }
 
-bool read_ipc_header(const void* message, std::size_t length, IPC_HEADER& header) {
-    IPC_LAYOUT layout = {};
+bool read_ipc_header(const void* message, std::size_t length, ipc_header& header) {
+    ipc_layout layout = {};
     if (length < sizeof layout || length > IPC_LONGEST_MESSAGE) {
         return false;
     }
@@ -45,7 +45,7 @@ bool read_ipc_header(const void* message, std::size_t length, IPC_HEADER& header
         layout.kind > IPC_PROBE) {
         return false;
     }
-    header.kind = static_cast<IPC_KIND>(layout.kind);
+    header.kind = static_cast<ipc_kind>(layout.kind);
     header.length = layout.length;
     header.sequence = layout.sequence;
     header.func_id = layout.func_id;

@@ -15,7 +15,7 @@ namespace panel_platform {
  */
 
 /** What a message is to the message layer. */
-enum IPC_KIND : std::uint32_t {
+enum ipc_kind : std::uint32_t {
     IPC_REQUEST = 1,      ///< host to service; one reply follows
     IPC_REPLY = 2,        ///< service to host, with the request's sequence number
     IPC_NOTIFICATION = 3, ///< service to a connection that attached itself
@@ -26,8 +26,8 @@ enum IPC_KIND : std::uint32_t {
 };
 
 /** The contents of a gen_ipc_msghdr on a workstation. */
-struct IPC_HEADER {
-    IPC_KIND kind = IPC_REQUEST;
+struct ipc_header {
+    ipc_kind kind = IPC_REQUEST;
     std::uint32_t length = 0;   ///< bytes of the whole message, this header included
     std::uint32_t sequence = 0; ///< joins a reply to its request; each request of a connection has its own
     std::int32_t func_id = 0;
@@ -40,7 +40,7 @@ inline constexpr std::size_t IPC_HEADER_LENGTH = sizeof(gen_ipc_msghdr);
 inline constexpr std::size_t IPC_LONGEST_MESSAGE = 4096;
 
 /** Writes a header, undefined bytes as zero. @param message  room for IPC_HEADER_LENGTH bytes */
-PANEL_PLATFORM_EXPORT void write_ipc_header(const IPC_HEADER& header, void* message);
+PANEL_PLATFORM_EXPORT void write_ipc_header(const ipc_header& header, void* message);
 
 /**
  * Reads the header of a received message.
@@ -48,7 +48,7 @@ PANEL_PLATFORM_EXPORT void write_ipc_header(const IPC_HEADER& header, void* mess
  * @param length  bytes received
  * @return false when this is no whole message of the message layer; @p header is undefined then
  */
-PANEL_PLATFORM_EXPORT bool read_ipc_header(const void* message, std::size_t length, IPC_HEADER& header);
+PANEL_PLATFORM_EXPORT bool read_ipc_header(const void* message, std::size_t length, ipc_header& header);
 
 } // namespace panel_platform
 

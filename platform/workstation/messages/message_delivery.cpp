@@ -51,7 +51,7 @@ bool message_delivery::wait_while_running(int socket, int milliseconds) {
 }
 
 int message_delivery::attach(int socket) {
-    IPC_HEADER header;
+    ipc_header header;
     header.kind = IPC_ATTACH;
     header.destination = interest_;
     header.host = host_number();
@@ -61,7 +61,7 @@ int message_delivery::attach(int socket) {
 /** @return false when the connection is of no use any more */
 bool message_delivery::deliver_next(int socket, bool& is_greeted) {
     char message[IPC_LONGEST_MESSAGE];
-    IPC_HEADER header;
+    ipc_header header;
     const int code = receive_message(socket, message, header);
     if (code != PLATFORM_OK) {
         return code == PLATFORM_WOULD_BLOCK;
@@ -85,7 +85,7 @@ void message_delivery::serve_connection(int socket) {
         }
     }
     if (is_greeted) {
-        IPC_HEADER header;
+        ipc_header header;
         header.kind = IPC_LOST;
         header.length = IPC_HEADER_LENGTH;
         char message[IPC_HEADER_LENGTH];
@@ -94,7 +94,7 @@ void message_delivery::serve_connection(int socket) {
     }
 }
 
-void message_delivery::dispatch(const IPC_HEADER& header, char* message) {
+void message_delivery::dispatch(const ipc_header& header, char* message) {
     gen_ipc_msghdr head;
     std::memcpy(head.bytes, message, sizeof head.bytes);
     receiver_.dispatch(header.func_id, message, header.length, head);

@@ -44,7 +44,7 @@ private:
     int attach(int socket);
     bool deliver_next(int socket, bool& is_greeted);
     void serve_connection(int socket);
-    void dispatch(const IPC_HEADER& header, char* message);
+    void dispatch(const ipc_header& header, char* message);
 
     velarion::facade_template& receiver_;
     const std::string name_;

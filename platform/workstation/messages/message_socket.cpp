@@ -134,7 +134,7 @@ int connect_to_service(const std::string& name, file_descriptor& socket) {
     return PLATFORM_OK;
 }
 
-int send_message(int socket, IPC_HEADER header, const void* payload, std::size_t payload_length) {
+int send_message(int socket, ipc_header header, const void* payload, std::size_t payload_length) {
     if (payload_length > IPC_LONGEST_MESSAGE - IPC_HEADER_LENGTH) {
         return PLATFORM_TOO_LARGE;
     }
@@ -157,7 +157,7 @@ int send_whole_message(int socket, const void* message, std::size_t length) {
     return sent >= 0 ? static_cast<int>(PLATFORM_OK) : code_of_transfer_error(errno);
 }
 
-int receive_message(int socket, char* buffer, IPC_HEADER& header) {
+int receive_message(int socket, char* buffer, ipc_header& header) {
     const ssize_t length = ::recv(socket, buffer, IPC_LONGEST_MESSAGE, MSG_DONTWAIT | MSG_TRUNC);
     if (length < 0) {
         return code_of_transfer_error(errno);

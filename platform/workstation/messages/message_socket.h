@@ -29,7 +29,7 @@ PANEL_PLATFORM_EXPORT int connect_to_service(const std::string& name, file_descr
  * @param payload  the bytes behind the header
  * @return PLATFORM_OK; PLATFORM_WOULD_BLOCK; PLATFORM_TOO_LARGE; PLATFORM_CONNECTION_LOST
  */
-PANEL_PLATFORM_EXPORT int send_message(int socket, IPC_HEADER header, const void* payload,
+PANEL_PLATFORM_EXPORT int send_message(int socket, ipc_header header, const void* payload,
                                        std::size_t payload_length);
 
 /** Sends one message whose header is written already; otherwise like send_message(). */
@@ -43,7 +43,7 @@ PANEL_PLATFORM_EXPORT int send_whole_message(int socket, const void* message, st
  * @return PLATFORM_OK; PLATFORM_WOULD_BLOCK; PLATFORM_CONNECTION_LOST; PLATFORM_BAD_MESSAGE for bytes that
  * are no message of the message layer
  */
-PANEL_PLATFORM_EXPORT int receive_message(int socket, char* buffer, IPC_HEADER& header);
+PANEL_PLATFORM_EXPORT int receive_message(int socket, char* buffer, ipc_header& header);
 
 /** Milliseconds of a clock that only ever goes forward. */
 PANEL_PLATFORM_EXPORT std::int64_t monotonic_milliseconds();

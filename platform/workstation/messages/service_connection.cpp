@@ -21,11 +21,11 @@ constexpr std::int64_t PROBE_PAUSE = 100;
 constexpr int MOST_LATE = 1024; // messages taken at once from a connection that should be idle
 
 /** What an earlier request or a probe may still bring. */
-bool may_come_late(const IPC_HEADER& header) {
+bool may_come_late(const ipc_header& header) {
     return header.kind == IPC_REPLY || header.kind == IPC_PROBE;
 }
 
-bool is_answer(const IPC_HEADER& request, const IPC_HEADER& header, const char* message) {
+bool is_answer(const ipc_header& request, const ipc_header& header, const char* message) {
     std::int32_t func_id = 0;
     if (header.kind != IPC_REPLY || header.sequence != request.sequence ||
         header.func_id != request.func_id || header.length < IPC_HEADER_LENGTH + sizeof func_id) {
@@ -89,13 +89,13 @@ int service_connection::exchange(std::int32_t func_id, const char* request, std:
         return code;
     }
     const turn mine(*this);
-    IPC_HEADER header;
+    ipc_header header;
     header.sequence = ++last_sequence_;
     header.func_id = func_id;
     header.host = host_number();
     code = send_request(header, request, request_length, deadline);
     char message[IPC_LONGEST_MESSAGE];
-    IPC_HEADER answer;
+    ipc_header answer;
     if (code == PLATFORM_OK) {
         code = receive_answer(header, message, answer, deadline);
     }
@@ -158,7 +158,7 @@ bool service_connection::wait_until_greeted(std::int64_t deadline) {
 /** Replies that nobody waits for any more are signs of life; anything else ends the connection. */
 void service_connection::take_what_came() {
     char message[IPC_LONGEST_MESSAGE];
-    IPC_HEADER header;
+    ipc_header header;
     for (int taken = 0; taken < MOST_LATE; ++taken) {
         const int code = receive_message(socket_.get(), message, header);
         if (code == PLATFORM_WOULD_BLOCK) {
@@ -178,7 +178,7 @@ void service_connection::probe(std::int64_t now) {
         return;
     }
     next_probe_ = now + PROBE_PAUSE;
-    IPC_HEADER header;
+    ipc_header header;
     header.kind = IPC_PROBE;
     header.sequence = ++last_sequence_;
     header.host = host_number();
@@ -199,7 +199,7 @@ int service_connection::make_ready(std::int64_t deadline) {
         return PLATFORM_OK;
     }
     char message[IPC_LONGEST_MESSAGE];
-    IPC_HEADER header;
+    ipc_header header;
     const int code = receive_whole(message, header, deadline);
     is_greeted_ = code == PLATFORM_OK && header.kind == IPC_GREETING;
     if (!is_greeted_ && code != PLATFORM_NO_ANSWER) {
@@ -208,7 +208,7 @@ int service_connection::make_ready(std::int64_t deadline) {
     return is_greeted_ ? PLATFORM_OK : PLATFORM_NOT_READY;
 }
 
-int service_connection::send_whole(const IPC_HEADER& header, const char* request, std::size_t request_length,
+int service_connection::send_whole(const ipc_header& header, const char* request, std::size_t request_length,
                                    std::int64_t deadline) {
     for (;;) {
         const int code = send_message(socket_.get(), header, request + IPC_HEADER_LENGTH,
@@ -224,7 +224,7 @@ int service_connection::send_whole(const IPC_HEADER& header, const char* request
 }
 
 /** A request that could not be handed over was not seen by the service: it may go again, once. */
-int service_connection::send_request(const IPC_HEADER& header, const char* request,
+int service_connection::send_request(const ipc_header& header, const char* request,
                                      std::size_t request_length, std::int64_t deadline) {
     int code = PLATFORM_CONNECTION_LOST;
     for (int attempt = 0; attempt < 2 && code == PLATFORM_CONNECTION_LOST; ++attempt) {
@@ -239,7 +239,7 @@ int service_connection::send_request(const IPC_HEADER& header, const char* reque
     return code;
 }
 
-int service_connection::receive_whole(char* message, IPC_HEADER& header, std::int64_t deadline) {
+int service_connection::receive_whole(char* message, ipc_header& header, std::int64_t deadline) {
     for (;;) {
         const int code = receive_message(socket_.get(), message, header);
         if (code != PLATFORM_WOULD_BLOCK) {
@@ -252,7 +252,7 @@ int service_connection::receive_whole(char* message, IPC_HEADER& header, std::in
 }
 
 /** A late reply, or one of another function, is not the answer. */
-int service_connection::receive_answer(const IPC_HEADER& request, char* message, IPC_HEADER& answer,
+int service_connection::receive_answer(const ipc_header& request, char* message, ipc_header& answer,
                                        std::int64_t deadline) {
     do {
         const int code = receive_whole(message, answer, deadline);

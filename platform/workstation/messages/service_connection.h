@@ -44,7 +44,7 @@ public:
                  unsigned int& reply_length);
 
 private:
-    enum USE { FREE, IN_CHECK, IN_EXCHANGE };
+    enum usage { FREE, IN_CHECK, IN_EXCHANGE };
 
     struct turn;
 
@@ -55,17 +55,17 @@ private:
     void take_what_came();
     void probe(std::int64_t now);
     int make_ready(std::int64_t deadline);
-    int send_whole(const IPC_HEADER& header, const char* request, std::size_t request_length,
+    int send_whole(const ipc_header& header, const char* request, std::size_t request_length,
                    std::int64_t deadline);
-    int send_request(const IPC_HEADER& header, const char* request, std::size_t request_length,
+    int send_request(const ipc_header& header, const char* request, std::size_t request_length,
                      std::int64_t deadline);
-    int receive_whole(char* message, IPC_HEADER& header, std::int64_t deadline);
-    int receive_answer(const IPC_HEADER& request, char* message, IPC_HEADER& answer, std::int64_t deadline);
+    int receive_whole(char* message, ipc_header& header, std::int64_t deadline);
+    int receive_answer(const ipc_header& request, char* message, ipc_header& answer, std::int64_t deadline);
 
     const std::string name_;
     std::mutex mutex_; ///< for the members before the blank line; the others belong to who has the turn
     std::condition_variable turn_ended_;
-    USE use_ = FREE;
+    usage use_ = FREE;
     bool was_ready_ = false; ///< when it was last free
     pid_t owner_ = 0;        ///< process that this object serves; a fork must not use what its parent made
 

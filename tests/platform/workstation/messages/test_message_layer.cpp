@@ -25,11 +25,11 @@ const std::string PAYLOAD = "twelve bytes";
 const std::string CLOSE = "close the connection";
 
 /** The messages that a service sends when it gets one; NOTHING and CLOSE do as they say. */
-using ANSWERS = std::vector<std::string>;
-const ANSWERS NOTHING;
-using BEHAVIOUR = std::function<ANSWERS(const IPC_HEADER& request)>;
+using answers = std::vector<std::string>;
+const answers NOTHING;
+using answering = std::function<answers(const ipc_header& request)>;
 
-std::string message_of(IPC_HEADER header, IPC_KIND kind, const std::string& payload) {
+std::string message_of(ipc_header header, ipc_kind kind, const std::string& payload) {
     header.kind = kind;
     header.length = static_cast<std::uint32_t>(IPC_HEADER_LENGTH + payload.size());
     std::string bytes(IPC_HEADER_LENGTH, '\0');
@@ -38,24 +38,24 @@ std::string message_of(IPC_HEADER header, IPC_KIND kind, const std::string& payl
 }
 
 /** A reply's payload begins with its function. */
-std::string reply_of(const IPC_HEADER& request, std::int32_t func_id, const std::string& payload = PAYLOAD) {
+std::string reply_of(const ipc_header& request, std::int32_t func_id, const std::string& payload = PAYLOAD) {
     std::string bytes(sizeof func_id, '\0');
     std::memcpy(&bytes[0], &func_id, sizeof func_id);
     return message_of(request, IPC_REPLY, bytes + payload);
 }
 
-std::string reply_well(const IPC_HEADER& request) {
+std::string reply_well(const ipc_header& request) {
     return reply_of(request, request.func_id);
 }
 
-ANSWERS answer_well(const IPC_HEADER& request) {
+answers answer_well(const ipc_header& request) {
     return {reply_well(request)};
 }
 
 /** A service in a thread: greets, and answers the requests of all connections by their number. */
 class scripted_service {
 public:
-    explicit scripted_service(std::vector<BEHAVIOUR> behaviours = {}, BEHAVIOUR afterwards = answer_well)
+    explicit scripted_service(std::vector<answering> behaviours = {}, answering afterwards = answer_well)
         : behaviours_(std::move(behaviours))
         , afterwards_(std::move(afterwards))
         , stop_(::eventfd(0, EFD_CLOEXEC)) {
@@ -88,11 +88,11 @@ private:
 
     bool answer_next(int socket) {
         char message[IPC_LONGEST_MESSAGE];
-        IPC_HEADER request;
+        ipc_header request;
         if (receive_message(socket, message, request) != PLATFORM_OK) {
             return false;
         }
-        const BEHAVIOUR& behaviour = next_ < behaviours_.size() ? behaviours_[next_] : afterwards_;
+        const answering& behaviour = next_ < behaviours_.size() ? behaviours_[next_] : afterwards_;
         ++next_;
         for (const std::string& answer : behaviour(request)) {
             if (answer == CLOSE || !send(socket, answer)) {
@@ -106,8 +106,8 @@ private:
         return ::send(socket, bytes.data(), bytes.size(), MSG_NOSIGNAL) >= 0;
     }
 
-    const std::vector<BEHAVIOUR> behaviours_;
-    const BEHAVIOUR afterwards_;
+    const std::vector<answering> behaviours_;
+    const answering afterwards_;
     std::size_t next_ = 0;
     file_descriptor stop_;
     message_listener listener_;
@@ -115,12 +115,12 @@ private:
 };
 
 /** A request with room for a reply of 88 bytes, and what became of it. */
-struct EXCHANGE {
+struct exchange {
     std::string reply = std::string(88, 'u');
     unsigned int reply_length = 88;
     long code = 0;
 
-    EXCHANGE() {
+    exchange() {
         char request[88] = {};
         velarion::bmc_mc_client client;
         code = client.bmc_mc_send_sync_message(1, 101, request, 88, &reply[0], &reply_length, NAME);
@@ -148,31 +148,31 @@ class test_message_layer : public scratch_platform {};
 TEST_F(test_message_layer, a_request_survives_every_misbehaviour_of_the_one_before) {
     const struct {
         const char* name;
-        BEHAVIOUR behaviour;
+        answering behaviour;
         long code;
     } rows[] = {
-        {"dies", [](auto) { return ANSWERS{CLOSE}; }, PLATFORM_CONNECTION_LOST},
-        {"garbage", [](auto) { return ANSWERS{std::string(88, 'x')}; }, PLATFORM_BAD_MESSAGE},
-        {"a few bytes", [](auto) { return ANSWERS{"x"}; }, PLATFORM_BAD_MESSAGE},
-        {"longer than any message", [](auto) { return ANSWERS{std::string(20000, 'x')}; },
+        {"dies", [](auto) { return answers{CLOSE}; }, PLATFORM_CONNECTION_LOST},
+        {"garbage", [](auto) { return answers{std::string(88, 'x')}; }, PLATFORM_BAD_MESSAGE},
+        {"a few bytes", [](auto) { return answers{"x"}; }, PLATFORM_BAD_MESSAGE},
+        {"longer than any message", [](auto) { return answers{std::string(20000, 'x')}; },
          PLATFORM_BAD_MESSAGE},
-        {"half a message", [](auto request) { return ANSWERS{reply_well(request).substr(0, 80)}; },
+        {"half a message", [](auto request) { return answers{reply_well(request).substr(0, 80)}; },
          PLATFORM_BAD_MESSAGE},
         {"notification for a reply",
-         [](auto request) { return ANSWERS{message_of(request, IPC_NOTIFICATION, PAYLOAD)}; },
+         [](auto request) { return answers{message_of(request, IPC_NOTIFICATION, PAYLOAD)}; },
          PLATFORM_BAD_MESSAGE},
         {"longer than the caller's buffer",
-         [](auto request) { return ANSWERS{reply_of(request, 101, PAYLOAD + "x")}; }, PLATFORM_TOO_LARGE},
+         [](auto request) { return answers{reply_of(request, 101, PAYLOAD + "x")}; }, PLATFORM_TOO_LARGE},
     };
     for (const auto& row : rows) {
         SCOPED_TRACE(row.name);
         const scripted_service service({row.behaviour});
         ASSERT_TRUE(becomes_ready());
-        const EXCHANGE bad;
+        const exchange bad;
         EXPECT_EQ(row.code, bad.code);
         EXPECT_TRUE(bad.is_untouched());
         ASSERT_TRUE(becomes_ready());
-        EXPECT_TRUE(EXCHANGE().is_answered());
+        EXPECT_TRUE(exchange().is_answered());
     }
 }
 
@@ -188,16 +188,16 @@ TEST_F(test_message_layer, what_is_not_the_answer_is_passed_over) {
                 {"of another function behind it", 0, 101, 103}};
     for (const auto& row : rows) {
         SCOPED_TRACE(row.name);
-        const scripted_service service({[&row](IPC_HEADER request) {
-            IPC_HEADER other = request;
+        const scripted_service service({[&row](ipc_header request) {
+            ipc_header other = request;
             other.sequence += row.later;
             other.func_id = row.header_func_id;
-            return ANSWERS{reply_of(other, row.func_id, "other bytes"),
+            return answers{reply_of(other, row.func_id, "other bytes"),
                            message_of(request, IPC_REPLY, ""), // of no function
                            reply_well(request)};
         }});
         ASSERT_TRUE(becomes_ready());
-        EXPECT_TRUE(EXCHANGE().is_answered());
+        EXPECT_TRUE(exchange().is_answered());
     }
 }
 
@@ -206,19 +206,19 @@ TEST_F(test_message_layer, a_service_that_did_not_answer_is_not_ready_until_it_i
     std::atomic<bool> speaks{false};
     std::string late_reply;
     const scripted_service service(
-        {[&](const IPC_HEADER& request) {
+        {[&](const ipc_header& request) {
             late_reply = reply_of(request, 101, "of the first");
             return NOTHING;
         }},
-        [&](const IPC_HEADER& request) {
+        [&](const ipc_header& request) {
             if (request.kind != IPC_PROBE) {
                 return answer_well(request);
             }
             ++probes;
-            return speaks ? ANSWERS{late_reply, message_of(request, IPC_PROBE, "")} : NOTHING;
+            return speaks ? answers{late_reply, message_of(request, IPC_PROBE, "")} : NOTHING;
         });
     ASSERT_TRUE(becomes_ready());
-    const EXCHANGE unanswered;
+    const exchange unanswered;
     EXPECT_EQ(unanswered.code, PLATFORM_NO_ANSWER);
     EXPECT_TRUE(unanswered.is_untouched());
     for (int turn = 0; turn < 10000 && probes < 3; ++turn) {
@@ -228,7 +228,7 @@ TEST_F(test_message_layer, a_service_that_did_not_answer_is_not_ready_until_it_i
     EXPECT_GE(probes, 3);
     speaks = true;
     ASSERT_TRUE(becomes_ready());
-    EXPECT_TRUE(EXCHANGE().is_answered());
+    EXPECT_TRUE(exchange().is_answered());
 }
 
 TEST_F(test_message_layer, the_first_check_of_a_process_waits_for_a_service_that_starts) {
@@ -248,13 +248,13 @@ TEST_F(test_message_layer, the_first_check_of_a_process_waits_for_a_service_that
 TEST_F(test_message_layer, a_check_does_not_wait_for_the_request_of_another_thread) {
     std::promise<void> asked;
     std::promise<void> has_checked;
-    const scripted_service service({[&](const IPC_HEADER& request) {
+    const scripted_service service({[&](const ipc_header& request) {
         asked.set_value();
         has_checked.get_future().wait();
         return answer_well(request);
     }});
     ASSERT_TRUE(becomes_ready());
-    std::thread asking([] { EXPECT_TRUE(EXCHANGE().is_answered()); });
+    std::thread asking([] { EXPECT_TRUE(exchange().is_answered()); });
     asked.get_future().wait();
     EXPECT_TRUE(is_ready());
     has_checked.set_value();
@@ -263,7 +263,7 @@ TEST_F(test_message_layer, a_check_does_not_wait_for_the_request_of_another_thre
 
 TEST_F(test_message_layer, readiness_is_the_truth) {
     EXPECT_FALSE(is_ready());
-    EXPECT_EQ(PLATFORM_NOT_READY, EXCHANGE().code);
+    EXPECT_EQ(PLATFORM_NOT_READY, exchange().code);
     EXPECT_FALSE(fs::exists(folder())) << "asking makes nothing";
     const std::string socket_file = folder() + "/run/" + NAME;
     EXPECT_EQ(0, run_in_process([] {
@@ -302,7 +302,7 @@ TEST_F(test_message_layer, arguments_and_names_that_cannot_be_are_refused) {
     EXPECT_EQ(PLATFORM_INVALID_ARGUMENT, send(nullptr, 88, &capacity));
     EXPECT_EQ(PLATFORM_INVALID_ARGUMENT, send(bytes.data(), 88, nullptr));
     EXPECT_EQ(PLATFORM_TOO_LARGE, send(bytes.data(), bytes.size(), &capacity));
-    EXPECT_TRUE(EXCHANGE().is_answered());
+    EXPECT_TRUE(exchange().is_answered());
 }
 
 TEST_F(test_message_layer, the_folders_are_private_and_their_path_of_any_length) {
@@ -312,7 +312,7 @@ TEST_F(test_message_layer, the_folders_are_private_and_their_path_of_any_length)
     {
         const scripted_service service;
         ASSERT_TRUE(becomes_ready());
-        EXPECT_TRUE(EXCHANGE().is_answered());
+        EXPECT_TRUE(exchange().is_answered());
         for (const std::string& made : {folder(), parent, parent + "/platform", run_folder}) {
             EXPECT_EQ(fs::perms::owner_all, fs::status(made).permissions()) << made;
         }
