@@ -1,6 +1,6 @@
 #include "device_client.h"
 
-#include "command.h"
+#include "command_line.h"
 #include "device_names.h"
 #include "dvc_pnl_dec_communication.h"
 #include "file_descriptor.h"

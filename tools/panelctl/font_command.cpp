@@ -1,5 +1,6 @@
 #include "command.h"
 
+#include "command_line.h"
 #include "display.h"
 #include "dvc_pnl_rmg_language_resource.h"
 #include "panel_session.h"
@@ -21,19 +22,6 @@ const QCommandLineOption& language_option() {
 }
 
 } // namespace
-
-bool read_language_option(const QCommandLineParser& parser, const QString& command,
-                          velarion::dvc_pnl_rmg_language_resource& language, int& language_id) {
-    bool is_id = true;
-    language_id = parser.isSet(QStringLiteral("language"))
-                      ? parser.value(QStringLiteral("language")).toInt(&is_id)
-                      : language.dvc_pnl_rmg_get_language_id();
-    if (!is_id) {
-        usage_fault(command, QStringLiteral("--language \"%1\" is no language id")
-                                 .arg(parser.value(QStringLiteral("language"))));
-    }
-    return is_id;
-}
 
 int run_font_command(const QStringList& arguments) {
     QCommandLineParser parser;

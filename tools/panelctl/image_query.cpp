@@ -1,6 +1,6 @@
 #include "image_query.h"
 
-#include "command.h"
+#include "command_line.h"
 #include "panel_session.h"
 
 #include <QSaveFile>

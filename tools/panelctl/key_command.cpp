@@ -1,5 +1,6 @@
 #include "command.h"
 
+#include "command_line.h"
 #include "device_client.h"
 #include "display.h"
 #include "dvc_pnl_dec_communication.h"

@@ -1,5 +1,6 @@
 #include "command.h"
 
+#include "command_line.h"
 #include "display.h"
 #include "dvc_pnl_rmg_language_resource.h"
 #include "keyboard_file.h"

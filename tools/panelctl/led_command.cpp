@@ -1,5 +1,6 @@
 #include "command.h"
 
+#include "command_line.h"
 #include "device_client.h"
 #include "device_names.h"
 #include "display.h"

@@ -1,6 +1,6 @@
 #include "panel_session.h"
 
-#include "command.h"
+#include "command_line.h"
 #include "dvc_pnl_rmg_language_resource.h"
 #include "dvc_pnl_rmg_standard_language_attribute_manager.h"
 

@@ -1,5 +1,6 @@
 #include "command.h"
 
+#include "command_line.h"
 #include "display.h"
 #include "platform_codes.h"
 #include "settings_database.h"

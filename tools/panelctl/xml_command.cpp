@@ -1,5 +1,6 @@
 #include "command.h"
 
+#include "command_line.h"
 #include "display.h"
 #include "dvc_pnl_rmg_image_resource_xml_handler.h"
 #include "dvc_pnl_rmg_language_resource_xml_handler.h"

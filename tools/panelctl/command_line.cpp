@@ -1,0 +1,93 @@
+#include "command_line.h"
+
+#include "display.h"
+#include "dvc_pnl_rmg_language_resource.h"
+
+#include <QCoreApplication>
+
+#include <algorithm>
+#include <cstdio>
+
+void report_fault(const QString& text) {
+    std::fprintf(stderr, "panelctl: %s\n", text.toUtf8().constData());
+}
+
+int usage_fault(const QString& command, const QString& fault) {
+    report_fault(QStringLiteral("%1; see panelctl %2 --help").arg(fault, command));
+    return EXIT_USAGE;
+}
+
+bool read_arguments(QCommandLineParser& parser, const QString& command, const QStringList& arguments,
+                    int& exit_code) {
+    const QCommandLineOption help(QStringList{QStringLiteral("h"), QStringLiteral("help")},
+                                  QStringLiteral("Shows this help."));
+    parser.addOption(help);
+    parser.addOption({QLatin1String(JSON_OPTION), QStringLiteral("Prints JSON.")});
+    if (!parser.parse(QStringList{QStringLiteral("panelctl ") + command} + arguments)) {
+        exit_code = usage_fault(command, parser.errorText());
+        return false;
+    }
+    if (parser.isSet(help)) {
+        const QString usage = QStringLiteral("Usage: ");
+        QString text = parser.helpText();
+        text.replace(usage + QCoreApplication::arguments().at(0),
+                     usage + QStringLiteral("panelctl ") + command);
+        print_line(text.trimmed());
+        exit_code = EXIT_FOUND;
+        return false;
+    }
+    return true;
+}
+
+bool read_options(QCommandLineParser& parser, const QString& command, const QStringList& arguments,
+                  int& exit_code) {
+    if (!read_arguments(parser, command, arguments, exit_code)) {
+        return false;
+    }
+    const QStringList words = parser.positionalArguments();
+    if (!words.isEmpty()) {
+        exit_code = usage_fault(command, QStringLiteral("unexpected \"%1\"").arg(words.first()));
+    }
+    return words.isEmpty();
+}
+
+bool read_number(const QString& command, const QString& text, qint64& number) {
+    bool is_number = false;
+    number = text.toLongLong(&is_number, text.startsWith(QLatin1String("0x")) ? 16 : 10);
+    if (!is_number) {
+        usage_fault(command, QStringLiteral("\"%1\" is not a whole number").arg(text));
+    }
+    return is_number;
+}
+
+bool read_language_option(const QCommandLineParser& parser, const QString& command,
+                          velarion::dvc_pnl_rmg_language_resource& language, int& language_id) {
+    bool is_id = true;
+    language_id = parser.isSet(QStringLiteral("language"))
+                      ? parser.value(QStringLiteral("language")).toInt(&is_id)
+                      : language.dvc_pnl_rmg_get_language_id();
+    if (!is_id) {
+        usage_fault(command, QStringLiteral("--language \"%1\" is no language id")
+                                 .arg(parser.value(QStringLiteral("language"))));
+    }
+    return is_id;
+}
+
+int run_action(const QCommandLineParser& parser, const QString& command, const char* default_action,
+               const command_action* actions, std::size_t count) {
+    QStringList words = parser.positionalArguments();
+    const QString name = words.isEmpty() ? QLatin1String(default_action) : words.takeFirst();
+    const command_action* end = actions + count;
+    const command_action* action = std::find_if(
+        actions, end, [&name](const command_action& each) { return name == QLatin1String(each.name); });
+    if (action == end) {
+        return usage_fault(command, QStringLiteral("unknown action \"%1\"").arg(name));
+    }
+    if (words.size() != action->argument_count) {
+        return usage_fault(command, QStringLiteral("%1 takes %2 words, not %3")
+                                        .arg(name)
+                                        .arg(action->argument_count)
+                                        .arg(words.size()));
+    }
+    return action->run(words, parser.isSet(QLatin1String(JSON_OPTION)));
+}
