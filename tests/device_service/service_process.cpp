@@ -1,6 +1,6 @@
 #include "service_process.h"
 
-#include "dvc_pnl_dec_communication.h"
+#include "device_client.h"
 
 #include <csignal>
 #include <string>
@@ -44,14 +44,9 @@ int service_process::wait() {
 }
 
 panel_device::device_message ask_service(std::int32_t func_id, const std::vector<std::int32_t>& values) {
-    std::vector<char> request = encode_message(panel_device::make_message(func_id, values), {});
-    char bytes[panel_platform::IPC_LONGEST_MESSAGE];
-    unsigned int length = sizeof bytes;
-    velarion::bmc_mc_client client;
-    client.bmc_mc_send_sync_message(1, func_id, request.data(), static_cast<unsigned int>(request.size()),
-                                    bytes, &length, velarion::DVC_PNL_DEC_SERVICE_NAME);
     panel_device::device_message reply;
-    if (decode_message(bytes, length, reply) != panel_device::DEVICE_OK) {
+    if (send_request(panel_device::make_message(func_id, values), reply) !=
+        panel_device::request_outcome::ANSWERED) {
         reply.result = -1;
     }
     return reply;

@@ -7,6 +7,7 @@
 
 #include <algorithm>
 #include <cstdio>
+#include <limits>
 
 void report_fault(const QString& text) {
     std::fprintf(stderr, "panelctl: %s\n", text.toUtf8().constData());
@@ -58,6 +59,19 @@ bool read_number(const QString& command, const QString& text, qint64& number) {
         usage_fault(command, QStringLiteral("\"%1\" is not a whole number").arg(text));
     }
     return is_number;
+}
+
+bool read_number(const QString& command, const QString& text, int& number) {
+    qint64 value = 0;
+    if (!read_number(command, text, value)) {
+        return false;
+    }
+    if (value < std::numeric_limits<int>::min() || value > std::numeric_limits<int>::max()) {
+        usage_fault(command, QStringLiteral("\"%1\" does not fit into 32 bits").arg(text));
+        return false;
+    }
+    number = static_cast<int>(value);
+    return true;
 }
 
 bool read_language_option(const QCommandLineParser& parser, const QString& command,

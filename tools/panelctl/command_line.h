@@ -61,6 +61,8 @@ int run_action(const QCommandLineParser& parser, const QString& command, const c
 
 /** Reads a whole number, decimal or "0x...". @return false after a fault, which is reported */
 bool read_number(const QString& command, const QString& text, qint64& number);
+/** The same for 32 bits. @param number  unchanged on failure */
+bool read_number(const QString& command, const QString& text, int& number);
 
 /** Reports a fault of usage. @return EXIT_USAGE */
 int usage_fault(const QString& command, const QString& fault);

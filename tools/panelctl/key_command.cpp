@@ -1,7 +1,7 @@
 #include "command.h"
 
 #include "command_line.h"
-#include "device_client.h"
+#include "device_request.h"
 #include "display.h"
 #include "dvc_pnl_dec_communication.h"
 
@@ -48,7 +48,7 @@ int run_key_command(const QStringList& arguments) {
         return usage_fault(COMMAND, QStringLiteral("\"press ID\" or \"release ID\" is needed"));
     }
     int key = 0;
-    if (!read_device_number(COMMAND, words.at(1), key)) {
+    if (!read_number(COMMAND, words.at(1), key)) {
         return EXIT_USAGE;
     }
     return send_key_event(key,

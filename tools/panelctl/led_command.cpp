@@ -1,8 +1,8 @@
 #include "command.h"
 
 #include "command_line.h"
-#include "device_client.h"
 #include "device_names.h"
+#include "device_request.h"
 #include "display.h"
 #include "dvc_pnl_dec_facade.h"
 #include "osw.h"
@@ -75,7 +75,7 @@ bool read_name(const QString& text, bool (*find)(const std::string&, int&), cons
                                  .arg(kind, text, QString::fromStdString(known)));
         return false;
     }
-    return read_device_number(COMMAND, text, number);
+    return read_number(COMMAND, text, number);
 }
 
 bool read_led(const QString& text, int& led) {
@@ -109,7 +109,7 @@ int set_all_leds_off(const QStringList&, bool) {
 int run_timer(const QStringList& arguments, bool) {
     int values[3] = {};
     for (int i = 0; i < 3; ++i) {
-        if (!read_device_number(COMMAND, arguments.at(i), values[i])) {
+        if (!read_number(COMMAND, arguments.at(i), values[i])) {
             return EXIT_USAGE;
         }
     }

@@ -3,6 +3,7 @@
 #include "command_line.h"
 #include "device_client.h"
 #include "device_names.h"
+#include "device_request.h"
 #include "display.h"
 
 #include <QJsonObject>
@@ -87,7 +88,7 @@ int crash_service() {
     if (exit_code != EXIT_FOUND) {
         return exit_code;
     }
-    send_to_device_service(make_message(CONTROL_SET_FAULT, {FAULT_CRASH_NOW, 0, 0}));
+    send_request(make_message(CONTROL_SET_FAULT, {FAULT_CRASH_NOW, 0, 0}), reply);
     return EXIT_FOUND;
 }
 
@@ -99,10 +100,10 @@ int run_fault_action(const fault_action& action, const QStringList& words) {
         return usage_fault(
             COMMAND, QStringLiteral("wrong number of words behind \"%1\"").arg(QLatin1String(action.name)));
     }
-    if (action.has_value && !read_device_number(COMMAND, words.at(0), value)) {
+    if (action.has_value && !read_number(COMMAND, words.at(0), value)) {
         return EXIT_USAGE;
     }
-    if (words.size() > first_optional && !read_device_number(COMMAND, words.at(first_optional), requests)) {
+    if (words.size() > first_optional && !read_number(COMMAND, words.at(first_optional), requests)) {
         return EXIT_USAGE;
     }
     return order_fault(action.kind, value, requests);
