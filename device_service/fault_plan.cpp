@@ -1,5 +1,9 @@
 #include "fault_plan.h"
 
+#include "service_log.h"
+
+#include <csignal>
+
 namespace panel_device {
 
 device_result fault_plan::set(std::int32_t kind, std::int32_t value, std::int32_t requests) {
@@ -20,6 +24,13 @@ fault_kind fault_plan::take() {
         kind_ = FAULT_NONE;
     }
     return kind;
+}
+
+[[noreturn]] void crash() {
+    write_log(SERVICE_LOG_WARNING, "crashing, as ordered");
+    for (;;) {
+        std::raise(SIGKILL);
+    }
 }
 
 } // namespace panel_device

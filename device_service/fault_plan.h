@@ -32,6 +32,9 @@ private:
     std::int32_t requests_ = 0;
 };
 
+/** Ends the service as if killed, as FAULT_CRASH and FAULT_CRASH_NOW order. */
+[[noreturn]] void crash();
+
 } // namespace panel_device
 
 #endif

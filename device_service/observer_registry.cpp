@@ -17,6 +17,10 @@ struct is_of {
 
 } // namespace
 
+observer_owner owner_of(std::uint64_t host, std::uint32_t connection) {
+    return {host, host == 0 ? connection : 0};
+}
+
 device_result observer_registry::add(const key_observer& observer) {
     const is_of is_of_owner = {observer.owner};
     const auto is_same = [&](const key_observer& other) {

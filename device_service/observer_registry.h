@@ -18,6 +18,9 @@ struct observer_owner {
     std::uint32_t connection; ///< 0 where there is a host
 };
 
+/** @param host  number of the host that sent something on the connection; 0: it has none */
+observer_owner owner_of(std::uint64_t host, std::uint32_t connection);
+
 /** A key observer that was registered. */
 struct key_observer {
     observer_owner owner;
