@@ -21,6 +21,63 @@ const QCommandLineOption& language_option() {
     return option;
 }
 
+/** What a language is shown in. */
+struct language_font {
+    QString family;
+    QString shown; ///< the family of this workstation in its place
+    int point_size = 0;
+    const char* name = nullptr; ///< as the library names the font; null when it does not
+};
+
+language_font read_font(velarion::dvc_pnl_rmg_language_resource& language, int language_id) {
+    const QFont font = language.dvc_pnl_rmg_get_font(language_id);
+    return {font.family(), QFontInfo(font).family(), font.pointSize(),
+            language.dvc_pnl_rmg_get_font_name(language_id)};
+}
+
+QJsonObject to_json(const language_font& font, int language_id) {
+    return {{QStringLiteral("language"), language_id},
+            {QStringLiteral("family"), font.family},
+            {QStringLiteral("shown_as"), font.shown},
+            {QStringLiteral("point_size"), font.point_size},
+            {QStringLiteral("name"), font.name ? QJsonValue(QString::fromUtf8(font.name)) : QJsonValue()}};
+}
+
+QString describe_font(const language_font& font) {
+    return QStringLiteral("%1, %2 points%3")
+        .arg(font.family)
+        .arg(font.point_size)
+        .arg(font.shown == font.family ? QString() : QStringLiteral(" (shown as %1)").arg(font.shown));
+}
+
+/** Reads the one word. @return false after a fault, which is reported */
+bool read_attribute_number(const QCommandLineParser& parser, int& attribute) {
+    bool is_number = false;
+    attribute = parser.positionalArguments().value(0).toInt(&is_number);
+    if (parser.positionalArguments().size() != 1 || !is_number) {
+        usage_fault(ATTRIBUTE_COMMAND, QStringLiteral("takes one attribute number"));
+        return false;
+    }
+    return true;
+}
+
+int show_attribute(velarion::dvc_pnl_rmg_language_resource& language, int language_id, int attribute,
+                   bool as_json) {
+    int value = 0;
+    const bool is_read = language.dvc_pnl_rmg_get_language_attribute(language_id, attribute, value);
+    if (as_json) {
+        print_json(QJsonDocument(QJsonObject{{QStringLiteral("language"), language_id},
+                                             {QStringLiteral("attribute"), attribute},
+                                             {QStringLiteral("found"), is_read},
+                                             {QStringLiteral("value"), value}}));
+    } else if (is_read) {
+        print_line(QString::number(value));
+    } else {
+        report_fault(QStringLiteral("language %1 has no attribute %2").arg(language_id).arg(attribute));
+    }
+    return is_read ? EXIT_FOUND : EXIT_NOT_FOUND;
+}
+
 } // namespace
 
 int run_font_command(const QStringList& arguments) {
@@ -38,23 +95,11 @@ int run_font_command(const QStringList& arguments) {
     if (!read_language_option(parser, FONT_COMMAND, session.language(), language_id)) {
         return EXIT_USAGE;
     }
-    const QFont font = session.language().dvc_pnl_rmg_get_font(language_id);
-    const char* name = session.language().dvc_pnl_rmg_get_font_name(language_id);
-    const QString shown = QFontInfo(font).family();
+    const language_font font = read_font(session.language(), language_id);
     if (parser.isSet(QLatin1String(JSON_OPTION))) {
-        QJsonObject object{{QStringLiteral("language"), language_id},
-                           {QStringLiteral("family"), font.family()},
-                           {QStringLiteral("shown_as"), shown},
-                           {QStringLiteral("point_size"), font.pointSize()}};
-        object.insert(QStringLiteral("name"),
-                      name == nullptr ? QJsonValue() : QJsonValue(QString::fromUtf8(name)));
-        print_json(QJsonDocument(object));
+        print_json(QJsonDocument(to_json(font, language_id)));
     } else {
-        print_line(
-            QStringLiteral("%1, %2 points%3")
-                .arg(font.family())
-                .arg(font.pointSize())
-                .arg(shown == font.family() ? QString() : QStringLiteral(" (shown as %1)").arg(shown)));
+        print_line(describe_font(font));
     }
     return EXIT_FOUND;
 }
@@ -70,27 +115,15 @@ int run_attribute_command(const QStringList& arguments) {
     if (!read_arguments(parser, ATTRIBUTE_COMMAND, arguments, exit_code)) {
         return exit_code;
     }
-    bool is_number = false;
-    const int attribute = parser.positionalArguments().value(0).toInt(&is_number);
-    if (parser.positionalArguments().size() != 1 || !is_number) {
-        return usage_fault(ATTRIBUTE_COMMAND, QStringLiteral("takes one attribute number"));
+    int attribute = 0;
+    if (!read_attribute_number(parser, attribute)) {
+        return EXIT_USAGE;
     }
     panel_session session;
     int language_id = 0;
     if (!read_language_option(parser, ATTRIBUTE_COMMAND, session.language(), language_id)) {
         return EXIT_USAGE;
     }
-    int value = 0;
-    const bool is_read = session.language().dvc_pnl_rmg_get_language_attribute(language_id, attribute, value);
-    if (parser.isSet(QLatin1String(JSON_OPTION))) {
-        print_json(QJsonDocument(QJsonObject{{QStringLiteral("language"), language_id},
-                                             {QStringLiteral("attribute"), attribute},
-                                             {QStringLiteral("found"), is_read},
-                                             {QStringLiteral("value"), value}}));
-    } else if (is_read) {
-        print_line(QString::number(value));
-    } else {
-        report_fault(QStringLiteral("language %1 has no attribute %2").arg(language_id).arg(attribute));
-    }
-    return is_read ? EXIT_FOUND : EXIT_NOT_FOUND;
+    return show_attribute(session.language(), language_id, attribute,
+                          parser.isSet(QLatin1String(JSON_OPTION)));
 }

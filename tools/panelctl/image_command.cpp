@@ -13,6 +13,8 @@ namespace {
 const QString IMAGE_COMMAND = QStringLiteral("image");
 const QString IMAGES_COMMAND = QStringLiteral("images");
 
+using image_rows = std::vector<const DVC_PNL_RMG_IMPL_IMAGE_NAME*>;
+
 QJsonObject to_json(const delivered_image& image, const QString& id) {
     return {{QStringLiteral("id"), id},
             {QStringLiteral("result"), image.result},
@@ -44,10 +46,7 @@ int deliver(const QString& id, const QString& suffix, const QSize& size, const Q
     return is_found ? EXIT_FOUND : EXIT_NOT_FOUND;
 }
 
-} // namespace
-
-int run_image_command(const QStringList& arguments) {
-    QCommandLineParser parser;
+void describe_image_arguments(QCommandLineParser& parser) {
     parser.setApplicationDescription(QStringLiteral(
         "Asks the library for one picture and writes it as PNG. ID is a number of the image table "
         "or a file name.\nPrints the result code, the name under which the picture was found, and "
@@ -61,19 +60,55 @@ int run_image_command(const QStringList& arguments) {
         {QStringList{QStringLiteral("o"), QStringLiteral("output")}, QStringLiteral("PNG file to write."),
          QStringLiteral("FILE")},
     });
+}
+
+/** @param size  receives what --size asks for. @return what is wrong; empty when nothing is */
+QString find_fault(const QCommandLineParser& parser, QSize& size) {
+    if (parser.positionalArguments().size() != 1) {
+        return QStringLiteral("one image identifier is needed");
+    }
+    if (!parser.isSet(QStringLiteral("o"))) {
+        return QStringLiteral("-o FILE is missing");
+    }
+    if (parser.isSet(QStringLiteral("size")) && !read_size(parser.value(QStringLiteral("size")), size)) {
+        return QStringLiteral("--size takes WIDTHxHEIGHT in pixels");
+    }
+    return {};
+}
+
+void print_rows_as_json(const image_rows& images) {
+    QJsonArray rows;
+    for (const DVC_PNL_RMG_IMPL_IMAGE_NAME* image : images) {
+        rows.append(QJsonObject{{QStringLiteral("id"), image->image_id},
+                                {QStringLiteral("name"), QString::fromUtf8(image->image_name)},
+                                {QStringLiteral("file"), QString::fromUtf8(image->file_name)}});
+    }
+    print_json(QJsonDocument(rows));
+}
+
+void print_rows(const image_rows& images) {
+    std::vector<QStringList> rows;
+    for (const DVC_PNL_RMG_IMPL_IMAGE_NAME* image : images) {
+        const QString file = QString::fromUtf8(image->file_name);
+        rows.push_back({QString::number(image->image_id), QString::fromUtf8(image->image_name),
+                        file.trimmed().isEmpty() ? QStringLiteral("(no picture)") : file});
+    }
+    print_table(rows);
+}
+
+} // namespace
+
+int run_image_command(const QStringList& arguments) {
+    QCommandLineParser parser;
+    describe_image_arguments(parser);
     int exit_code = EXIT_FOUND;
     if (!read_arguments(parser, IMAGE_COMMAND, arguments, exit_code)) {
         return exit_code;
     }
-    if (parser.positionalArguments().size() != 1) {
-        return usage_fault(IMAGE_COMMAND, QStringLiteral("one image identifier is needed"));
-    }
-    if (!parser.isSet(QStringLiteral("o"))) {
-        return usage_fault(IMAGE_COMMAND, QStringLiteral("-o FILE is missing"));
-    }
     QSize size(0, 0);
-    if (parser.isSet(QStringLiteral("size")) && !read_size(parser.value(QStringLiteral("size")), size)) {
-        return usage_fault(IMAGE_COMMAND, QStringLiteral("--size takes WIDTHxHEIGHT in pixels"));
+    const QString fault = find_fault(parser, size);
+    if (!fault.isEmpty()) {
+        return usage_fault(IMAGE_COMMAND, fault);
     }
     return deliver(parser.positionalArguments().at(0), parser.value(QStringLiteral("suffix")), size,
                    parser.value(QStringLiteral("o")), parser.isSet(QLatin1String(JSON_OPTION)));
@@ -91,25 +126,14 @@ int run_images_command(const QStringList& arguments) {
     if (!read_options(parser, IMAGES_COMMAND, arguments, exit_code)) {
         return exit_code;
     }
-    const std::vector<const DVC_PNL_RMG_IMPL_IMAGE_NAME*> images =
-        find_images(parser.value(QStringLiteral("filter")));
+    const image_rows images = find_images(parser.value(QStringLiteral("filter")));
     if (images.empty()) {
         report_no_match(parser.value(QStringLiteral("filter")));
     }
-    std::vector<QStringList> rows;
-    QJsonArray rows_as_json;
-    for (const DVC_PNL_RMG_IMPL_IMAGE_NAME* image : images) {
-        const QString file = QString::fromUtf8(image->file_name);
-        rows.push_back({QString::number(image->image_id), QString::fromUtf8(image->image_name),
-                        file.trimmed().isEmpty() ? QStringLiteral("(no picture)") : file});
-        rows_as_json.append(QJsonObject{{QStringLiteral("id"), image->image_id},
-                                        {QStringLiteral("name"), QString::fromUtf8(image->image_name)},
-                                        {QStringLiteral("file"), file}});
-    }
     if (parser.isSet(QLatin1String(JSON_OPTION))) {
-        print_json(QJsonDocument(rows_as_json));
+        print_rows_as_json(images);
     } else {
-        print_table(rows);
+        print_rows(images);
     }
     return images.empty() ? EXIT_NOT_FOUND : EXIT_FOUND;
 }

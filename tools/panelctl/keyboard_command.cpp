@@ -168,6 +168,22 @@ void print_report(const keyboard_report& report) {
     }
 }
 
+/** @return the exit code; a report without a keyboard is printed all the same */
+int show_report(const keyboard_report& report, bool as_json) {
+    if (as_json) {
+        print_report_as_json(report);
+    } else {
+        print_report(report);
+    }
+    if (report.keyboards.empty()) {
+        report_fault(QStringLiteral("%1 lists no keyboard of language %2")
+                         .arg(report.information_path)
+                         .arg(report.language_id));
+        return EXIT_NOT_FOUND;
+    }
+    return EXIT_FOUND;
+}
+
 } // namespace
 
 int run_keyboard_command(const QStringList& arguments) {
@@ -191,16 +207,5 @@ int run_keyboard_command(const QStringList& arguments) {
         report_fault(fault);
         return EXIT_SERVICE;
     }
-    if (parser.isSet(QLatin1String(JSON_OPTION))) {
-        print_report_as_json(report);
-    } else {
-        print_report(report);
-    }
-    if (report.keyboards.empty()) {
-        report_fault(QStringLiteral("%1 lists no keyboard of language %2")
-                         .arg(report.information_path)
-                         .arg(report.language_id));
-        return EXIT_NOT_FOUND;
-    }
-    return EXIT_FOUND;
+    return show_report(report, parser.isSet(QLatin1String(JSON_OPTION)));
 }

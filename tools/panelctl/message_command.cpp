@@ -156,6 +156,29 @@ void describe_arguments(QCommandLineParser& parser) {
     });
 }
 
+/** Prints what is found under the keys. @return the exit code */
+int show_messages(dvc_pnl_rmg_language_resource& language, const QStringList& keys,
+                  const std::vector<int>& ids, bool as_json) {
+    int exit_code = EXIT_FOUND;
+    QJsonArray entries;
+    for (const QString& key : keys) {
+        const message_entry entry = look_up(language, key, ids);
+        if (!entry.is_found) {
+            exit_code = std::max(exit_code, entry.exit_code);
+            report_missing(entry);
+        }
+        if (as_json) {
+            entries.append(to_json(entry));
+        } else if (entry.is_found) {
+            print_entry(entry);
+        }
+    }
+    if (as_json) {
+        print_json(QJsonDocument(entries));
+    }
+    return exit_code;
+}
+
 } // namespace
 
 int run_message_command(const QStringList& arguments) {
@@ -174,21 +197,6 @@ int run_message_command(const QStringList& arguments) {
     if (!choose_languages(parser, session.language(), ids, fault)) {
         return usage_fault(COMMAND, fault);
     }
-    QJsonArray entries;
-    for (const QString& key : parser.positionalArguments()) {
-        const message_entry entry = look_up(session.language(), key, ids);
-        if (!entry.is_found) {
-            exit_code = std::max(exit_code, entry.exit_code);
-            report_missing(entry);
-        }
-        if (parser.isSet(QLatin1String(JSON_OPTION))) {
-            entries.append(to_json(entry));
-        } else if (entry.is_found) {
-            print_entry(entry);
-        }
-    }
-    if (parser.isSet(QLatin1String(JSON_OPTION))) {
-        print_json(QJsonDocument(entries));
-    }
-    return exit_code;
+    return show_messages(session.language(), parser.positionalArguments(), ids,
+                         parser.isSet(QLatin1String(JSON_OPTION)));
 }

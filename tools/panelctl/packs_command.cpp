@@ -14,6 +14,8 @@
 #include <QJsonArray>
 #include <QJsonObject>
 
+#include <algorithm>
+
 namespace {
 
 using pack_manager = velarion::dvc_pnl_rmg_option_language_attribute_manager;
@@ -96,6 +98,34 @@ QStringList to_row(const slot_state& slot) {
             slot.path};
 }
 
+std::vector<slot_state> read_slots() {
+    const velarion::dvc_pnl_rmg_standard_language_attribute_manager font_directory;
+    pack_manager packs;
+    std::vector<slot_state> states;
+    for (int number = 1; number <= pack_manager::OPTION_LANGUAGE_MEMBER_NUM; ++number) {
+        states.push_back(read_slot(packs, number));
+    }
+    return states;
+}
+
+void print_slots_as_json(const std::vector<slot_state>& states) {
+    QJsonArray states_as_json;
+    for (const slot_state& slot : states) {
+        states_as_json.append(to_json(slot));
+    }
+    print_json(QJsonDocument(states_as_json));
+}
+
+void print_slots(const std::vector<slot_state>& states) {
+    std::vector<QStringList> rows{
+        {QStringLiteral("slot"), QStringLiteral("language"), QStringLiteral("state"), QStringLiteral("rows"),
+         QStringLiteral("direction"), QStringLiteral("font family"), QStringLiteral("folder")}};
+    for (const slot_state& slot : states) {
+        rows.push_back(to_row(slot));
+    }
+    print_table(rows);
+}
+
 } // namespace
 
 int run_packs_command(const QStringList& arguments) {
@@ -110,24 +140,14 @@ int run_packs_command(const QStringList& arguments) {
     }
     report_missing_device_tree();
     const font_command_silence silence;
-    const velarion::dvc_pnl_rmg_standard_language_attribute_manager font_directory;
-    pack_manager packs;
-    std::vector<QStringList> rows{
-        {QStringLiteral("slot"), QStringLiteral("language"), QStringLiteral("state"), QStringLiteral("rows"),
-         QStringLiteral("direction"), QStringLiteral("font family"), QStringLiteral("folder")}};
-    QJsonArray slots_as_json;
-    for (int number = 1; number <= pack_manager::OPTION_LANGUAGE_MEMBER_NUM; ++number) {
-        const slot_state slot = read_slot(packs, number);
-        if (slot.language_id != 0 && !slot.loads) {
-            exit_code = EXIT_NOT_FOUND;
-        }
-        rows.push_back(to_row(slot));
-        slots_as_json.append(to_json(slot));
-    }
+    const std::vector<slot_state> states = read_slots();
     if (parser.isSet(QLatin1String(JSON_OPTION))) {
-        print_json(QJsonDocument(slots_as_json));
+        print_slots_as_json(states);
     } else {
-        print_table(rows);
+        print_slots(states);
     }
-    return exit_code;
+    const bool is_complete = std::all_of(states.begin(), states.end(), [](const slot_state& slot) {
+        return slot.language_id == 0 || slot.loads;
+    });
+    return is_complete ? EXIT_FOUND : EXIT_NOT_FOUND;
 }

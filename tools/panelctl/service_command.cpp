@@ -21,7 +21,7 @@ struct fault_action {
     bool has_value;
 };
 
-const fault_action FAULTS[] = {
+constexpr fault_action FAULTS[] = {
     {"normal", FAULT_NONE, false}, {"delay", FAULT_DELAY, true},          {"drop", FAULT_DROP, false},
     {"fail", FAULT_FAIL, true},    {"crash-at-next", FAULT_CRASH, false},
 };
@@ -109,10 +109,7 @@ int run_fault_action(const fault_action& action, const QStringList& words) {
     return order_fault(action.kind, value, requests);
 }
 
-} // namespace
-
-int run_service_command(const QStringList& arguments) {
-    QCommandLineParser parser;
+void describe_arguments(QCommandLineParser& parser) {
     parser.setApplicationDescription(QStringLiteral(
         "Shows the panel device service and lets it misbehave, to see how hosts bear it. The faults are for "
         "the\n"
@@ -127,6 +124,13 @@ int run_service_command(const QStringList& arguments) {
         "  normal                         no fault any more"));
     parser.addPositionalArgument(QStringLiteral("action"), QStringLiteral("What to do."),
                                  QStringLiteral("[ACTION [ARGUMENT...]]"));
+}
+
+} // namespace
+
+int run_service_command(const QStringList& arguments) {
+    QCommandLineParser parser;
+    describe_arguments(parser);
     int exit_code = EXIT_FOUND;
     if (!read_arguments(parser, COMMAND, arguments, exit_code)) {
         return exit_code;

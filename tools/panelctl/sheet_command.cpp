@@ -84,12 +84,16 @@ private:
             painter.drawText(frame, Qt::AlignCenter, QStringLiteral("no picture"));
         }
         const QRect label(corner.x(), frame.bottom() + 4, grid_.cell_width() - MARGIN, LABEL_HEIGHT);
+        draw_label(painter, label, row);
+    }
+
+    static void draw_label(QPainter& painter, const QRect& place, const DVC_PNL_RMG_IMPL_IMAGE_NAME& row) {
         painter.setPen(FOREGROUND);
         QString name = QString::fromUtf8(row.file_name);
         name.replace(QLatin1Char('_'), QStringLiteral("_\u200b")); // where a line may end
         QTextOption wrapped;
         wrapped.setWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
-        painter.drawText(label, QStringLiteral("%1 %2").arg(row.image_id).arg(name), wrapped);
+        painter.drawText(place, QStringLiteral("%1 %2").arg(row.image_id).arg(name), wrapped);
     }
 
     /**
@@ -149,10 +153,7 @@ int draw_sheets(const std::vector<image_row>& rows, int size, const QString& fil
     return EXIT_FOUND;
 }
 
-} // namespace
-
-int run_sheet_command(const QStringList& arguments) {
-    QCommandLineParser parser;
+void describe_arguments(QCommandLineParser& parser) {
     parser.setApplicationDescription(QStringLiteral(
         "Draws a contact sheet: the pictures of the image table with their numbers and files, on "
         "the panel's\nbackground. Many pictures fill several pages, FILE-01.png and so on. Ends with 1, and "
@@ -167,6 +168,13 @@ int run_sheet_command(const QStringList& arguments) {
         {QStringLiteral("size"), QStringLiteral("Edge of a picture in pixels, 16 to 512; default 96."),
          QStringLiteral("N"), QStringLiteral("96")},
     });
+}
+
+} // namespace
+
+int run_sheet_command(const QStringList& arguments) {
+    QCommandLineParser parser;
+    describe_arguments(parser);
     int exit_code = EXIT_FOUND;
     if (!read_arguments(parser, COMMAND, arguments, exit_code)) {
         return exit_code;

@@ -85,6 +85,26 @@ void print_map(const std::map<std::string, VALUE>& contents, bool is_complete, b
     print_table(rows);
 }
 
+/** @return whether all of the documents was read */
+bool show_messages(const QStringList& paths, bool as_json) {
+    velarion::dvc_pnl_rmg_xml_parameter collector;
+    const bool is_complete = collect<velarion::dvc_pnl_rmg_language_resource_xml_handler>(paths, collector);
+    std::map<std::string, int> contents;
+    collector.dvc_pnl_rmg_xml_set_language_contens(contents);
+    print_map(contents, is_complete, as_json);
+    return is_complete;
+}
+
+/** @return whether all of the documents was read */
+bool show_images(const QStringList& paths, bool as_json) {
+    velarion::dvc_pnl_rmg_xml_parameter collector;
+    const bool is_complete = collect<velarion::dvc_pnl_rmg_image_resource_xml_handler>(paths, collector);
+    std::map<std::string, std::string> contents;
+    collector.dvc_pnl_rmg_xml_set_image_contens(contents);
+    print_map(contents, is_complete, as_json);
+    return is_complete;
+}
+
 /** Brings the elements of a document, with their attributes, to a string collector. */
 class string_document : public dvc_pnl_utl_xml_parameter_handler,
                         public velarion::dvc_pnl_utl_xml_handler_base {
@@ -122,6 +142,30 @@ bool find_string(velarion::dvc_pnl_rmg_xml_perform& strings, const QString& id, 
     return first == second;
 }
 
+/** Prints the texts of a document that have these names. @return the exit code */
+int show_strings(const QString& file, const QStringList& names, bool as_json) {
+    velarion::dvc_pnl_rmg_xml_perform strings;
+    string_document document(strings);
+    int exit_code = read_document(document, document, file) ? EXIT_FOUND : EXIT_SERVICE;
+    QJsonObject texts;
+    for (const QString& name : names) {
+        QString text;
+        if (find_string(strings, name, text)) {
+            texts.insert(name, text);
+            if (!as_json) {
+                print_line(text);
+            }
+        } else {
+            report_fault(QStringLiteral("there is no string \"%1\"").arg(name));
+            exit_code = exit_code == EXIT_FOUND ? EXIT_NOT_FOUND : exit_code;
+        }
+    }
+    if (as_json) {
+        print_json(QJsonDocument(texts));
+    }
+    return exit_code;
+}
+
 } // namespace
 
 int run_xml_command(const QStringList& arguments) {
@@ -145,19 +189,7 @@ int run_xml_command(const QStringList& arguments) {
         return usage_fault(XML_COMMAND, QStringLiteral("takes \"messages\" or \"images\" and files"));
     }
     const bool as_json = parser.isSet(QLatin1String(JSON_OPTION));
-    velarion::dvc_pnl_rmg_xml_parameter collector;
-    bool is_complete = false;
-    if (is_messages) {
-        is_complete = collect<velarion::dvc_pnl_rmg_language_resource_xml_handler>(words, collector);
-        std::map<std::string, int> contents;
-        collector.dvc_pnl_rmg_xml_set_language_contens(contents);
-        print_map(contents, is_complete, as_json);
-    } else {
-        is_complete = collect<velarion::dvc_pnl_rmg_image_resource_xml_handler>(words, collector);
-        std::map<std::string, std::string> contents;
-        collector.dvc_pnl_rmg_xml_set_image_contens(contents);
-        print_map(contents, is_complete, as_json);
-    }
+    const bool is_complete = is_messages ? show_messages(words, as_json) : show_images(words, as_json);
     return is_complete ? EXIT_FOUND : EXIT_SERVICE;
 }
 
@@ -176,26 +208,6 @@ int run_strings_command(const QStringList& arguments) {
     if (words.size() < 2) {
         return usage_fault(STRINGS_COMMAND, QStringLiteral("takes a file and the names of strings"));
     }
-    velarion::dvc_pnl_rmg_xml_perform strings;
-    string_document document(strings);
-    if (!read_document(document, document, words.takeFirst())) {
-        exit_code = EXIT_SERVICE;
-    }
-    QJsonObject texts;
-    for (const QString& id : words) {
-        QString text;
-        if (find_string(strings, id, text)) {
-            texts.insert(id, text);
-            if (!parser.isSet(QLatin1String(JSON_OPTION))) {
-                print_line(text);
-            }
-        } else {
-            report_fault(QStringLiteral("there is no string \"%1\"").arg(id));
-            exit_code = exit_code == EXIT_FOUND ? EXIT_NOT_FOUND : exit_code;
-        }
-    }
-    if (parser.isSet(QLatin1String(JSON_OPTION))) {
-        print_json(QJsonDocument(texts));
-    }
-    return exit_code;
+    const QString file = words.takeFirst();
+    return show_strings(file, words, parser.isSet(QLatin1String(JSON_OPTION)));
 }
