@@ -6,13 +6,13 @@ namespace panel_device {
 
 namespace {
 
-const std::int32_t SLOW_HALF = 500; // milliseconds
-const std::int32_t FAST_HALF = 125;
-const std::int32_t SHORTEST_TIME = 10;
-const std::int32_t LONGEST_TIME = 60000;
-const std::int32_t MOST_CYCLES = 1000000;
-const std::int64_t NEVER = -1;
-const std::int32_t PRINT_SERVICE = velarion::DVC_PNL_DEC_LED_PRINT_SERVICE;
+constexpr std::int32_t SLOW_HALF = 500; // milliseconds
+constexpr std::int32_t FAST_HALF = 125;
+constexpr std::int32_t SHORTEST_TIME = 10;
+constexpr std::int32_t LONGEST_TIME = 60000;
+constexpr std::int32_t MOST_CYCLES = 1000000;
+constexpr std::int64_t NEVER = -1;
+constexpr std::int32_t PRINT_SERVICE = velarion::DVC_PNL_DEC_LED_PRINT_SERVICE;
 
 bool is_time(std::int32_t time) {
     return time >= SHORTEST_TIME && time <= LONGEST_TIME;

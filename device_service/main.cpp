@@ -20,7 +20,7 @@ using namespace panel_device;
 
 enum exit_status : int { EXIT_DONE = 0, EXIT_USAGE = 2, EXIT_FAULT = 3 };
 
-const char HELP[] =
+constexpr char HELP[] =
     "panel_device_service - the hardware of the operation panel, for the processes of one user\n"
     "\n"
     "Usage: panel_device_service [OPTION...]\n"

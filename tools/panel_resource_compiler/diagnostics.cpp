@@ -5,7 +5,7 @@
 namespace {
 
 /** A catalogue that is wholly wrong must not flood the terminal. */
-const std::size_t MOST_SHOWN = 200;
+constexpr std::size_t MOST_SHOWN = 200;
 
 } // namespace
 

@@ -6,7 +6,7 @@
 #include <array>
 #include <map>
 
-const char WARNING_EXTENSIONS[] = "extensions";
+constexpr char WARNING_EXTENSIONS[] = "extensions";
 
 namespace {
 

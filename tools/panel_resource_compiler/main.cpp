@@ -21,7 +21,7 @@ const std::string ERROR_CLASS = "-Werror=";
 const std::array<const char*, 4> WARNING_CLASSES = {WARNING_PLACEHOLDERS, WARNING_FONTS, WARNING_EXTENSIONS,
                                                     WARNING_STANDARD};
 
-const char HELP[] =
+constexpr char HELP[] =
     R"(panel_resource_compiler - turns the panel's catalogue into what the library loads
 
 Usage:
@@ -94,7 +94,7 @@ bool read_option(const std::vector<std::string>& arguments, std::size_t& i, comm
                          : argument == "--pack"    ? &line.pack
                          : argument == "--output"  ? &line.output
                                                    : nullptr;
-    if (value == nullptr) {
+    if (!value) {
         fault = "unknown option \"" + argument + "\"";
         return false;
     }

@@ -8,12 +8,12 @@
 const std::array<const char*, DVC_PNL_RMG_STANDARD_LANGUAGE_COUNT> STANDARD_LANGUAGE_NAMES = {
     "ja", "en", "de", "fr", "es", "it", "nl", "ru"};
 
-const char WARNING_PLACEHOLDERS[] = "placeholders";
+constexpr char WARNING_PLACEHOLDERS[] = "placeholders";
 
 namespace {
 
-const std::int32_t FIRST_MESSAGE_ROW = 1;
-const std::int32_t FIRST_TEXT_ROW = 2;
+constexpr std::int32_t FIRST_MESSAGE_ROW = 1;
+constexpr std::int32_t FIRST_TEXT_ROW = 2;
 
 bool is_printable_ascii_or_tab(const std::string& name) {
     return std::all_of(name.begin(), name.end(), [](char c) { return c == '\t' || (c >= ' ' && c <= '~'); });

@@ -4,8 +4,9 @@
 
 namespace {
 
-const char PREAMBLE[] = "// Made by panel_resource_compiler from the message catalogue; changes are lost.\n"
-                        "#include \"dvc_pnl_rmg_message_table.h\"\n\n";
+constexpr char PREAMBLE[] =
+    "// Made by panel_resource_compiler from the message catalogue; changes are lost.\n"
+    "#include \"dvc_pnl_rmg_message_table.h\"\n\n";
 
 bool write_id_table(const message_catalogue& catalogue, const std::string& folder, std::string& fault) {
     source_writer writer(folder, "message_id_table.cpp");

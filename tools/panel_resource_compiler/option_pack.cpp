@@ -14,15 +14,15 @@
 
 namespace fs = std::filesystem;
 
-const char WARNING_FONTS[] = "fonts";
-const char WARNING_STANDARD[] = "standard";
+constexpr char WARNING_FONTS[] = "fonts";
+constexpr char WARNING_STANDARD[] = "standard";
 
 namespace {
 
-const int HIGHEST_LANGUAGE_ID = 65535; // the slots hold 16 bits
-const std::size_t ENGLISH = 1;
-const std::int32_t EMPTY_ROW = 1;
-const char FONT[] = "font";
+constexpr int HIGHEST_LANGUAGE_ID = 65535; // the slots hold 16 bits
+constexpr std::size_t ENGLISH = 1;
+constexpr std::int32_t EMPTY_ROW = 1;
+constexpr char FONT[] = "font";
 
 // In the folder that a pack is written to.
 const std::string ATTRIBUTES = "tree/panel/attr/opt_attribute.txt";

@@ -4,7 +4,7 @@
 
 namespace {
 
-const char BYTE_ORDER_MARK[] = "\xEF\xBB\xBF";
+constexpr char BYTE_ORDER_MARK[] = "\xEF\xBB\xBF";
 
 /** The number of continuation bytes that a lead byte asks for, or -1. */
 int continuation_count(unsigned char lead) {

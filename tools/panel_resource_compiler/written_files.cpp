@@ -6,7 +6,7 @@
 
 namespace {
 
-const char LIST[] = "written_files.txt";
+constexpr char LIST[] = "written_files.txt";
 
 } // namespace
 

@@ -6,7 +6,7 @@
 
 namespace {
 
-const int COLUMN_GAP = 2;
+constexpr int COLUMN_GAP = 2;
 
 int display_width(const QString& text) {
     int width = 0;

@@ -6,11 +6,11 @@
 
 namespace {
 
-const qint64 LARGEST_FILE = 1048576; // bytes
-const double WIDEST_KEY = 20;
-const char COMPOSITION[] = "composition";
-const char ALL_LANGUAGES[] = "*";
-const char* const FUNCTIONS[] = {"backspace", "enter", "left", "next", "right", "space"};
+constexpr qint64 LARGEST_FILE = 1048576; // bytes
+constexpr double WIDEST_KEY = 20;
+constexpr char COMPOSITION[] = "composition";
+constexpr char ALL_LANGUAGES[] = "*";
+constexpr const char* FUNCTIONS[] = {"backspace", "enter", "left", "next", "right", "space"};
 
 /** The lines of a file, without comments and empty ones, and the place of the current one. */
 class line_reader {

@@ -16,7 +16,7 @@
 namespace {
 
 /** Names of the standard languages for people, by index. */
-const char* const LANGUAGE_NAMES[DVC_PNL_RMG_STANDARD_LANGUAGE_COUNT] = {
+constexpr const char* LANGUAGE_NAMES[DVC_PNL_RMG_STANDARD_LANGUAGE_COUNT] = {
     "Japanese", "English", "German", "French", "Spanish", "Italian", "Dutch", "Russian"};
 
 struct language_state {

@@ -16,7 +16,7 @@
 namespace {
 
 const QString COMMAND = QStringLiteral("led");
-const std::size_t VALUES_PER_LED = 3;
+constexpr std::size_t VALUES_PER_LED = 3;
 
 velarion::dvc_pnl_dec_facade& facade() {
     return *velarion::dvc_pnl_dec_facade::dvc_pnl_dec_get_instance();
@@ -122,7 +122,7 @@ int run_timer(const QStringList& arguments, bool) {
     return EXIT_FOUND; // the operation has no result
 }
 
-const command_action ACTIONS[] = {
+constexpr command_action ACTIONS[] = {
     {"list", 0, list_leds},           {"set", 2, set_led},     {"all-on", 0, set_all_leds_on},
     {"all-off", 0, set_all_leds_off}, {"timer", 4, run_timer},
 };

@@ -19,8 +19,8 @@ namespace {
 using namespace panel_device;
 
 const QString COMMAND = QStringLiteral("monitor");
-const std::int32_t CONNECTED = 0; // not a number of the service: the connection itself
-const std::int32_t LOST = -1;
+constexpr std::int32_t CONNECTED = 0; // not a number of the service: the connection itself
+constexpr std::int32_t LOST = -1;
 
 enum field_kind {
     FIELD_NUMBER,

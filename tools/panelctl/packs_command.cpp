@@ -41,7 +41,7 @@ bool library_loads(const std::string& path) {
 int count_rows(pack_manager& packs, int language_id) {
     int count = 0;
     for (int row = 0; row < DVC_PNL_RMG_STANDARD_MESSAGE_ROWS; ++row) {
-        count += packs.dvc_pnl_rmg_get_option_message(row, language_id) != nullptr ? 1 : 0;
+        count += packs.dvc_pnl_rmg_get_option_message(row, language_id) ? 1 : 0;
     }
     return count;
 }

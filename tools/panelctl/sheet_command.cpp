@@ -15,16 +15,16 @@
 namespace {
 
 const QString COMMAND = QStringLiteral("sheet");
-const QColor BACKGROUND(0x1f, 0x2a, 0x36); // the panel's
-const QColor SURFACE(0x2b, 0x39, 0x48);
-const QColor FOREGROUND(0xf2, 0xf5, 0xf7);
-const QColor FAINT(0x8a, 0x9a, 0xaa);
-const int MARGIN = 12;
-const int LABEL_HEIGHT = 36;
-const int LABEL_PIXELS = 10;
-const int LEAST_CELL_WIDTH = 136;
-const int SHEET_WIDTH = 1440;
-const int SHEET_HEIGHT = 2000;
+constexpr QColor BACKGROUND(0x1f, 0x2a, 0x36); // the panel's
+constexpr QColor SURFACE(0x2b, 0x39, 0x48);
+constexpr QColor FOREGROUND(0xf2, 0xf5, 0xf7);
+constexpr QColor FAINT(0x8a, 0x9a, 0xaa);
+constexpr int MARGIN = 12;
+constexpr int LABEL_HEIGHT = 36;
+constexpr int LABEL_PIXELS = 10;
+constexpr int LEAST_CELL_WIDTH = 136;
+constexpr int SHEET_WIDTH = 1440;
+constexpr int SHEET_HEIGHT = 2000;
 
 using image_row = const DVC_PNL_RMG_IMPL_IMAGE_NAME*;
 

@@ -21,7 +21,7 @@ using velarion::dvc_pnl_utl_xml_parameter_handler;
 
 const QString XML_COMMAND = QStringLiteral("xml");
 const QString STRINGS_COMMAND = QStringLiteral("strings");
-const int RESULT_READ = 1;
+constexpr int RESULT_READ = 1;
 
 /** Reads a file; what is wrong with its contents stands on standard error already, from the library. */
 bool read_document(dvc_pnl_utl_xml_parameter_handler& events,

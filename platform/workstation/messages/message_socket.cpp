@@ -23,13 +23,13 @@ namespace panel_platform {
 
 namespace {
 
-const char RUNTIME_FOLDER[] = "/run";
-const mode_t FOLDER_MODE = 0700;
-const mode_t OTHERS = 077;
-const mode_t LOCK_FILE_MODE = 0600;
-const mode_t SOCKET_MODE = 0600;
-const std::size_t LONGEST_NAME = 64;
-const int WAITING_CONNECTIONS = 16;
+constexpr char RUNTIME_FOLDER[] = "/run";
+constexpr mode_t FOLDER_MODE = 0700;
+constexpr mode_t OTHERS = 077;
+constexpr mode_t LOCK_FILE_MODE = 0600;
+constexpr mode_t SOCKET_MODE = 0600;
+constexpr std::size_t LONGEST_NAME = 64;
+constexpr int WAITING_CONNECTIONS = 16;
 
 bool is_service_name(const std::string& name) {
     return !name.empty() && name.size() <= LONGEST_NAME && name.front() != '.' &&
