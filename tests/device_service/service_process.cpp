@@ -11,7 +11,7 @@
 
 service_process::service_process(const char* log_level) {
     int ends[2] = {};
-    EXPECT_EQ(0, ::pipe(ends));
+    EXPECT_EQ(::pipe(ends), 0);
     const std::string ready = std::to_string(ends[1]);
     process_ = ::fork();
     if (process_ == 0) {

@@ -22,14 +22,14 @@ using namespace panel_device;
 using namespace panel_platform;
 using namespace velarion;
 
-const std::int32_t NO_REPLY = -1;
-const std::int64_t PATIENCE = 60000; // milliseconds until a test gives up
+constexpr std::int32_t NO_REPLY = -1;
+constexpr std::int64_t PATIENCE = 60000; // milliseconds until a test gives up
 
 /** A service in use, or under attack; each test ends with the proof that it serves. */
 class test_device_service : public scratch_service {
 protected:
     void SetUp() override { ASSERT_TRUE(service_->is_ready()); }
-    void TearDown() override { EXPECT_EQ(DEVICE_OK, facade().dvc_pnl_dec_set_all_led_on()); }
+    void TearDown() override { EXPECT_EQ(facade().dvc_pnl_dec_set_all_led_on(), DEVICE_OK); }
 
     static dvc_pnl_dec_facade& facade() { return *dvc_pnl_dec_facade::dvc_pnl_dec_get_instance(); }
 
@@ -38,13 +38,13 @@ protected:
     }
 
     static void order_fault(fault_kind kind, std::int32_t value) {
-        EXPECT_EQ(DEVICE_OK, ask_service(CONTROL_SET_FAULT, {kind, value, 1}).result);
+        EXPECT_EQ(ask_service(CONTROL_SET_FAULT, {kind, value, 1}).result, DEVICE_OK);
     }
 
     /** A connection without the message layer's client, greeted already. */
     static file_descriptor connect() {
         file_descriptor socket;
-        EXPECT_EQ(PLATFORM_OK, connect_to_service(DVC_PNL_DEC_SERVICE_NAME, socket));
+        EXPECT_EQ(connect_to_service(DVC_PNL_DEC_SERVICE_NAME, socket), PLATFORM_OK);
         EXPECT_TRUE(wait_for_socket(socket.get(), false, monotonic_milliseconds() + PATIENCE));
         return socket;
     }
@@ -58,25 +58,25 @@ protected:
 };
 
 TEST_F(test_device_service, the_timer_procedure_runs_by_itself_and_the_monitor_sees_it) {
-    EXPECT_EQ(DEVICE_OK, set_led(0)); // so that this process is no new host any more
+    EXPECT_EQ(set_led(0), DEVICE_OK); // so that this process is no new host any more
     std::FILE* const monitor = ::popen("exec timeout 60 " PANELCTL " monitor --json --edges --count 5", "r");
     const auto next_line = [monitor] {
         char line[256] = "";
         return std::string(std::fgets(line, sizeof line, monitor) ? line : "no line");
     };
-    EXPECT_EQ("{\"event\":\"connected\"}\n", next_line());
-    EXPECT_EQ(DEVICE_OK, ask_service(CONTROL_STATUS, {}).result); // the monitor is attached by then
+    EXPECT_EQ(next_line(), "{\"event\":\"connected\"}\n");
+    EXPECT_EQ(ask_service(CONTROL_STATUS, {}).result, DEVICE_OK); // the monitor is attached by then
     OSW_Timer_Control timer(0);
     facade().dvc_pnl_dec_set_led_airprint_timer_proc(timer, 10, 60000, 0, DVC_PNL_DEC_LED_STATUS_ON);
-    EXPECT_EQ("{\"event\":\"led\",\"led\":\"print_service\",\"lit\":true,\"status\":\"timer\"}\n",
-              next_line());
-    EXPECT_EQ("{\"event\":\"led_edge\",\"led\":\"print_service\",\"lit\":false,\"status\":\"timer\"}\n",
-              next_line());
+    EXPECT_EQ(next_line(),
+              "{\"event\":\"led\",\"led\":\"print_service\",\"lit\":true,\"status\":\"timer\"}\n");
+    EXPECT_EQ(next_line(),
+              "{\"event\":\"led_edge\",\"led\":\"print_service\",\"lit\":false,\"status\":\"timer\"}\n");
     service_->end_by(SIGKILL);
-    EXPECT_EQ("{\"event\":\"disconnected\"}\n", next_line());
+    EXPECT_EQ(next_line(), "{\"event\":\"disconnected\"}\n");
     service_ = std::make_unique<service_process>();
-    EXPECT_EQ("{\"event\":\"connected\"}\n", next_line());
-    EXPECT_EQ(0, ::pclose(monitor));
+    EXPECT_EQ(next_line(), "{\"event\":\"connected\"}\n");
+    EXPECT_EQ(::pclose(monitor), 0);
 }
 
 TEST_F(test_device_service, ten_thousand_requests_of_four_threads_and_one_of_a_forked_process) {
@@ -84,7 +84,7 @@ TEST_F(test_device_service, ten_thousand_requests_of_four_threads_and_one_of_a_f
     for (int number = 0; number < 4; ++number) {
         threads.emplace_back([] {
             for (int turn = 0; turn < 2500; ++turn) {
-                ASSERT_EQ(turn % 10 < LED_COUNT ? DEVICE_OK : DEVICE_UNKNOWN_LED, set_led(turn % 10));
+                ASSERT_EQ(set_led(turn % 10), turn % 10 < LED_COUNT ? DEVICE_OK : DEVICE_UNKNOWN_LED);
             }
         });
     }
@@ -98,43 +98,43 @@ TEST_F(test_device_service, ten_thousand_requests_of_four_threads_and_one_of_a_f
     }
     int status = -1;
     ::waitpid(process, &status, 0);
-    EXPECT_EQ(0, status);
+    EXPECT_EQ(status, 0);
     const device_message reply = ask_service(CONTROL_STATUS, {});
-    EXPECT_EQ(10001, reply.records.at(STATUS_REQUESTS).value);
-    EXPECT_EQ(2000, reply.records.at(STATUS_REFUSED).value);
+    EXPECT_EQ(reply.records.at(STATUS_REQUESTS).value, 10001);
+    EXPECT_EQ(reply.records.at(STATUS_REFUSED).value, 2000);
 }
 
 TEST_F(test_device_service, requests_work_again_after_each_way_to_end) {
     for (const int signal : {SIGTERM, SIGINT, SIGKILL}) {
         SCOPED_TRACE(signal);
-        EXPECT_EQ(DEVICE_OK, set_led(0));
-        EXPECT_EQ(signal == SIGKILL ? -SIGKILL : 0, service_->end_by(signal));
-        EXPECT_EQ(0, bmc_mc_client::bmc_mc_check_facade(DVC_PNL_DEC_SERVICE_NAME, 1));
+        EXPECT_EQ(set_led(0), DEVICE_OK);
+        EXPECT_EQ(service_->end_by(signal), signal == SIGKILL ? -SIGKILL : 0);
+        EXPECT_EQ(bmc_mc_client::bmc_mc_check_facade(DVC_PNL_DEC_SERVICE_NAME, 1), 0);
         const std::string socket_file = scratch_.path("platform/run/") + DVC_PNL_DEC_SERVICE_NAME;
-        EXPECT_EQ(signal == SIGKILL, std::filesystem::exists(socket_file));
+        EXPECT_EQ(std::filesystem::exists(socket_file), signal == SIGKILL);
         service_ = std::make_unique<service_process>();
     }
     order_fault(FAULT_CRASH, 0);
-    EXPECT_EQ(NO_REPLY, set_led(0)); // it has been received
-    EXPECT_EQ(-SIGKILL, service_->wait());
+    EXPECT_EQ(set_led(0), NO_REPLY); // it has been received
+    EXPECT_EQ(service_->wait(), -SIGKILL);
     service_ = std::make_unique<service_process>();
 }
 
 TEST_F(test_device_service, a_second_one_and_wrong_options_end_at_once) {
     service_process second;
     ASSERT_FALSE(second.is_ready());
-    EXPECT_EQ(3, second.wait());
-    EXPECT_EQ(2, run_process({DEVICE_SERVICE, "--log-level", "loud"}).exit_code);
-    EXPECT_EQ(2, run_process({DEVICE_SERVICE, "--ready-fd", "1x"}).exit_code);
-    EXPECT_EQ(2, run_process({DEVICE_SERVICE, "--ready-fd", "99"}).exit_code); // not open
+    EXPECT_EQ(second.wait(), 3);
+    EXPECT_EQ(run_process({DEVICE_SERVICE, "--log-level", "loud"}).exit_code, 2);
+    EXPECT_EQ(run_process({DEVICE_SERVICE, "--ready-fd", "1x"}).exit_code, 2);
+    EXPECT_EQ(run_process({DEVICE_SERVICE, "--ready-fd", "99"}).exit_code, 2); // not open
 }
 
 TEST_F(test_device_service, panelctl_drives_it) {
     const auto run = [](const char* arguments) {
         return run_process({"sh", "-c", std::string("exec " PANELCTL " ") + arguments});
     };
-    EXPECT_EQ(0, run("service crash").exit_code);
-    EXPECT_EQ(-SIGKILL, service_->wait());
+    EXPECT_EQ(run("service crash").exit_code, 0);
+    EXPECT_EQ(service_->wait(), -SIGKILL);
     service_ = std::make_unique<service_process>();
     const struct {
         const char* arguments;
@@ -154,7 +154,7 @@ TEST_F(test_device_service, panelctl_drives_it) {
     for (const auto& row : rows) {
         SCOPED_TRACE(row.arguments);
         const process_result result = run(row.arguments);
-        EXPECT_EQ(row.exit_code, result.exit_code) << result.errors;
+        EXPECT_EQ(result.exit_code, row.exit_code) << result.errors;
         EXPECT_NE(std::string::npos, (result.output + result.errors).find(row.output)) << result.output;
     }
 }
@@ -171,7 +171,7 @@ TEST_F(test_device_service, bytes_that_are_no_message_end_the_connection) {
             ASSERT_TRUE(wait_for_socket(socket.get(), false, monotonic_milliseconds() + PATIENCE));
             code = receive_message(socket.get(), message, header);
         }
-        EXPECT_EQ(PLATFORM_CONNECTION_LOST, code);
+        EXPECT_EQ(code, PLATFORM_CONNECTION_LOST);
     }
 }
 
@@ -213,7 +213,7 @@ TEST_F(test_device_service, it_never_waits_for_who_reads_its_log) {
 TEST_F(test_device_service, connections_beyond_the_limit_wait_and_come_in_later) {
     std::vector<file_descriptor> connections(64);
     std::generate(connections.begin(), connections.end(), connect);
-    EXPECT_EQ(0, bmc_mc_client::bmc_mc_check_facade(DVC_PNL_DEC_SERVICE_NAME, 1));
+    EXPECT_EQ(bmc_mc_client::bmc_mc_check_facade(DVC_PNL_DEC_SERVICE_NAME, 1), 0);
     const process_result status = run_process({PANELCTL, "service"});
     EXPECT_EQ(status.exit_code, 3);
     EXPECT_NE(status.errors.find("runs as process"), std::string::npos) << status.errors;

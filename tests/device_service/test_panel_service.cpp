@@ -12,7 +12,7 @@ using namespace panel_device;
 using namespace panel_platform;
 using namespace velarion;
 
-const std::uint64_t HOST = 11;
+constexpr std::uint64_t HOST = 11;
 
 /** The service without sockets: what it sends to each connection is kept. */
 class test_panel_service : public testing::Test {
@@ -69,7 +69,7 @@ protected:
             ipc_header header;
             device_message message;
             EXPECT_TRUE(read_ipc_header(bytes.data(), bytes.size(), header));
-            EXPECT_EQ(DEVICE_OK, decode_message(bytes.data(), bytes.size(), message));
+            EXPECT_EQ(decode_message(bytes.data(), bytes.size(), message), DEVICE_OK);
             if (header.kind == kind) {
                 found.push_back(message);
             }
@@ -95,7 +95,7 @@ protected:
     std::int32_t press_key() {
         sent_.clear();
         const std::vector<std::int32_t> values = {5, DVC_PNL_DEC_KEY_PRESSED};
-        EXPECT_EQ(DEVICE_OK, ask(3, make_message(CONTROL_KEY_EVENT, values), 0, HOST + 1));
+        EXPECT_EQ(ask(3, make_message(CONTROL_KEY_EVENT, values), 0, HOST + 1), DEVICE_OK);
         return messages_to(3, IPC_REPLY).at(0).records.at(0).value;
     }
 
@@ -143,10 +143,10 @@ TEST_F(test_panel_service, every_request_is_checked_before_it_is_believed) {
     };
     for (const auto& row : rows) {
         SCOPED_TRACE(row.name);
-        EXPECT_EQ(row.result, ask(1, row.request));
+        EXPECT_EQ(ask(1, row.request), row.result);
     }
-    EXPECT_EQ(std::vector<std::int32_t>(std::size(rows), EVENT_REFUSED), events_of(2));
-    EXPECT_EQ(-1, service_.next_deadline());
+    EXPECT_EQ(events_of(2), std::vector<std::int32_t>(std::size(rows), EVENT_REFUSED));
+    EXPECT_EQ(service_.next_deadline(), -1);
 }
 
 TEST_F(test_panel_service, lengths_and_counts_that_lie_are_answered_with_a_code) {
@@ -167,9 +167,9 @@ TEST_F(test_panel_service, lengths_and_counts_that_lie_are_answered_with_a_code)
         std::vector<char> bytes = encode_message(make_message(101, {1, 1}), {});
         dvc_pnl_dec_store(&bytes[DVC_PNL_DEC_PCNT_OFFSET], row.count);
         bytes.resize(row.length);
-        EXPECT_EQ(row.result, ask(1, bytes, 101));
+        EXPECT_EQ(ask(1, bytes, 101), row.result);
     }
-    EXPECT_EQ(DEVICE_UNKNOWN_FUNCTION, ask(1, encode_message(make_message(103, {}), {}), 104));
+    EXPECT_EQ(ask(1, encode_message(make_message(103, {}), {}), 104), DEVICE_UNKNOWN_FUNCTION);
 }
 
 TEST_F(test_panel_service, connections_that_leave_the_protocol_are_closed) {
@@ -189,57 +189,57 @@ TEST_F(test_panel_service, connections_that_leave_the_protocol_are_closed) {
 TEST_F(test_panel_service, key_events_reach_the_observers_of_each_host_and_no_others) {
     ASSERT_TRUE(attach(2, HOST));
     ASSERT_TRUE(attach(3, HOST + 1));
-    EXPECT_EQ(DEVICE_OK, add_observer(1, 77));
-    EXPECT_EQ(DEVICE_OK, add_observer(2, 77)); // once more has no effect
-    EXPECT_EQ(DEVICE_OK, add_observer(1, -2)); // an address beyond 31 bits
-    EXPECT_EQ(2, press_key());
-    ASSERT_EQ((std::vector<std::int32_t>(2, DVC_PNL_DEC_FUNCTION_NOTIFY_KEY_EVENT)), events_of(2));
+    EXPECT_EQ(add_observer(1, 77), DEVICE_OK);
+    EXPECT_EQ(add_observer(2, 77), DEVICE_OK); // once more has no effect
+    EXPECT_EQ(add_observer(1, -2), DEVICE_OK); // an address beyond 31 bits
+    EXPECT_EQ(press_key(), 2);
+    ASSERT_EQ(events_of(2), (std::vector<std::int32_t>(2, DVC_PNL_DEC_FUNCTION_NOTIFY_KEY_EVENT)));
     EXPECT_TRUE(events_of(3).empty());
     ipc_header header;
     ASSERT_TRUE(read_ipc_header(sent_[2][1].data(), sent_[2][1].size(), header));
-    EXPECT_EQ(0xFFFFFFFEU, header.destination);
+    EXPECT_EQ(header.destination, 0xFFFFFFFEU);
     const device_message event = messages_to(2, IPC_NOTIFICATION)[1];
-    EXPECT_EQ(5, event.records[0].value);
-    EXPECT_EQ(DVC_PNL_DEC_KEY_PRESSED, event.records[1].value);
+    EXPECT_EQ(event.records[0].value, 5);
+    EXPECT_EQ(event.records[1].value, DVC_PNL_DEC_KEY_PRESSED);
     service_.disconnected(1);
-    EXPECT_EQ(2, press_key()) << "lost although the host is there";
+    EXPECT_EQ(press_key(), 2) << "lost although the host is there";
     service_.disconnected(2);
     service_.connected(4, 1);
     ASSERT_TRUE(attach(4, HOST));
-    EXPECT_EQ(0, press_key()) << "kept although the host was gone";
+    EXPECT_EQ(press_key(), 0) << "kept although the host was gone";
 }
 
 TEST_F(test_panel_service, a_host_registers_64_observers_at_most) {
     for (std::int32_t number = 0; number < MOST_OBSERVERS; ++number) {
-        ASSERT_EQ(DEVICE_OK, add_observer(1, number));
+        ASSERT_EQ(add_observer(1, number), DEVICE_OK);
     }
-    EXPECT_EQ(DEVICE_TOO_MANY_OBSERVERS, add_observer(2, 64));
-    EXPECT_EQ(DEVICE_OK, add_observer(2, 0));
-    EXPECT_EQ(DEVICE_OK, add_observer(3, 64, HOST + 1));
+    EXPECT_EQ(add_observer(2, 64), DEVICE_TOO_MANY_OBSERVERS);
+    EXPECT_EQ(add_observer(2, 0), DEVICE_OK);
+    EXPECT_EQ(add_observer(3, 64, HOST + 1), DEVICE_OK);
 }
 
 TEST_F(test_panel_service, faults_are_for_so_many_requests_of_the_library) {
     const device_message all_on = make_message(103, {});
     const auto is_lit = [this] { // asks without counting as a request of the library
-        EXPECT_EQ(DEVICE_OK, ask(1, make_message(CONTROL_LIST_LEDS, {})));
+        EXPECT_EQ(ask(1, make_message(CONTROL_LIST_LEDS, {})), DEVICE_OK);
         return messages_to(1, IPC_REPLY)[0].records[2].value != 0;
     };
-    ASSERT_EQ(DEVICE_OK, ask(1, make_message(CONTROL_SET_FAULT, {FAULT_FAIL, 55, 2})));
-    EXPECT_EQ(55, ask(1, all_on));
+    ASSERT_EQ(ask(1, make_message(CONTROL_SET_FAULT, {FAULT_FAIL, 55, 2})), DEVICE_OK);
+    EXPECT_EQ(ask(1, all_on), 55);
     EXPECT_FALSE(is_lit()) << "a request that fails was carried out";
-    EXPECT_EQ(55, ask(1, all_on));
-    ASSERT_EQ(DEVICE_OK, ask(1, make_message(CONTROL_SET_FAULT, {FAULT_DROP, 0, 1})));
-    EXPECT_EQ(-1, ask(1, all_on));
+    EXPECT_EQ(ask(1, all_on), 55);
+    ASSERT_EQ(ask(1, make_message(CONTROL_SET_FAULT, {FAULT_DROP, 0, 1})), DEVICE_OK);
+    EXPECT_EQ(ask(1, all_on), -1);
     EXPECT_TRUE(is_lit()) << "a request whose reply is dropped was not carried out";
-    EXPECT_EQ(DEVICE_OK, ask(1, all_on));
-    ASSERT_EQ(DEVICE_OK, ask(1, make_message(CONTROL_SET_FAULT, {FAULT_DELAY, 300, 0})));
-    EXPECT_EQ(-1, ask(1, all_on, 1000));
-    EXPECT_EQ(1300, service_.next_deadline());
+    EXPECT_EQ(ask(1, all_on), DEVICE_OK);
+    ASSERT_EQ(ask(1, make_message(CONTROL_SET_FAULT, {FAULT_DELAY, 300, 0})), DEVICE_OK);
+    EXPECT_EQ(ask(1, all_on, 1000), -1);
+    EXPECT_EQ(service_.next_deadline(), 1300);
     service_.advance(1299);
-    EXPECT_EQ(-1, result_of_reply(1));
+    EXPECT_EQ(result_of_reply(1), -1);
     service_.advance(1300);
-    EXPECT_EQ(DEVICE_OK, result_of_reply(1));
-    EXPECT_EQ(-1, service_.next_deadline());
+    EXPECT_EQ(result_of_reply(1), DEVICE_OK);
+    EXPECT_EQ(service_.next_deadline(), -1);
 }
 
 TEST_F(test_panel_service, probes_share_the_silence_of_requests_and_no_other_fault) {
@@ -263,7 +263,7 @@ TEST_F(test_panel_service, probes_share_the_silence_of_requests_and_no_other_fau
 
 TEST_F(test_panel_service, a_connection_waits_for_so_many_delayed_replies_and_takes_them_with_it) {
     const int most_delayed = 1024;
-    ASSERT_EQ(DEVICE_OK, ask(1, make_message(CONTROL_SET_FAULT, {FAULT_DELAY, 300, 0})));
+    ASSERT_EQ(ask(1, make_message(CONTROL_SET_FAULT, {FAULT_DELAY, 300, 0})), DEVICE_OK);
     const std::vector<char> request = encode_message(make_message(103, {}), {});
     ipc_header header;
     header.func_id = 103;
@@ -276,23 +276,23 @@ TEST_F(test_panel_service, a_connection_waits_for_so_many_delayed_replies_and_ta
     service_.disconnected(1);
     sent_.clear();
     service_.advance(300);
-    EXPECT_EQ(1U, sent_.size());
+    EXPECT_EQ(sent_.size(), 1U);
 }
 
 TEST_F(test_panel_service, watchers_are_told_what_they_asked_for) {
     ASSERT_TRUE(attach(2, HOST + 1, ATTACH_EVENTS));
     ASSERT_TRUE(attach(3, HOST + 2, ATTACH_EVENTS_AND_EDGES));
-    EXPECT_EQ(DEVICE_OK, ask(1, make_message(101, {5, 2}), 1000));
+    EXPECT_EQ(ask(1, make_message(101, {5, 2}), 1000), DEVICE_OK);
     const device_message event = messages_to(3, IPC_NOTIFICATION).at(0);
-    EXPECT_EQ(5, event.records.at(0).value);
-    EXPECT_EQ(2, event.records.at(1).value);
-    EXPECT_EQ(DEVICE_OK, ask(1, timer_request(10, 10, 1, 0), 1000));
+    EXPECT_EQ(event.records.at(0).value, 5);
+    EXPECT_EQ(event.records.at(1).value, 2);
+    EXPECT_EQ(ask(1, timer_request(10, 10, 1, 0), 1000), DEVICE_OK);
     service_.advance(1500); // the LED turns off, and the timer ends
     service_.advance(1500);
     service_.disconnected(1);
-    EXPECT_EQ((std::vector<std::int32_t>{EVENT_LED, EVENT_LED, EVENT_LED_EDGE, EVENT_LED, EVENT_HOST_GONE}),
-              events_of(3));
-    EXPECT_EQ((std::vector<std::int32_t>{EVENT_LED, EVENT_LED, EVENT_LED, EVENT_HOST_GONE}), events_of(2));
+    EXPECT_EQ(events_of(3),
+              (std::vector<std::int32_t>{EVENT_LED, EVENT_LED, EVENT_LED_EDGE, EVENT_LED, EVENT_HOST_GONE}));
+    EXPECT_EQ(events_of(2), (std::vector<std::int32_t>{EVENT_LED, EVENT_LED, EVENT_LED, EVENT_HOST_GONE}));
 }
 
 } // namespace

@@ -40,7 +40,7 @@ public:
 
 private:
     void take(int key, int status) {
-        EXPECT_EQ(QCoreApplication::instance()->thread(), QThread::currentThread());
+        EXPECT_EQ(QThread::currentThread(), QCoreApplication::instance()->thread());
         events_.push_back({key, status});
         if (on_event) {
             on_event();
@@ -89,7 +89,7 @@ TEST_F(test_host_receiver, observers_are_told_by_each_service_that_is_started) {
         }
         ask_service(CONTROL_KEY_EVENT, {key, 0});
         expected.insert(expected.end(), {{key, 1}, {key, 0}});
-        EXPECT_EQ(expected, observer.wait_for(expected.size()));
+        EXPECT_EQ(observer.wait_for(expected.size()), expected);
     }
     EXPECT_EQ(greetings, 2);
     receiver.forget_observer(&first);
@@ -142,15 +142,15 @@ TEST_F(test_host_receiver, no_observer_is_called_after_it_was_destroyed_or_forgo
     dispatch(receiver, key_event(&forgetting, 4, 1));
     dispatch(receiver, key_event(&forgetting, 5, 1));
     dispatch(receiver, key_event(&last, 6, 1));
-    EXPECT_EQ((key_events{{6, 1}}), last.wait_for(1));
-    EXPECT_EQ((key_events{{4, 1}}), forgetting.events());
+    EXPECT_EQ(last.wait_for(1), (key_events{{6, 1}}));
+    EXPECT_EQ(forgetting.events(), (key_events{{4, 1}}));
     {
         host_receiver short_lived;
         short_lived.add_observer(&last);
         dispatch(short_lived, key_event(&last, 7, 1));
     }
     QCoreApplication::processEvents();
-    EXPECT_EQ(1U, last.events().size());
+    EXPECT_EQ(last.events().size(), 1U);
 }
 
 TEST_F(test_host_receiver, notifications_that_are_wrong_reach_nobody) {
@@ -176,7 +176,7 @@ TEST_F(test_host_receiver, notifications_that_are_wrong_reach_nobody) {
     dispatch(receiver, key_event(&observer, 1, 2)); // neither pressed nor released
     dispatch(receiver, key_event(&observer + 1, 1, 1));
     dispatch(receiver, key_event(&observer, 8, 0));
-    EXPECT_EQ((key_events{{8, 0}}), observer.wait_for(1));
+    EXPECT_EQ(observer.wait_for(1), (key_events{{8, 0}}));
 }
 
 } // namespace

@@ -20,7 +20,7 @@ namespace {
 using namespace panel_platform;
 namespace fs = std::filesystem;
 
-const char NAME[] = "TEST_SRV";
+constexpr char NAME[] = "TEST_SRV";
 const std::string PAYLOAD = "twelve bytes";
 const std::string CLOSE = "close the connection";
 
@@ -59,7 +59,7 @@ public:
         : behaviours_(std::move(behaviours))
         , afterwards_(std::move(afterwards))
         , stop_(::eventfd(0, EFD_CLOEXEC)) {
-        EXPECT_EQ(PLATFORM_OK, listener_.listen(NAME));
+        EXPECT_EQ(listener_.listen(NAME), PLATFORM_OK);
         thread_ = std::thread([this] { run(); });
     }
     ~scripted_service() {
@@ -169,7 +169,7 @@ TEST_F(test_message_layer, a_request_survives_every_misbehaviour_of_the_one_befo
         const scripted_service service({row.behaviour});
         ASSERT_TRUE(becomes_ready());
         const exchange bad;
-        EXPECT_EQ(row.code, bad.code);
+        EXPECT_EQ(bad.code, row.code);
         EXPECT_TRUE(bad.is_untouched());
         ASSERT_TRUE(becomes_ready());
         EXPECT_TRUE(exchange().is_answered());
@@ -263,20 +263,21 @@ TEST_F(test_message_layer, a_check_does_not_wait_for_the_request_of_another_thre
 
 TEST_F(test_message_layer, readiness_is_the_truth) {
     EXPECT_FALSE(is_ready());
-    EXPECT_EQ(PLATFORM_NOT_READY, exchange().code);
+    EXPECT_EQ(exchange().code, PLATFORM_NOT_READY);
     EXPECT_FALSE(fs::exists(folder())) << "asking makes nothing";
     const std::string socket_file = folder() + "/run/" + NAME;
-    EXPECT_EQ(0, run_in_process([] {
+    EXPECT_EQ(run_in_process([] {
                   static message_listener dying; // does not give the name up
                   return dying.listen(NAME) == PLATFORM_OK;
-              }));
+              }),
+              0);
     EXPECT_TRUE(fs::exists(socket_file));
     EXPECT_FALSE(is_ready());
     {
         message_listener silent; // accepts connections, as far as a host can see, but never greets
-        ASSERT_EQ(PLATFORM_OK, silent.listen(NAME));
+        ASSERT_EQ(silent.listen(NAME), PLATFORM_OK);
         EXPECT_FALSE(is_ready());
-        EXPECT_EQ(PLATFORM_ALREADY_SERVED, message_listener().listen(NAME));
+        EXPECT_EQ(message_listener().listen(NAME), PLATFORM_ALREADY_SERVED);
     }
     EXPECT_FALSE(fs::exists(socket_file));
     const scripted_service service;
@@ -286,7 +287,7 @@ TEST_F(test_message_layer, readiness_is_the_truth) {
 TEST_F(test_message_layer, arguments_and_names_that_cannot_be_are_refused) {
     for (const char* name : {"", ".", "..", "a/b", "../settings.db"}) {
         EXPECT_FALSE(is_ready(name)) << name;
-        EXPECT_EQ(PLATFORM_INVALID_ARGUMENT, message_listener().listen(name)) << name;
+        EXPECT_EQ(message_listener().listen(name), PLATFORM_INVALID_ARGUMENT) << name;
     }
     EXPECT_FALSE(is_ready(nullptr));
     const scripted_service service;
@@ -297,11 +298,11 @@ TEST_F(test_message_layer, arguments_and_names_that_cannot_be_are_refused) {
         return velarion::bmc_mc_client().bmc_mc_send_sync_message(
             1, 101, request, static_cast<unsigned int>(length), bytes.data(), reply_length, NAME);
     };
-    EXPECT_EQ(PLATFORM_INVALID_ARGUMENT, send(bytes.data(), 71, &capacity));
-    EXPECT_EQ(0U, capacity);
-    EXPECT_EQ(PLATFORM_INVALID_ARGUMENT, send(nullptr, 88, &capacity));
-    EXPECT_EQ(PLATFORM_INVALID_ARGUMENT, send(bytes.data(), 88, nullptr));
-    EXPECT_EQ(PLATFORM_TOO_LARGE, send(bytes.data(), bytes.size(), &capacity));
+    EXPECT_EQ(send(bytes.data(), 71, &capacity), PLATFORM_INVALID_ARGUMENT);
+    EXPECT_EQ(capacity, 0U);
+    EXPECT_EQ(send(nullptr, 88, &capacity), PLATFORM_INVALID_ARGUMENT);
+    EXPECT_EQ(send(bytes.data(), 88, nullptr), PLATFORM_INVALID_ARGUMENT);
+    EXPECT_EQ(send(bytes.data(), bytes.size(), &capacity), PLATFORM_TOO_LARGE);
     EXPECT_TRUE(exchange().is_answered());
 }
 
@@ -314,15 +315,15 @@ TEST_F(test_message_layer, the_folders_are_private_and_their_path_of_any_length)
         ASSERT_TRUE(becomes_ready());
         EXPECT_TRUE(exchange().is_answered());
         for (const std::string& made : {folder(), parent, parent + "/platform", run_folder}) {
-            EXPECT_EQ(fs::perms::owner_all, fs::status(made).permissions()) << made;
+            EXPECT_EQ(fs::status(made).permissions(), fs::perms::owner_all) << made;
         }
-        EXPECT_EQ(fs::perms::owner_read | fs::perms::owner_write,
-                  fs::status(run_folder + "/" + NAME).permissions());
+        EXPECT_EQ(fs::status(run_folder + "/" + NAME).permissions(),
+                  fs::perms::owner_read | fs::perms::owner_write);
     }
     fs::permissions(run_folder, fs::perms::group_read | fs::perms::group_exec, fs::perm_options::add);
     file_descriptor socket;
-    EXPECT_EQ(PLATFORM_ACCESS_DENIED, message_listener().listen(NAME));
-    EXPECT_EQ(PLATFORM_ACCESS_DENIED, connect_to_service(NAME, socket));
+    EXPECT_EQ(message_listener().listen(NAME), PLATFORM_ACCESS_DENIED);
+    EXPECT_EQ(connect_to_service(NAME, socket), PLATFORM_ACCESS_DENIED);
 }
 
 TEST_F(test_message_layer, another_user_is_turned_away_on_both_sides) {
@@ -331,19 +332,20 @@ TEST_F(test_message_layer, another_user_is_turned_away_on_both_sides) {
     }
     const uid_t other = 65534;
     message_listener listener;
-    ASSERT_EQ(PLATFORM_OK, listener.listen(NAME));
+    ASSERT_EQ(listener.listen(NAME), PLATFORM_OK);
     const std::string run_folder = folder() + "/run";
     for (const std::string& path : {beside(""), folder(), run_folder + "/" + NAME}) {
         fs::permissions(path, fs::perms::all); // as if all permissions had been given away
     }
-    ASSERT_EQ(0, ::chown(run_folder.c_str(), other, other));
-    EXPECT_EQ(0, run_in_process([] { // finds its own folder, and a service of root in it
+    ASSERT_EQ(::chown(run_folder.c_str(), other, other), 0);
+    EXPECT_EQ(run_in_process([] { // finds its own folder, and a service of root in it
                   file_descriptor socket;
                   return ::seteuid(other) == 0 && connect_to_service(NAME, socket) == PLATFORM_ACCESS_DENIED;
-              }));
+              }),
+              0);
     file_descriptor accepted;
     pid_t process = 0;
-    EXPECT_EQ(PLATFORM_ACCESS_DENIED, listener.accept(accepted, process));
+    EXPECT_EQ(listener.accept(accepted, process), PLATFORM_ACCESS_DENIED);
 }
 
 } // namespace
