@@ -2,13 +2,13 @@
 
 #include "dvc_pnl_common_utility.h"
 #include "dvc_pnl_rmg_data_file_access.h"
-#include "dvc_pnl_rmg_file_guard.h"
 #include "dvc_pnl_rmg_language_setting_manager.h"
 #include "dvc_pnl_rmg_option_language_attribute_manager.h"
 #include "dvc_pnl_rmg_property.h"
 #include "dvc_pnl_rmg_setting_id.h"
 #include "dvc_pnl_rmg_standard_language_attribute_manager.h"
 #include "dvc_pnl_utl_toolkit.h"
+#include "file_guard.h"
 #include "settings_store.h"
 
 #include <QApplication>

@@ -1,10 +1,10 @@
 #include "dvc_pnl_rmg_option_language_attribute_manager.h"
 
-#include "dvc_pnl_rmg_file_guard.h"
 #include "dvc_pnl_rmg_font_link.h"
 #include "dvc_pnl_rmg_property.h"
 #include "dvc_pnl_rmg_setting_id.h"
 #include "dvc_pnl_utl_toolkit.h"
+#include "file_guard.h"
 #include "osw.h"
 #include "settings_store.h"
 

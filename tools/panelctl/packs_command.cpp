@@ -2,11 +2,11 @@
 
 #include "command_line.h"
 #include "display.h"
-#include "dvc_pnl_rmg_file_guard.h"
 #include "dvc_pnl_rmg_message_table.h"
 #include "dvc_pnl_rmg_option_language_attribute_manager.h"
 #include "dvc_pnl_rmg_setting_id.h"
 #include "dvc_pnl_rmg_standard_language_attribute_manager.h"
+#include "file_guard.h"
 #include "osw.h"
 #include "panel_session.h"
 #include "settings_store.h"

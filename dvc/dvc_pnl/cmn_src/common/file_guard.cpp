@@ -1,4 +1,4 @@
-#include "dvc_pnl_rmg_file_guard.h"
+#include "file_guard.h"
 
 #include <sys/stat.h>
 

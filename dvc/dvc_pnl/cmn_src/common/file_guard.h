@@ -1,5 +1,5 @@
-#ifndef DVC_PNL_RMG_FILE_GUARD_H
-#define DVC_PNL_RMG_FILE_GUARD_H
+#ifndef FILE_GUARD_H
+#define FILE_GUARD_H
 
 namespace velarion {
 
