@@ -171,7 +171,7 @@ int dvc_pnl_rmg_language_resource::dvc_pnl_rmg_get_message_data(const char* file
         return DVC_PNL_RMG_RESULT_INVALID_ARGUMENT;
     }
     const std::string path = resource_dir_.toUtf8().constData() + std::string(file_name);
-    if (dvc_pnl_rmg_is_pipe_or_device(path.c_str())) {
+    if (is_special_file(path.c_str())) {
         return DVC_PNL_RMG_RESULT_NOT_FOUND;
     }
     const FILE_POINTER file(std::fopen(path.c_str(), "r"), std::fclose);

@@ -115,7 +115,7 @@ void dvc_pnl_rmg_option_language_attribute_manager::dvc_pnl_rmg_initialize_optio
 void dvc_pnl_rmg_option_language_attribute_manager::load_pack(int slot, const std::string& directory) {
     const std::string path = directory + NAME_LIB_OPT_LANG;
     void* library = nullptr;
-    if (!dvc_pnl_rmg_is_safe_to_load(path.c_str()) || emwOSWLoadLibrary(&library, path.c_str()) != 0 ||
+    if (!is_safe_to_load(path.c_str()) || emwOSWLoadLibrary(&library, path.c_str()) != 0 ||
         !library) {
         return;
     }
@@ -213,7 +213,7 @@ int dvc_pnl_rmg_option_language_attribute_manager::get_option_language_layout_di
     }
     const std::string path = directory + OPT_ATTRIBUTE_FILE;
     QFile file(dvc_pnl_utl_from_8bit(path.c_str()));
-    if (dvc_pnl_rmg_is_pipe_or_device(path.c_str()) || !file.open(QIODevice::ReadOnly | QIODevice::Text)) {
+    if (is_special_file(path.c_str()) || !file.open(QIODevice::ReadOnly | QIODevice::Text)) {
         return 1;
     }
     QTextStream lines(&file);

@@ -34,7 +34,7 @@ struct slot_state {
 
 bool library_loads(const std::string& path) {
     void* library = nullptr;
-    return velarion::dvc_pnl_rmg_is_safe_to_load(path.c_str()) &&
+    return velarion::is_safe_to_load(path.c_str()) &&
            emwOSWLoadLibrary(&library, path.c_str()) == 0 && library;
 }
 

@@ -144,12 +144,12 @@ private:
 
 } // namespace
 
-bool dvc_pnl_rmg_is_pipe_or_device(const char* path) {
+bool is_special_file(const char* path) {
     struct stat status;
     return stat(path, &status) == 0 && !S_ISREG(status.st_mode) && !S_ISDIR(status.st_mode);
 }
 
-bool dvc_pnl_rmg_is_safe_to_load(const char* path) {
+bool is_safe_to_load(const char* path) {
     struct stat status;
     if (stat(path, &status) != 0) {
         return true;

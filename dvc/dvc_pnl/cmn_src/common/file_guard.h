@@ -4,10 +4,13 @@
 namespace velarion {
 
 /**
- * @return whether a pipe, a device or a socket stands at the path, also by way of links: opening or reading
- *         it could wait for ever. Nothing is opened to find out.
+ * Tells pipes, devices and sockets: opening or reading them could wait for ever. Nothing is opened to find
+ * out.
+ *
+ * @param path  links are followed
+ * @return false also for a folder and for what is not there
  */
-bool dvc_pnl_rmg_is_pipe_or_device(const char* path);
+bool is_special_file(const char* path);
 
 /**
  * Tells libraries that a loader may be given from those that would stop it for ever or end the process.
@@ -17,7 +20,7 @@ bool dvc_pnl_rmg_is_pipe_or_device(const char* path);
  *
  * @return false for an ELF file that is cut short, and for what exists and is no regular file
  */
-bool dvc_pnl_rmg_is_safe_to_load(const char* path);
+bool is_safe_to_load(const char* path);
 
 } // namespace velarion
 

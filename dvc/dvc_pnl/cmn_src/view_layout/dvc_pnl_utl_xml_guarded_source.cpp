@@ -1,6 +1,6 @@
 #include "dvc_pnl_utl_xml_guarded_source.h"
 
-#include "dvc_pnl_utl_special_file.h"
+#include "file_guard.h"
 
 #include <QFile>
 
@@ -10,7 +10,7 @@ namespace velarion {
 
 dvc_pnl_utl_xml_guarded_source::dvc_pnl_utl_xml_guarded_source(QFile* file)
     : QXmlInputSource(file)
-    , is_refused_(is_special_file(file->fileName())) {}
+    , is_refused_(is_special_file(QFile::encodeName(file->fileName()).constData())) {}
 
 void dvc_pnl_utl_xml_guarded_source::fetchData() {
     if (is_refused_) {

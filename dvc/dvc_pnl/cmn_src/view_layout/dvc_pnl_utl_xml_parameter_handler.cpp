@@ -1,9 +1,9 @@
 #include "dvc_pnl_utl_xml_parameter_handler.h"
 
-#include "dvc_pnl_utl_special_file.h"
 #include "dvc_pnl_utl_toolkit.h"
 #include "dvc_pnl_utl_xml_handler_base.h"
 #include "dvc_pnl_utl_xml_sax_reader.h"
+#include "file_guard.h"
 #include "trace.h"
 
 #include <QFile>
@@ -111,7 +111,7 @@ int dvc_pnl_utl_xml_parameter_handler::dvc_pnl_utl_execute(dvc_pnl_utl_xml_handl
         return RESULT_FAILURE;
     }
     const QString file_name = dvc_pnl_utl_from_8bit(path);
-    if (!QFile::exists(file_name) || is_special_file(file_name)) {
+    if (!QFile::exists(file_name) || is_special_file(QFile::encodeName(file_name).constData())) {
         return RESULT_FAILURE;
     }
     QXmlSimpleReader reader;
