@@ -105,6 +105,15 @@ bool read_options(int argc, char** argv, service_options& options, int& exit_cod
     return true;
 }
 
+/** A closed standard descriptor would become that of a socket or of a file, and the log would go there. */
+void open_standard_descriptors() {
+    int opened = 0;
+    do {
+        opened = ::open("/dev/null", O_RDWR);
+    } while (opened >= 0 && opened <= STDERR_FILENO);
+    const panel_platform::file_descriptor surplus(opened);
+}
+
 panel_platform::file_descriptor take_signals() {
     std::signal(SIGPIPE, SIG_IGN); // a log that nobody reads does not end the service
     sigset_t ending;
@@ -153,6 +162,7 @@ int main(int argc, char** argv) {
     if (!read_options(argc, argv, options, exit_code)) {
         return exit_code;
     }
+    open_standard_descriptors();
     const panel_platform::file_descriptor signals = take_signals();
     if (signals.get() < 0) {
         write_log(SERVICE_LOG_ERROR, "no descriptor for signals (error %d)", errno);

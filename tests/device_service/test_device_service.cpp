@@ -210,6 +210,17 @@ TEST_F(test_device_service, it_never_waits_for_who_reads_its_log) {
     }
 }
 
+TEST_F(test_device_service, without_standard_descriptors_the_log_goes_nowhere) {
+    const process_result result =
+        run_process({"/bin/sh", "-c",
+                     DEVICE_SERVICE " <&- >&- 2>&- & cd $PANEL_PLATFORM_DIR\n"
+                                    "until [ -S run/DVO_DVC_PNL_SRV ]; do sleep 0.01; done\n"
+                                    "kill $! && wait $! && cat run/*.lock"},
+                    {{"PANEL_PLATFORM_DIR", scratch_.path("")}});
+    EXPECT_EQ(result.exit_code, 0);
+    EXPECT_EQ(result.output, "");
+}
+
 TEST_F(test_device_service, connections_beyond_the_limit_wait_and_come_in_later) {
     std::vector<file_descriptor> connections(64);
     std::generate(connections.begin(), connections.end(), connect);
