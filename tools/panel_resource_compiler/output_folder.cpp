@@ -167,7 +167,8 @@ std::string output_folder::read(const std::string& name) const {
     if (!find_place(path_, name, false, at, not_there) || !is_kind(at.folder.get(), at.name, S_IFREG)) {
         return {};
     }
-    const file_descriptor file(openat(at.folder.get(), at.name.c_str(), O_RDONLY | O_NOFOLLOW | O_CLOEXEC));
+    const file_descriptor file(
+        openat(at.folder.get(), at.name.c_str(), O_RDONLY | O_NONBLOCK | O_NOFOLLOW | O_CLOEXEC));
     std::string contents;
     char bytes[4096];
     for (ssize_t count = 0; (count = ::read(file.get(), bytes, sizeof bytes)) > 0;) {

@@ -1,5 +1,7 @@
 #include "text_lines.h"
 
+#include "file_guard.h"
+
 #include <fstream>
 
 namespace {
@@ -61,6 +63,10 @@ void take_line(const source_place& place, std::string text, std::vector<text_lin
 } // namespace
 
 bool read_text_lines(const std::string& path, std::vector<text_line>& lines, diagnostics& report) {
+    if (velarion::is_special_file(path.c_str())) {
+        report.error({path, 0}, "is a pipe or device; put a file in its place");
+        return false;
+    }
     std::ifstream file(path, std::ios::binary);
     if (!file) {
         report.error({path, 0}, "cannot be opened for reading");

@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <filesystem>
+#include <sys/stat.h>
 
 namespace {
 
@@ -124,17 +125,19 @@ TEST(catalogue, files_as_a_whole) {
     }
 }
 
-TEST(catalogue, a_missing_file_and_a_folder_in_its_place_are_errors) {
+TEST(catalogue, a_missing_file_and_a_folder_or_pipe_in_its_place_are_errors) {
     const scratch_catalogue catalogue;
     for (const char* name : {"texts/de.tsv", "texts/ru.tsv", "packs/86/pack.conf", "packs/86/texts.tsv"}) {
         std::filesystem::remove(catalogue.path(name));
     }
     std::filesystem::create_directory(catalogue.path("texts/ru.tsv"));
-    EXPECT_EQ(catalogue.run("check").errors, "texts/de.tsv: error: cannot be opened for reading\n"
-                                             "texts/ru.tsv: error: cannot be read\n"
-                                             "packs/86/pack.conf: error: cannot be opened for reading\n"
-                                             "packs/86/texts.tsv: error: cannot be opened for reading\n"
-                                             "4 errors, 0 warnings\n");
+    ASSERT_EQ(::mkfifo(catalogue.path("packs/86/pack.conf").c_str(), 0600), 0);
+    EXPECT_EQ(catalogue.run("check").errors,
+              "texts/de.tsv: error: cannot be opened for reading\n"
+              "texts/ru.tsv: error: cannot be read\n"
+              "packs/86/pack.conf: error: is a pipe or device; put a file in its place\n"
+              "packs/86/texts.tsv: error: cannot be opened for reading\n"
+              "4 errors, 0 warnings\n");
 }
 
 TEST(catalogue, placeholders_that_differ_are_warned_of) {
