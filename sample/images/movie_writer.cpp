@@ -99,6 +99,12 @@ struct color_map_remover {
     void operator()(ColorMapObject* map) const { GifFreeMapObject(map); }
 };
 
+/** Takes what the encoder writes. */
+int append(GifFileType* file, const GifByteType* bytes, int count) {
+    static_cast<std::string*>(file->UserData)->append(bytes, bytes + count);
+    return count;
+}
+
 bool write_frame(GifFileType* file, const QImage& frame, int delay, color_table& colors) {
     const GraphicsControlBlock control = {DISPOSE_BACKGROUND, false, delay, TRANSPARENT_INDEX};
     GifByteType bytes[4];
@@ -128,16 +134,18 @@ bool write_repeat(GifFileType* file) {
 
 } // namespace
 
-bool write_movie(const std::string& path, const std::vector<QImage>& frames, int delay, std::string& fault) {
+bool write_movie(const output_folder& output, const std::string& name, const std::vector<QImage>& frames,
+                 int delay, std::string& fault) {
     std::vector<QImage> plain;
     for (const QImage& frame : frames) {
         plain.push_back(frame.convertToFormat(QImage::Format_ARGB32));
     }
     color_table colors(plain);
+    std::string bytes;
     int code = 0;
-    std::unique_ptr<GifFileType, gif_closer> file(EGifOpenFileName(path.c_str(), false, &code));
+    std::unique_ptr<GifFileType, gif_closer> file(EGifOpen(&bytes, append, &code));
     if (!file) {
-        fault = path + ": " + GifErrorString(code);
+        fault = name + ": " + GifErrorString(code);
         return false;
     }
     EGifSetGifVersion(file.get(), true);
@@ -151,7 +159,7 @@ bool write_movie(const std::string& path, const std::vector<QImage>& frames, int
     }
     is_good = EGifCloseFile(file.release(), &code) == GIF_OK && is_good;
     if (!is_good) {
-        fault = path + ": cannot be written";
+        fault = name + ": cannot be made into a movie";
     }
-    return is_good;
+    return is_good && output.write(name, bytes, fault);
 }

@@ -1,6 +1,8 @@
 #ifndef MOVIE_WRITER_H
 #define MOVIE_WRITER_H
 
+#include "output_folder.h"
+
 #include <QImage>
 #include <string>
 #include <vector>
@@ -12,6 +14,7 @@
  * @param delay   of each frame, in hundredths of a second
  * @param fault   receives the reason when it fails
  */
-bool write_movie(const std::string& path, const std::vector<QImage>& frames, int delay, std::string& fault);
+bool write_movie(const output_folder& output, const std::string& name, const std::vector<QImage>& frames,
+                 int delay, std::string& fault);
 
 #endif

@@ -1,7 +1,9 @@
 #include "picture_files.h"
 
+#include "file_guard.h"
 #include "movie_writer.h"
 
+#include <QBuffer>
 #include <QPainter>
 #include <QSvgRenderer>
 #include <cmath>
@@ -36,6 +38,9 @@ std::string state_of(const std::string& file, const char* suffix) {
 }
 
 bool read_file(const std::string& path, std::string& content) {
+    if (velarion::is_special_file(path.c_str())) {
+        return false;
+    }
     std::ifstream file(path, std::ios::binary);
     content.assign(std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>());
     return file.good() && !content.empty();
@@ -49,6 +54,16 @@ QImage render(const std::string& document, double width, double height) {
     QPainter painter(&image);
     renderer.render(&painter);
     return image;
+}
+
+bool write_bitmap(const output_folder& output, const std::string& name, const QImage& image,
+                  std::string& fault) {
+    QBuffer bytes;
+    if (!image.save(&bytes, "PNG")) {
+        fault = name + ": cannot be made into a bitmap";
+        return false;
+    }
+    return output.write(name, bytes.data().toStdString(), fault);
 }
 
 /** Gives every colour of a drawn picture the same value. */
@@ -96,7 +111,7 @@ picture_files::picture_files(const glyph_book& book, const std::string& drawn_fo
                              const std::string& output_folder)
     : book_(book)
     , drawn_folder_(drawn_folder + '/')
-    , output_folder_(output_folder + '/') {}
+    , output_(output_folder) {}
 
 bool picture_files::find_names(const std::set<std::string>& files, std::set<std::string>& names,
                                std::string& fault) const {
@@ -132,32 +147,16 @@ bool picture_files::make(const std::string& file, std::string& fault) const {
     }
     const picture_name name = read_picture_name(file, book_);
     if (name.extension == ".svg") {
-        return make_vector(file, draw_document(name, book_, 0), fault);
+        return output_.write(file, draw_document(name, book_, 0), fault);
     }
     return name.extension == ".gif" ? make_movie(name, fault) : make_bitmap(name, fault);
-}
-
-bool picture_files::make_vector(const std::string& file, const std::string& document,
-                                std::string& fault) const {
-    std::ofstream output(output_folder_ + file, std::ios::binary);
-    output << document;
-    output.close();
-    if (!output) {
-        fault = output_folder_ + file + ": cannot be written";
-    }
-    return output.good();
 }
 
 bool picture_files::make_bitmap(const picture_name& name, std::string& fault) const {
     const picture_kind kind = kind_of(name);
     const QImage image =
         render(draw_document(name, book_, 0), kind.width * kind.pixel_scale, kind.height * kind.pixel_scale);
-    const std::string path = output_folder_ + name.file;
-    const bool is_written = image.save(QString::fromStdString(path), "PNG");
-    if (!is_written) {
-        fault = path + ": cannot be written";
-    }
-    return is_written;
+    return write_bitmap(output_, name.file, image, fault);
 }
 
 bool picture_files::make_movie(const picture_name& name, std::string& fault) const {
@@ -173,7 +172,7 @@ bool picture_files::make_movie(const picture_name& name, std::string& fault) con
         QPainter(&frame).drawImage(0, 0, drawn);
         frames.push_back(frame);
     }
-    return write_movie(output_folder_ + name.file, frames, kind.frame_delay, fault);
+    return write_movie(output_, name.file, frames, kind.frame_delay, fault);
 }
 
 bool picture_files::copy_drawn(std::string& fault) const {
@@ -182,11 +181,12 @@ bool picture_files::copy_drawn(std::string& fault) const {
         return false;
     }
     for (const std::string& file : drawn) {
-        std::error_code error;
-        std::filesystem::copy_file(drawn_folder_ + file, output_folder_ + file,
-                                   std::filesystem::copy_options::overwrite_existing, error);
-        if (error) {
-            fault = output_folder_ + file + ": " + error.message();
+        std::string document;
+        if (!read_file(drawn_folder_ + file, document)) {
+            fault = drawn_folder_ + file + ": cannot be read, or is empty";
+            return false;
+        }
+        if (!output_.write(file, document, fault)) {
             return false;
         }
     }
@@ -206,18 +206,14 @@ bool picture_files::make_states(const std::string& file, std::string& fault) con
     const auto is_drawn = [this](const std::string& name) {
         return std::filesystem::exists(drawn_folder_ + name);
     };
-    return (is_drawn(selected) || make_vector(selected, on_plate(drawn), fault)) &&
-           (is_drawn(off) || make_vector(off, in_one_color(drawn, palette().dim), fault));
+    return (is_drawn(selected) || output_.write(selected, on_plate(drawn), fault)) &&
+           (is_drawn(off) || output_.write(off, in_one_color(drawn, palette().dim), fault));
 }
 
 bool picture_files::make_placeholders(std::string& fault) const {
     // Light: the library writes the name of the missing picture over it in black.
     const QImage image = render(placeholder("#d5dbe1"), 100, 60);
-    const std::string path = output_folder_ + IMAGE_PLACEHOLDER;
-    if (!image.save(QString::fromStdString(path), "PNG")) {
-        fault = path + ": cannot be written";
-        return false;
-    }
     const std::vector<QImage> frames = {image, render(placeholder("#f2f5f7"), 100, 60)};
-    return write_movie(output_folder_ + MOVIE_PLACEHOLDER, frames, 50, fault);
+    return write_bitmap(output_, IMAGE_PLACEHOLDER, image, fault) &&
+           write_movie(output_, MOVIE_PLACEHOLDER, frames, 50, fault);
 }

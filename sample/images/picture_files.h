@@ -1,6 +1,7 @@
 #ifndef PICTURE_FILES_H
 #define PICTURE_FILES_H
 
+#include "output_folder.h"
 #include "picture_kinds.h"
 
 #include <set>
@@ -12,7 +13,7 @@ class picture_files {
 public:
     /**
      * @param drawn_folder   pictures drawn by hand: they are copied, and stand before generated ones
-     * @param output_folder  must exist
+     * @param output_folder  must exist; nothing outside of it is written
      */
     picture_files(const glyph_book& book, const std::string& drawn_folder, const std::string& output_folder);
 
@@ -42,13 +43,12 @@ public:
 
 private:
     bool find_drawn(std::set<std::string>& names, std::string& fault) const;
-    bool make_vector(const std::string& file, const std::string& document, std::string& fault) const;
     bool make_bitmap(const picture_name& name, std::string& fault) const;
     bool make_movie(const picture_name& name, std::string& fault) const;
 
     const glyph_book& book_;
     std::string drawn_folder_;
-    std::string output_folder_;
+    output_folder output_;
 };
 
 #endif

@@ -100,7 +100,7 @@ TEST(sample_images, a_movie_keeps_colours_transparency_and_pace) {
         }
     }
     std::string fault;
-    ASSERT_TRUE(write_movie(folder.path("m.gif"), {first, second}, 25, fault)) << fault;
+    ASSERT_TRUE(write_movie(output_folder(folder.path("")), "m.gif", {first, second}, 25, fault)) << fault;
     QImageReader reader(toolkit_path(folder.path("m.gif")), "gif");
     EXPECT_EQ(qAlpha(reader.read().pixel(3, 3)), 0);
     EXPECT_EQ(reader.nextImageDelay(), 250);
@@ -108,8 +108,8 @@ TEST(sample_images, a_movie_keeps_colours_transparency_and_pace) {
     const QImage read = reader.read();
     EXPECT_NEAR(qRed(read.pixel(20, 10)), 160, 12);
     EXPECT_NEAR(qGreen(read.pixel(20, 10)), 120, 12);
-    EXPECT_FALSE(write_movie(folder.path("none/m.gif"), {first}, 25, fault));
-    EXPECT_NE(fault.find("none/m.gif"), std::string::npos);
+    EXPECT_FALSE(write_movie(output_folder(folder.path("m.gif")), "n.gif", {first}, 25, fault));
+    EXPECT_NE(fault.find("m.gif"), std::string::npos);
 }
 
 TEST(sample_images, the_builder_takes_drawn_pictures_first_and_removes_its_old_ones) {
@@ -118,12 +118,16 @@ TEST(sample_images, the_builder_takes_drawn_pictures_first_and_removes_its_old_o
     folder.write("catalogue/images.tsv", header + "1\tA\tico_globalnavi_home.svg\n2\tB\tunheard_of.png\n");
     folder.write("drawn/ico_globalnavi_home.svg", "<svg xmlns=\"http://www.w3.org/2000/svg\"/>");
     folder.write("out/own.png", "not of the builder");
+    for (const std::string planted : {"ico_globalnavi_home.svg", "unheard_of.png", "ERROR_MOVIE.gif"}) {
+        std::filesystem::create_symlink(folder.path("beside"), folder.path("out/" + planted));
+    }
     const auto build = [&folder](const std::string& drawn) {
         return run_process({IMAGES_BUILDER, "--catalogue", folder.path("catalogue"), "--glyphs", GLYPH_TABLE,
                             "--drawn", folder.path(drawn), "--output", folder.path("out")})
             .exit_code;
     };
     EXPECT_EQ(build("drawn"), 0);
+    EXPECT_FALSE(std::filesystem::exists(folder.path("beside")));
     EXPECT_EQ(folder.read("out/ico_globalnavi_home.svg"), folder.read("drawn/ico_globalnavi_home.svg"));
     EXPECT_FALSE(QImage(toolkit_path(folder.path("out/unheard_of.png"))).isNull());
     folder.write("catalogue/images.tsv", header + "2\tB\tico_softkey_ok.svg\n");
