@@ -28,9 +28,10 @@ public:
     /**
      * Parses a file and reports its events.
      *
-     * Elements nested too deep stop the parse like a callback that returns false; entities that expand too
-     * much, and content models nested too deep, end the document where they do so, and the reader then
-     * reports an unexpected end of file. A device, pipe or socket counts as a missing file.
+     * Elements nested too deep, or with too many namespace prefixes in scope, stop the parse like a callback
+     * that returns false; entities that expand too much, and content models nested too deep, end the document
+     * where they do so, and the reader then reports an unexpected end of file. A device, pipe or socket
+     * counts as a missing file.
      *
      * @param handler  receives events and errors and is the reader's content and error handler afterwards;
      *                 borrowed; null: nobody receives them

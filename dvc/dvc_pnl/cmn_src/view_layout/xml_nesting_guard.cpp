@@ -1,7 +1,5 @@
 #include "xml_nesting_guard.h"
 
-#include <QString>
-
 #pragma GCC diagnostic ignored "-Wdeprecated-declarations" // as for the event handler
 
 namespace velarion {
@@ -10,7 +8,9 @@ xml_nesting_guard::xml_nesting_guard(QXmlReader* reader, int deepest)
     : reader_(reader)
     , handler_(reader->contentHandler())
     , deepest_(deepest)
-    , depth_(0) {
+    , depth_(0)
+    , outer_prefixes_(0)
+    , compared_(0) {
     reader_->setContentHandler(this);
 }
 
@@ -35,16 +35,23 @@ bool xml_nesting_guard::endDocument() {
 }
 
 bool xml_nesting_guard::startPrefixMapping(const QString& prefix, const QString& uri) {
+    prefixes_.insert(prefix);
     return !handler_ || handler_->startPrefixMapping(prefix, uri);
 }
 
+/** Comes once, when the prefix is not in scope any more, however often it was mapped. */
 bool xml_nesting_guard::endPrefixMapping(const QString& prefix) {
+    prefixes_.erase(prefix);
+    outer_prefixes_ = static_cast<qint64>(prefixes_.size());
     return !handler_ || handler_->endPrefixMapping(prefix);
 }
 
 bool xml_nesting_guard::startElement(const QString& namespace_uri, const QString& local_name,
                                      const QString& qualified_name, const QXmlAttributes& attributes) {
-    if (depth_ == deepest_) {
+    const qint64 prefixes = static_cast<qint64>(prefixes_.size());
+    compared_ += prefixes > FEW_PREFIXES ? prefixes * outer_prefixes_ : 0;
+    outer_prefixes_ = prefixes;
+    if (depth_ == deepest_ || compared_ > MOST_COMPARED) {
         return false;
     }
     ++depth_;

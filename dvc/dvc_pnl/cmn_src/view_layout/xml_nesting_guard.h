@@ -1,8 +1,11 @@
 #ifndef XML_NESTING_GUARD_H
 #define XML_NESTING_GUARD_H
 
+#include <QString>
 #include <QXmlContentHandler>
 #include <QXmlReader>
+
+#include <set>
 
 namespace velarion {
 
@@ -11,10 +14,16 @@ namespace velarion {
 
 /**
  * Stands before a reader's content handler, forwards everything to it and stops the parse before elements
- * nest too deep: the reader's recursion would exhaust the stack. Takes its place while it lives.
+ * nest too deep, where the reader's recursion would exhaust the stack, and before namespaces cost too much.
+ * Takes its place while it lives.
  */
 class xml_nesting_guard : public QXmlContentHandler {
 public:
+    /** At each element's end the reader looks for all prefixes that were in scope in it among those that
+     * still are: so many comparisons in a document. Those of elements with few prefixes do not count. */
+    static constexpr qint64 MOST_COMPARED = qint64(1) << 30;
+    static constexpr qint64 FEW_PREFIXES = 32;
+
     /**
      * @param reader   borrowed; its content handler, which may be null, is set again at the end unless a
      *                 callback has set another one
@@ -45,6 +54,9 @@ private:
     QXmlContentHandler* handler_;
     int deepest_;
     int depth_;
+    std::set<QString> prefixes_; // in scope
+    qint64 outer_prefixes_;      // those in scope outside of the element that starts next
+    qint64 compared_;
 };
 
 #pragma GCC diagnostic pop
