@@ -34,8 +34,8 @@ struct slot_state {
 
 bool library_loads(const std::string& path) {
     void* library = nullptr;
-    return velarion::is_safe_to_load(path.c_str()) &&
-           emwOSWLoadLibrary(&library, path.c_str()) == 0 && library;
+    return velarion::is_safe_to_load(path.c_str()) && emwOSWLoadLibrary(&library, path.c_str()) == 0 &&
+           library;
 }
 
 int count_rows(pack_manager& packs, int language_id) {
