@@ -211,14 +211,11 @@ TEST_F(test_device_service, it_never_waits_for_who_reads_its_log) {
 }
 
 TEST_F(test_device_service, without_standard_descriptors_the_log_goes_nowhere) {
-    const process_result result =
-        run_process({"/bin/sh", "-c",
-                     DEVICE_SERVICE " <&- >&- 2>&- & cd $PANEL_PLATFORM_DIR\n"
-                                    "until [ -S run/DVO_DVC_PNL_SRV ]; do sleep 0.01; done\n"
-                                    "kill $! && wait $! && cat run/*.lock"},
-                    {{"PANEL_PLATFORM_DIR", scratch_.path("")}});
-    EXPECT_EQ(result.exit_code, 0);
-    EXPECT_EQ(result.output, "");
+    const char command[] = DEVICE_SERVICE " <&- >&- 2>&- & cd $PANEL_PLATFORM_DIR\n"
+                                          "until [ -S run/DVO_DVC_PNL_SRV ]; do sleep 0.01; done\n"
+                                          "kill $! && wait $! && cat run/*.lock && echo ended";
+    EXPECT_EQ(run_process({"/bin/sh", "-c", command}, {{"PANEL_PLATFORM_DIR", scratch_.path("")}}).output,
+              "ended\n");
 }
 
 TEST_F(test_device_service, connections_beyond_the_limit_wait_and_come_in_later) {
