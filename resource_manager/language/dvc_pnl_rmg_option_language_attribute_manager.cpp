@@ -115,8 +115,7 @@ void dvc_pnl_rmg_option_language_attribute_manager::dvc_pnl_rmg_initialize_optio
 void dvc_pnl_rmg_option_language_attribute_manager::load_pack(int slot, const std::string& directory) {
     const std::string path = directory + NAME_LIB_OPT_LANG;
     void* library = nullptr;
-    if (!is_safe_to_load(path.c_str()) || emwOSWLoadLibrary(&library, path.c_str()) != 0 ||
-        !library) {
+    if (!is_safe_to_load(path.c_str()) || emwOSWLoadLibrary(&library, path.c_str()) != 0 || !library) {
         return;
     }
     valid_function_map_[slot] = get_pack_function<VALID_FUNCTION>(library, SYMBOL_IS_VALID_OPT_LANG);
