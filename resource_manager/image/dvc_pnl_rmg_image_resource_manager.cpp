@@ -5,7 +5,6 @@
 #include "dvc_pnl_rmg_image_cache.h"
 #include "dvc_pnl_rmg_image_inspection.h"
 #include "dvc_pnl_utl_toolkit.h"
-#include "picture_size.h"
 #include "trace.h"
 
 #include <QStringList>
@@ -270,9 +269,7 @@ bool dvc_pnl_rmg_image_resource_manager::take_rendered(REQUEST& request, const Q
 bool dvc_pnl_rmg_image_resource_manager::take_loaded(REQUEST& request, const QString& directory,
                                                      const QString& name) {
     QPixmap picture;
-    const QSize size(request.width, request.height);
-    const bool is_scalable = !is_requested_size(request.width, request.height) || is_allowed_size(size);
-    if (!is_scalable || !dvc_pnl_rmg_load_image_file(directory + name, picture)) {
+    if (!dvc_pnl_rmg_load_image_file(directory + name, picture)) {
         return false;
     }
     dvc_pnl_rmg_qpixmap_size_convert(picture, request.width, request.height);

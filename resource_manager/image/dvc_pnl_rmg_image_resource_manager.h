@@ -85,8 +85,8 @@ public:
      * @param suffix      state suffix, put before the extension ("_on"); may be empty
      * @param found_name  receives the name the picture was found under, UTF-8; empty on failure
      * @param width,height  device pixels; natural size unless both are positive
-     * @return DVC_PNL_RMG_IMAGE_OK, or the reason why there is no picture; an external image that cannot
-     *         take the requested size is delivered as it is
+     * @return DVC_PNL_RMG_IMAGE_OK, or the reason why there is no picture; one that cannot be scaled to the
+     *         requested size is delivered as it is
      */
     int dvc_pnl_rmg_get_image(const QString& id, QPixmap* pixmap, const QString& suffix,
                               std::string& found_name, int width, int height);
