@@ -2,6 +2,7 @@
 
 #include "gzip_inflater.h"
 #include "picture_file.h"
+#include "picture_header.h"
 #include "picture_size.h"
 #include "svg_limits.h"
 #include "svg_quick_scan.h"
@@ -9,13 +10,8 @@
 #include "svg_survey.h"
 
 #include <QBuffer>
-#include <QFile>
 #include <QFileInfo>
-#include <QImage>
 #include <QImageReader>
-#include <QtEndian>
-
-#include <cstring>
 
 namespace velarion {
 
@@ -23,9 +19,6 @@ namespace {
 
 const char VECTOR_FORMAT[] = "svg";
 const char* const COMPRESSED_EXTENSIONS[] = {".svgz", ".svg.gz"};
-const char PNG_MARK[] = "\x89PNG\r\n\x1A\n\0\0\0\rIHDR";
-const int PNG_MARK_SIZE = 16;
-const int PNG_HEADER_SIZE = 24; // up to its width and height
 
 bool is_compressed_name(const QString& path) {
     for (const char* extension : COMPRESSED_EXTENSIONS) {
@@ -84,27 +77,6 @@ bool load_svg(const QByteArray& bytes, const QString& path, QPixmap& pixmap) {
     return !drawn.isNull();
 }
 
-int number_at(const QByteArray& bytes, int at) {
-    std::uint32_t number = 0;
-    std::memcpy(&number, bytes.constData() + at, sizeof number);
-    return static_cast<int>(qFromBigEndian(number));
-}
-
-/** @return the size that a PNG file of that name tells in its header; invalid for any other file */
-QSize png_size(const QString& path) {
-    if (!path.endsWith(QLatin1String(".png"), Qt::CaseInsensitive)) {
-        return QSize();
-    }
-    QFile file(path);
-    if (!file.open(QIODevice::ReadOnly | QIODevice::Unbuffered)) {
-        return QSize();
-    }
-    const QByteArray header = file.read(PNG_HEADER_SIZE);
-    const bool is_png =
-        header.size() == PNG_HEADER_SIZE && header.startsWith(QByteArray(PNG_MARK, PNG_MARK_SIZE));
-    return is_png ? QSize(number_at(header, PNG_MARK_SIZE), number_at(header, PNG_MARK_SIZE + 4)) : QSize();
-}
-
 bool load_bitmap(const QString& path, QPixmap& pixmap) {
     QPixmap loaded;
     if (!loaded.load(path) || loaded.isNull()) {
@@ -144,7 +116,7 @@ bool dvc_pnl_rmg_load_image_file(const QString& path, QPixmap& pixmap) {
         QByteArray bytes;
         return read_file(file.path, SVG_BYTES_LIMIT, bytes) && load_svg(bytes, file.path, pixmap);
     }
-    return is_allowed_size(reader.size()) && load_bitmap(file.path, pixmap);
+    return is_allowed_size(bitmap_size(reader)) && load_bitmap(file.path, pixmap);
 }
 
 bool dvc_pnl_rmg_load_image(const QByteArray& bytes, QPixmap& pixmap) {
@@ -156,7 +128,7 @@ bool dvc_pnl_rmg_load_image(const QByteArray& bytes, QPixmap& pixmap) {
         return load_svg(bytes, QString(), pixmap);
     }
     QPixmap loaded;
-    if (!is_allowed_size(reader.size()) || !loaded.loadFromData(bytes) || loaded.isNull()) {
+    if (!is_allowed_size(bitmap_size(reader)) || !loaded.loadFromData(bytes) || loaded.isNull()) {
         return false;
     }
     pixmap = loaded;

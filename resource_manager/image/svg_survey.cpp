@@ -2,6 +2,7 @@
 
 #include "gzip_inflater.h"
 #include "picture_file.h"
+#include "picture_header.h"
 #include "picture_size.h"
 #include "svg_limits.h"
 #include "svg_markup.h"
@@ -458,7 +459,7 @@ bool svg_survey::add_picture_of(QImageReader& reader, const QString& path) {
     } else if (!reader.supportsOption(QImageIOHandler::Size)) {
         return false;
     }
-    budget_.bitmap_bits += pixmap_bits(reader.size());
+    budget_.bitmap_bits += pixmap_bits(bitmap_size(reader));
     return budget_.bitmap_bits < PIXMAP_BITS_END;
 }
 

@@ -89,10 +89,21 @@ std::string replaced(std::string text, const std::string& part, const std::strin
     return text;
 }
 
-std::string gif_of_size(const std::string& width_and_height) {
+std::string gif_of_size(const std::string& width_and_height, const std::string& of_frame = "") {
     const char palette[] = "\x80\0\0\0\0\0\xFF\xFF\xFF";
     return "GIF89a" + width_and_height + std::string(palette, 9) + std::string("\x2C\0\0\0\0", 5) +
-           width_and_height + std::string("\0\x02\x02\x44\x01\0\x3B", 7);
+           (of_frame.empty() ? width_and_height : of_frame) + std::string("\0\x02\x02\x44\x01\0\x3B", 7);
+}
+
+/** An icon that calls a PNG file a picture of 16 by 16. */
+std::string icon_of(const std::string& png) {
+    return std::string("\0\0\1\0\1\0\x10\x10\0\0\1\0\x20\0\xFF\xFF\xFF\0\x16\0\0\0", 22) + png;
+}
+
+/** A bitmap of black and white that begins with its top row. */
+std::string bitmap_of_size(const std::string& width, const std::string& negative_height) {
+    return std::string("BM\0\0\0\0\0\0\0\0\x3E\0\0\0\x28\0\0\0", 18) + width + negative_height +
+           std::string("\1\0\1\0", 4) + std::string(64, '\0');
 }
 
 using hostile_images = image_device;
@@ -135,6 +146,9 @@ TEST_F(hostile_images, are_refused_with_the_result_of_their_kind_and_others_are_
         {"a bitmap in a vector name", "c.svg", png_picture(8, 8), "4  3x3"},
         {"too many pixels in a small file", "d.png", png_picture(8192, 8192), "2  3x3"},
         {"too wide an animation", "d.gif", gif_of_size("\xFF\xFF\xFF\xFF"), "2  3x3"},
+        {"a frame on too large a screen", "d.gif", gif_of_size("\x01\x20\x01\x20", "\x10\x01\x10\x01"),
+         "2  3x3"},
+        {"a large picture in an icon", "d.ico", icon_of(png_picture(8192, 8192)), "2  3x3"},
         {"too large a view box", "d.svg", svg_document(SHAPE, "0 0 100000 100000"), "4  3x3"},
         {"a view box beyond integers", "e.svg", svg_document(SHAPE, "0 0 3e9 3e9"), "4  3x3"},
         {"a negative view box", "g.svg", svg_document(SHAPE, "0 0 -5 -5"), "4  3x3"},
@@ -151,6 +165,9 @@ TEST_F(hostile_images, are_refused_with_the_result_of_their_kind_and_others_are_
         {"behind another reference", "m.svg", replaced(large, " xlink:href", " href=\"x\" xlink:href"),
          "4  3x3"},
         {"a large bitmap beside it", "m.svg", svg_document("<image xlink:href=\"d.png\"/>"), "4  3x3"},
+        {"from its top down", "m.svg",
+         svg_document(embedded("bmp", bitmap_of_size(std::string("\0\x30\0\0", 4), "\1\xE0\xFF\xFF"))),
+         "4  3x3"},
         {"many bitmaps within", "n.svg", svg_document(repeated(embedded("png", png_picture(6000, 6000)), 2)),
          "4  3x3"},
         {"itself within", "p.svg", svg_document("<image xlink:href=\"" + IMAGES + "p.svg\"/>"), "4  3x3"},
@@ -199,6 +216,8 @@ TEST_F(hostile_images, are_refused_with_the_result_of_their_kind_and_others_are_
         {"a link to the whole", "q.svg", root + "<a xlink:href=\"#top\">" + SHAPE + "</a></svg>",
          "0 q.svg 16x16"},
         {"an entity", "q.svg", entity + svg_document("<rect fill=\"&red;\"/>"), "0 q.svg 16x16"},
+        {"a bitmap from its top down", "q.bmp",
+         bitmap_of_size(std::string("\x08\0\0\0", 4), "\xF8\xFF\xFF\xFF"), "0 q.bmp 8x8"},
         {"a photograph", "q.png", png_picture(6000, 4000), "0 q.png 6000x4000"},
         {"a drawing in a bitmap name", "r.png", drawing, drawn_by_content},
     };

@@ -1,0 +1,88 @@
+#include "picture_header.h"
+
+#include <QByteArray>
+#include <QFile>
+#include <QIODevice>
+#include <QImageReader>
+
+#include <algorithm>
+#include <cstdint>
+#include <cstdlib>
+#include <limits>
+
+namespace velarion {
+
+namespace {
+
+constexpr char PNG_MARK[] = "\x89PNG\r\n\x1A\n\0\0\0\rIHDR";
+constexpr int PNG_MARK_SIZE = 16;
+constexpr int PNG_HEADER_SIZE = 24; // up to its width and height
+constexpr int GIF_SCREEN_AT = 6;
+constexpr int ICON_OFFSET_AT = 18; // of the first picture, in its directory entry
+
+QByteArray bytes_at(QIODevice& device, qint64 position, int count) {
+    const QByteArray bytes = device.seek(position) ? device.read(count) : QByteArray();
+    return bytes.size() == count ? bytes : QByteArray(count, '\0');
+}
+
+std::uint32_t little_endian(const QByteArray& bytes) {
+    std::uint32_t number = 0;
+    for (int i = bytes.size(); i > 0; --i) {
+        number = number << 8U | static_cast<unsigned char>(bytes[i - 1]);
+    }
+    return number;
+}
+
+int big_endian(const QByteArray& bytes, int at) {
+    std::uint32_t number = 0;
+    for (int i = 0; i < 4; ++i) {
+        number = number << 8U | static_cast<unsigned char>(bytes[at + i]);
+    }
+    return static_cast<int>(number);
+}
+
+QSize png_size(QIODevice& device, qint64 position) {
+    const QByteArray header = bytes_at(device, position, PNG_HEADER_SIZE);
+    const bool is_png = header.startsWith(QByteArray::fromRawData(PNG_MARK, PNG_MARK_SIZE));
+    return is_png ? QSize(big_endian(header, PNG_MARK_SIZE), big_endian(header, PNG_MARK_SIZE + 4)) : QSize();
+}
+
+/** The size of the screen that the frames are drawn on. */
+QSize animation_size(QImageReader& reader) {
+    QIODevice& device = *reader.device();
+    const std::uint32_t numbers = little_endian(bytes_at(device, GIF_SCREEN_AT, 4));
+    const QSize screen(static_cast<int>(numbers & 0xFFFFU), static_cast<int>(numbers >> 16U));
+    device.seek(0);
+    return screen.isEmpty() ? reader.size().expandedTo(screen) : screen; // size() reads the whole file
+}
+
+/** The size of the first picture, which may be a PNG file larger than the directory says. */
+QSize icon_size(QImageReader& reader) {
+    const QSize told = reader.size();
+    QIODevice& device = *reader.device();
+    return told.expandedTo(png_size(device, little_endian(bytes_at(device, ICON_OFFSET_AT, 4))));
+}
+
+} // namespace
+
+QSize png_size(const QString& path) {
+    QFile file(path);
+    const bool is_open = path.endsWith(QLatin1String(".png"), Qt::CaseInsensitive) &&
+                         file.open(QIODevice::ReadOnly | QIODevice::Unbuffered);
+    return is_open ? png_size(file, 0) : QSize();
+}
+
+QSize bitmap_size(QImageReader& reader) {
+    const QByteArray format = reader.format();
+    if (format == "gif") {
+        return animation_size(reader);
+    }
+    if (format == "ico" || format == "cur") {
+        return icon_size(reader);
+    }
+    const QSize told = reader.size();
+    const int height = std::max(told.height(), -std::numeric_limits<int>::max());
+    return format == "bmp" ? QSize(told.width(), std::abs(height)) : told;
+}
+
+} // namespace velarion
