@@ -94,14 +94,11 @@ int dvc_pnl_rmg_data_file_access::write(const char* name, const unsigned char* b
     if (count > std::numeric_limits<std::uint32_t>::max()) {
         return DVC_PNL_RMG_RESULT_IO_ERROR;
     }
-    const unsigned char nothing = 0;
     std::uint32_t written = 0;
     open_data_file file;
     const bool is_written =
         succeeds(file.open(area_, group_, name, MODE_WRITE), error) &&
-        succeeds(dvu_dio_fwrite(bytes == nullptr ? &nothing : bytes, static_cast<std::uint32_t>(count),
-                                file.handle(), &written),
-                 error) &&
+        succeeds(dvu_dio_fwrite(bytes, static_cast<std::uint32_t>(count), file.handle(), &written), error) &&
         succeeds(dvu_dio_fflush(file.handle()), error) && succeeds(file.close(), error);
     return is_written ? DVC_PNL_RMG_RESULT_OK : DVC_PNL_RMG_RESULT_IO_ERROR;
 }
