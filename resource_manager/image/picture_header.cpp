@@ -1,5 +1,7 @@
 #include "picture_header.h"
 
+#include "picture_size.h"
+
 #include <QByteArray>
 #include <QFile>
 #include <QIODevice>
@@ -18,7 +20,7 @@ constexpr char PNG_MARK[] = "\x89PNG\r\n\x1A\n\0\0\0\rIHDR";
 constexpr int PNG_MARK_SIZE = 16;
 constexpr int PNG_HEADER_SIZE = 24; // up to its width and height
 constexpr int GIF_SCREEN_AT = 6;
-constexpr int ICON_OFFSET_AT = 18; // of the first picture, in its directory entry
+constexpr int ICON_BYTES_AT = 14; // count and place of the first picture, in the directory
 
 QByteArray bytes_at(QIODevice& device, qint64 position, int count) {
     const QByteArray bytes = device.seek(position) ? device.read(count) : QByteArray();
@@ -60,7 +62,10 @@ QSize animation_size(QImageReader& reader) {
 QSize icon_size(QImageReader& reader) {
     const QSize told = reader.size();
     QIODevice& device = *reader.device();
-    return told.expandedTo(png_size(device, little_endian(bytes_at(device, ICON_OFFSET_AT, 4))));
+    const std::uint32_t count = little_endian(bytes_at(device, ICON_BYTES_AT, 4));
+    const std::uint32_t offset = little_endian(bytes_at(device, ICON_BYTES_AT + 4, 4));
+    const bool is_allowed = count < PIXMAP_BITS_END / 8; // the toolkit takes memory for what is told
+    return is_allowed ? told.expandedTo(png_size(device, offset)) : QSize();
 }
 
 } // namespace

@@ -96,8 +96,9 @@ std::string gif_of_size(const std::string& width_and_height, const std::string& 
 }
 
 /** An icon that calls a PNG file a picture of 16 by 16. */
-std::string icon_of(const std::string& png) {
-    return std::string("\0\0\1\0\1\0\x10\x10\0\0\1\0\x20\0\xFF\xFF\xFF\0\x16\0\0\0", 22) + png;
+std::string icon_of(const std::string& png, char highest_of_count = 0) {
+    return std::string("\0\0\1\0\1\0\x10\x10\0\0\1\0\x20\0\xFF\xFF\xFF", 17) + highest_of_count +
+           std::string("\x16\0\0\0", 4) + png;
 }
 
 /** A bitmap of black and white that begins with its top row. */
@@ -146,9 +147,9 @@ TEST_F(hostile_images, are_refused_with_the_result_of_their_kind_and_others_are_
         {"a bitmap in a vector name", "c.svg", png_picture(8, 8), "4  3x3"},
         {"too many pixels in a small file", "d.png", png_picture(8192, 8192), "2  3x3"},
         {"too wide an animation", "d.gif", gif_of_size("\xFF\xFF\xFF\xFF"), "2  3x3"},
-        {"a frame on too large a screen", "d.gif", gif_of_size("\x01\x20\x01\x20", "\x10\x01\x10\x01"),
-         "2  3x3"},
+        {"a frame on a large screen", "d.gif", gif_of_size("\x01\x20\x01\x20", "\x10\x01\x10\x01"), "2  3x3"},
         {"a large picture in an icon", "d.ico", icon_of(png_picture(8192, 8192)), "2  3x3"},
+        {"an icon of 2 GiB, it says", "d.ico", icon_of(png_picture(8, 8), '\x7F'), "2  3x3"},
         {"too large a view box", "d.svg", svg_document(SHAPE, "0 0 100000 100000"), "4  3x3"},
         {"a view box beyond integers", "e.svg", svg_document(SHAPE, "0 0 3e9 3e9"), "4  3x3"},
         {"a negative view box", "g.svg", svg_document(SHAPE, "0 0 -5 -5"), "4  3x3"},
