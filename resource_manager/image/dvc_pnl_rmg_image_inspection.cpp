@@ -100,23 +100,23 @@ bool dvc_pnl_rmg_read_svg(const QByteArray& bytes, const QSize& size, QByteArray
 
 bool dvc_pnl_rmg_load_image_file(const QString& path, QPixmap& pixmap) {
     const QFileInfo info(path);
-    if (!info.exists() && !info.completeSuffix().isEmpty()) {
+    if (!info.isFile() && (info.exists() || !info.completeSuffix().isEmpty())) {
         return false;
     }
-    const picture_file file = find_picture_file(path);
-    if (file.path.isEmpty()) {
+    const QString file = info.isFile() ? path : find_picture_file(path).path;
+    if (file.isEmpty()) {
         return false;
     }
-    const QSize size = png_size(file.path);
-    if (size.isValid()) {
-        return is_allowed_size(size) && load_bitmap(file.path, pixmap);
+    const QSize size = size_by_name(file);
+    if (!size.isEmpty()) {
+        return is_allowed_size(size) && load_bitmap(file, pixmap);
     }
-    QImageReader reader(file.path);
+    QImageReader reader(file);
     if (is_vector_format(reader)) {
         QByteArray bytes;
-        return read_file(file.path, SVG_BYTES_LIMIT, bytes) && load_svg(bytes, file.path, pixmap);
+        return read_file(file, SVG_BYTES_LIMIT, bytes) && load_svg(bytes, file, pixmap);
     }
-    return is_allowed_size(bitmap_size(reader)) && load_bitmap(file.path, pixmap);
+    return is_allowed_size(bitmap_size(reader)) && load_bitmap(file, pixmap);
 }
 
 bool dvc_pnl_rmg_load_image(const QByteArray& bytes, QPixmap& pixmap) {

@@ -9,6 +9,7 @@
 
 #include <QStringList>
 
+#include <cstdio>
 #include <cstring>
 #include <memory>
 
@@ -381,12 +382,9 @@ void dvc_pnl_rmg_image_resource_manager::dvc_pnl_rmg_create_image_id(QString nam
                                                                      QString& key) {
     key = name;
     if (is_requested_size(width, height)) {
-        const int digits = 6;
-        const int decimal = 10;
-        key = QString::fromLatin1("%1-%2-")
-                  .arg(width, digits, decimal, QLatin1Char('0'))
-                  .arg(height, digits, decimal, QLatin1Char('0')) +
-              name;
+        char size[32];
+        std::snprintf(size, sizeof size, "%06d-%06d-", width, height);
+        key.prepend(QString::fromLatin1(size));
     }
 }
 

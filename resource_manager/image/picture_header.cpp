@@ -20,6 +20,7 @@ constexpr char PNG_MARK[] = "\x89PNG\r\n\x1A\n\0\0\0\rIHDR";
 constexpr int PNG_MARK_SIZE = 16;
 constexpr int PNG_HEADER_SIZE = 24; // up to its width and height
 constexpr int GIF_SCREEN_AT = 6;
+constexpr int GIF_HEADER_SIZE = 10;
 constexpr int ICON_BYTES_AT = 14; // count and place of the first picture, in the directory
 
 QByteArray bytes_at(QIODevice& device, qint64 position, int count) {
@@ -49,12 +50,17 @@ QSize png_size(QIODevice& device, qint64 position) {
     return is_png ? QSize(big_endian(header, PNG_MARK_SIZE), big_endian(header, PNG_MARK_SIZE + 4)) : QSize();
 }
 
-/** The size of the screen that the frames are drawn on. */
+/** The size of the screen that the frames of an animation are drawn on. */
+QSize screen_size(QIODevice& device) {
+    const QByteArray header = bytes_at(device, 0, GIF_HEADER_SIZE);
+    const std::uint32_t screen = little_endian(header.mid(GIF_SCREEN_AT));
+    const bool is_gif = header.startsWith("GIF87a") || header.startsWith("GIF89a");
+    return is_gif ? QSize(static_cast<int>(screen & 0xFFFFU), static_cast<int>(screen >> 16U)) : QSize();
+}
+
 QSize animation_size(QImageReader& reader) {
-    QIODevice& device = *reader.device();
-    const std::uint32_t numbers = little_endian(bytes_at(device, GIF_SCREEN_AT, 4));
-    const QSize screen(static_cast<int>(numbers & 0xFFFFU), static_cast<int>(numbers >> 16U));
-    device.seek(0);
+    const QSize screen = screen_size(*reader.device());
+    reader.device()->seek(0);
     return screen.isEmpty() ? reader.size().expandedTo(screen) : screen; // size() reads the whole file
 }
 
@@ -70,11 +76,14 @@ QSize icon_size(QImageReader& reader) {
 
 } // namespace
 
-QSize png_size(const QString& path) {
+QSize size_by_name(const QString& path) {
+    const bool is_png = path.endsWith(QLatin1String(".png"), Qt::CaseInsensitive);
+    const bool is_gif = path.endsWith(QLatin1String(".gif"), Qt::CaseInsensitive);
     QFile file(path);
-    const bool is_open = path.endsWith(QLatin1String(".png"), Qt::CaseInsensitive) &&
-                         file.open(QIODevice::ReadOnly | QIODevice::Unbuffered);
-    return is_open ? png_size(file, 0) : QSize();
+    if ((!is_png && !is_gif) || !file.open(QIODevice::ReadOnly | QIODevice::Unbuffered)) {
+        return QSize();
+    }
+    return is_png ? png_size(file, 0) : screen_size(file);
 }
 
 QSize bitmap_size(QImageReader& reader) {

@@ -8,8 +8,8 @@ class QImageReader;
 
 namespace velarion {
 
-/** @return the size that a PNG file of that name tells in its header; invalid for any other file */
-QSize png_size(const QString& path);
+/** @return the size that a PNG or GIF file of that name comes out with; empty for any other file */
+QSize size_by_name(const QString& path);
 
 /**
  * The size that a bitmap comes out with, in device pixels. The toolkit's own answer is that of an icon's
