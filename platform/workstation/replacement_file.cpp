@@ -28,14 +28,6 @@ bool is_linked(int descriptor) {
     return ::fstat(descriptor, &status) == 0 && status.st_nlink > 0;
 }
 
-bool lock_exclusively(int descriptor) {
-    int result = -1;
-    do {
-        result = ::flock(descriptor, LOCK_EX);
-    } while (result != 0 && errno == EINTR);
-    return result == 0;
-}
-
 /** A writer keeps its temporary file locked; one that can be locked has lost its writer. */
 void remove_if_abandoned(int folder, const char* name) {
     const file_descriptor file(
@@ -88,7 +80,7 @@ replacement_file::~replacement_file() {
     }
 }
 
-/** Another writer's cleaning may take a new file between its creation and its locking: then try again. */
+/** Another writer's cleaning may take a new file before it is locked: then another one, without waiting. */
 PLATFORM_CODE replacement_file::make() {
     const int folder = place_.folder.get();
     remove_abandoned_files(folder);
@@ -103,12 +95,14 @@ PLATFORM_CODE replacement_file::make() {
             return platform_code_of_errno(errno);
         }
         temporary_name_ = std::move(name);
-        if (!lock_exclusively(file_.get())) {
+        const bool is_locked = ::flock(file_.get(), LOCK_EX | LOCK_NB) == 0;
+        if (!is_locked && errno != EWOULDBLOCK) {
             return platform_code_of_errno(errno);
         }
-        if (is_linked(file_.get())) {
+        if (is_locked && is_linked(file_.get())) {
             return PLATFORM_OK;
         }
+        ::unlinkat(folder, temporary_name_.c_str(), 0);
         temporary_name_.clear();
     }
     return PLATFORM_IO_ERROR;
