@@ -1,5 +1,6 @@
 #include "settings_connection.h"
 
+#include <cstring>
 #include <sqlite3.h>
 
 namespace panel_platform {
@@ -19,6 +20,7 @@ PLATFORM_CODE code_of_database(int result) {
     switch (result & 0xff) { // the primary result
     case SQLITE_BUSY:
     case SQLITE_LOCKED:
+    case SQLITE_PROTOCOL: // another program holds what recovers a write-ahead log
         return PLATFORM_STORE_BUSY;
     case SQLITE_FULL:
         return PLATFORM_NO_SPACE;
@@ -190,8 +192,13 @@ PLATFORM_CODE settings_connection::open(const char* name, int flags) {
 PLATFORM_CODE settings_connection::fail_by_database(int result) {
     const PLATFORM_CODE code = code_of_database(result);
     std::string reason = database_ ? sqlite3_errmsg(database_.get()) : sqlite3_errstr(result);
+    const int primary = result & 0xff;
+    const int error = database_ ? sqlite3_system_errno(database_.get()) : 0;
+    if (error != 0 && (primary == SQLITE_CANTOPEN || primary == SQLITE_IOERR)) {
+        reason += std::string(": ") + std::strerror(error);
+    }
     if (code == PLATFORM_STORE_BUSY) {
-        reason += " by another process; try again later";
+        reason = "is locked by another process; try again later";
     } else if (code == PLATFORM_STORE_DAMAGED) {
         reason += "; move the file away to start with the defaults";
     } else if (code == PLATFORM_ACCESS_DENIED) {

@@ -3,11 +3,13 @@
 #include "replacement_file.h"
 #include "settings_tables.h"
 
+#include <algorithm>
 #include <cerrno>
 #include <chrono>
 #include <cstring>
 #include <fcntl.h>
 #include <filesystem>
+#include <iterator>
 #include <sys/file.h>
 #include <sys/stat.h>
 #include <system_error>
@@ -59,6 +61,13 @@ int open_folder(const std::string& folder) {
     return ::open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
 }
 
+/** @return whether a journal is of a change under way: a finished one is gone, empty or begins with zero */
+bool is_unfinished(const std::string& journal) {
+    const file_descriptor file(::open(journal.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK | O_NOCTTY));
+    char first = 0;
+    return file.get() < 0 ? errno != ENOENT : ::read(file.get(), &first, 1) == 1 && first != 0;
+}
+
 const char* reason_of(PLATFORM_CODE code) {
     switch (code) {
     case PLATFORM_NOT_DURABLE:
@@ -79,6 +88,10 @@ settings_session::settings_session(const std::string& file, std::string& fault)
     , fault_(fault)
     , holder_(file_, fault)
     , connection_(file_, fault) {}
+
+settings_session::~settings_session() {
+    unlock_folder();
+}
 
 PLATFORM_CODE settings_session::begin_reading() {
     const std::string earlier_fault = fault_;
@@ -112,7 +125,7 @@ PLATFORM_CODE settings_session::begin_reading_once() {
         return failure;
     }
     const PLATFORM_CODE undone = read_file(SETTINGS_ACCESS::WRITE);
-    folder_.reset();
+    unlock_folder();
     return undone;
 }
 
@@ -212,17 +225,26 @@ PLATFORM_CODE settings_session::check_file() {
 PLATFORM_CODE settings_session::lock_folder(int wait) {
     folder_.reset(open_folder(folder_of(file_)));
     if (folder_.get() < 0) {
-        return fail(platform_code_of_errno(errno),
-                    "its folder cannot be opened: " + std::string(std::strerror(errno)));
+        const int error = errno;
+        return fail(platform_code_of_errno(error),
+                    std::string("its folder cannot be opened: ") + std::strerror(error));
     }
     return retry(wait, [&] {
         if (::flock(folder_.get(), LOCK_EX | LOCK_NB) == 0) {
             return PLATFORM_OK;
         }
-        return errno == EWOULDBLOCK || errno == EINTR
-                   ? fail(PLATFORM_STORE_BUSY, BEING_CHANGED)
-                   : fail(platform_code_of_errno(errno), std::strerror(errno));
+        const int error = errno;
+        return error == EWOULDBLOCK ? fail(PLATFORM_STORE_BUSY, BEING_CHANGED)
+                                    : fail(platform_code_of_errno(error), std::strerror(error));
     });
+}
+
+/** Closing alone would leave the lock to a child process that was forked meanwhile, for the child's life. */
+void settings_session::unlock_folder() {
+    if (folder_.get() >= 0) {
+        ::flock(folder_.get(), LOCK_UN);
+    }
+    folder_.reset();
 }
 
 /**
@@ -248,7 +270,7 @@ PLATFORM_CODE settings_session::replace_file() {
         return failure;
     }
     FILE_PLACE place;
-    place.folder.reset(open_folder(folder_of(file_)));
+    place.folder.reset(::fcntl(folder_.get(), F_DUPFD_CLOEXEC, 0));
     place.name = std::filesystem::path(file_).filename().string();
     std::unique_ptr<replacement_file> replacement;
     PLATFORM_CODE code = replacement_file::create(std::move(place), replacement);
@@ -274,13 +296,8 @@ void settings_session::prepare_replacement(replacement_file& replacement, const 
 }
 
 bool settings_session::has_unfinished_change() const {
-    for (const char* suffix : JOURNAL_SUFFIXES) {
-        struct stat status = {};
-        if (::stat((file_ + suffix).c_str(), &status) == 0 && status.st_size > 0) {
-            return true;
-        }
-    }
-    return false;
+    return std::any_of(std::begin(JOURNAL_SUFFIXES), std::end(JOURNAL_SUFFIXES),
+                       [this](const char* suffix) { return is_unfinished(file_ + suffix); });
 }
 
 } // namespace panel_platform

@@ -25,6 +25,9 @@ public:
     /** @param file   path of the settings file; what a link there leads to is used and replaced
      *  @param fault  receives the text of a failure; borrowed, and unchanged otherwise */
     settings_session(const std::string& file, std::string& fault);
+    ~settings_session();
+    settings_session(const settings_session&) = delete;
+    settings_session& operator=(const settings_session&) = delete;
 
     /** @return PLATFORM_NOT_FOUND, without a fault text, while nothing is stored yet */
     PLATFORM_CODE begin_reading();
@@ -48,6 +51,7 @@ private:
     PLATFORM_CODE read_file(SETTINGS_ACCESS access);
     PLATFORM_CODE read_unchanged();
     PLATFORM_CODE lock_folder(int wait);
+    void unlock_folder();
     PLATFORM_CODE hold_file();
     PLATFORM_CODE begin_anew();
     PLATFORM_CODE replace_file();

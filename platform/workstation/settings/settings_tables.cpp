@@ -142,7 +142,10 @@ PLATFORM_CODE check_structure(settings_connection& connection) {
     }
     const PLATFORM_CODE code = connection.run("PRAGMA integrity_check(1)", {}, [&](const settings_row& row) {
         return row.text(0) == "ok" ? PLATFORM_OK
-                                   : connection.fail(PLATFORM_STORE_DAMAGED, row.text(0) + START_ANEW);
+                                   : connection.fail(PLATFORM_STORE_DAMAGED,
+                                                     std::string("has damaged pages or indices and is not "
+                                                                 "changed") +
+                                                         START_ANEW);
     });
     return code == PLATFORM_OK ? connection.run("PRAGMA ignore_check_constraints = 0", {}) : code;
 }

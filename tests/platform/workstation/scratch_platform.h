@@ -30,9 +30,6 @@ int run_in_process(const std::function<bool()>& work);
 /** Runs @p work in four threads at once, with the numbers 0 to 3. */
 void run_in_threads(const std::function<void(int number)>& work);
 
-/** Allocations of this thread until one fails; negative: none fails. */
-extern thread_local long allocations_left;
-
 std::string read_bytes(const std::string& path);
 
 #endif

@@ -23,14 +23,16 @@ namespace {
 const int AREA = 4;
 const int GROUP = 33;
 
-bool is_folder_sync_failing = false;
+int (*at_sync)(bool is_folder) = nullptr; // comes before the system's; not 0: in its place
+std::vector<pid_t> children;
 
 class test_data_file_store : public scratch_platform {
 protected:
     std::string store() const { return folder() + "/data/4-33"; }
 
-    std::ptrdiff_t entries() const {
-        return std::distance(fs::directory_iterator(store()), fs::directory_iterator());
+    std::ptrdiff_t entries() const { return entries(store()); }
+    static std::ptrdiff_t entries(const std::string& place) {
+        return std::distance(fs::directory_iterator(place), {});
     }
 };
 
@@ -141,9 +143,12 @@ TEST_F(test_data_file_store, links_folders_and_pipes_are_not_followed) {
     EXPECT_EQ("kept", read_bytes(beside("outside/file")));
 }
 
-TEST_F(test_data_file_store, a_failed_write_leaves_the_old_file) {
+TEST_F(test_data_file_store, a_write_without_room_leaves_the_old_file) {
+    settings_database settings;
+    std::string fault;
     put("file", "old");
-    const auto write_too_much = [] {
+    ASSERT_EQ(settings.write("panel_language", 49, fault), 0) << fault;
+    const auto write_too_much = [&] {
         std::signal(SIGXFSZ, SIG_IGN);
         const rlimit limit = {5000, 5000};
         ::setrlimit(RLIMIT_FSIZE, &limit);
@@ -152,9 +157,13 @@ TEST_F(test_data_file_store, a_failed_write_leaves_the_old_file) {
         const std::string bytes(8000, 'n');
         return dvu_dio_fopen(AREA, GROUP, "file", 1, &handle) == 0 &&
                dvu_dio_fwrite(bytes.data(), 8000, handle, &count) == PLATFORM_NO_SPACE && count == 5000 &&
-               dvu_dio_fclose(handle) == PLATFORM_NO_SPACE && dvu_dio_fclose(handle) == PLATFORM_BAD_HANDLE;
+               dvu_dio_fclose(handle) == PLATFORM_NO_SPACE && dvu_dio_fclose(handle) == PLATFORM_BAD_HANDLE &&
+               settings.write("panel_language", 5, fault) == PLATFORM_NO_SPACE;
     };
     EXPECT_EQ(0, run_in_process(write_too_much));
+    SETTING setting;
+    EXPECT_EQ(settings.find("panel_language", setting, fault), 0) << fault;
+    EXPECT_EQ(setting.value, 49U);
     EXPECT_EQ("old", get("file"));
     EXPECT_EQ(1, entries()) << "a temporary file is left";
 }
@@ -167,7 +176,13 @@ TEST_F(test_data_file_store, what_a_loss_of_power_may_undo_is_told_and_done) {
     std::uint32_t count = 0;
     ASSERT_EQ(dvu_dio_fopen(AREA, GROUP, "file", 1, &handle), 0);
     EXPECT_EQ(dvu_dio_fwrite("new", 3, handle, &count), 0);
-    is_folder_sync_failing = true;
+    at_sync = [](bool is_folder) {
+        if (is_folder) {
+            children.push_back(start_process([] { return ::pause() == 0; }));
+            errno = EIO;
+        }
+        return is_folder ? -1 : 0;
+    };
     EXPECT_EQ(dvu_dio_fclose(handle), PLATFORM_NOT_DURABLE);
     EXPECT_EQ(settings.write("panel_language", 49, fault), PLATFORM_NOT_DURABLE);
     EXPECT_EQ(dvu_dio_fopen(AREA, GROUP, "folder/file", 1, &handle), PLATFORM_IO_ERROR)
@@ -176,10 +191,31 @@ TEST_F(test_data_file_store, what_a_loss_of_power_may_undo_is_told_and_done) {
     EXPECT_EQ(get("file"), "new");
     EXPECT_EQ(dvu_dio_remove(AREA, GROUP, "file"), PLATFORM_NOT_DURABLE);
     EXPECT_EQ(get("file"), "code 2");
-    is_folder_sync_failing = false;
+    at_sync = nullptr;
     SETTING setting;
     EXPECT_EQ(settings.find("panel_language", setting, fault), 0) << fault;
     EXPECT_EQ(setting.value, 49U);
+    EXPECT_EQ(settings.write("panel_language", 7, fault), 0) << "a child keeps the lock: " << fault;
+    for (const pid_t child : children) {
+        ::kill(child, SIGKILL);
+        wait_for(child);
+    }
+}
+
+TEST_F(test_data_file_store, missing_memory_leaves_nothing_open_locked_or_half_made) {
+    settings_database settings;
+    std::string fault;
+    put("file", "old");
+    ASSERT_EQ(settings.write("panel_language", 49, fault), 0) << fault;
+    const std::ptrdiff_t descriptors = entries("/proc/self/fd");
+    at_sync = [](bool) -> int { throw std::bad_alloc(); };
+    EXPECT_THROW(static_cast<void>(settings.write("panel_language", 5, fault)), std::bad_alloc);
+    DVU_DIO_HANDLE handle = nullptr;
+    EXPECT_EQ(dvu_dio_fopen(AREA, GROUP, "folder/file", 1, &handle), PLATFORM_IO_ERROR);
+    at_sync = nullptr;
+    EXPECT_EQ(entries(folder()), 2);
+    EXPECT_EQ(entries("/proc/self/fd"), descriptors);
+    EXPECT_EQ(settings.write("destination", 7, fault), 0) << fault;
 }
 
 TEST_F(test_data_file_store, a_killed_writer_leaves_the_old_file_and_is_cleaned_up_after) {
@@ -253,9 +289,6 @@ TEST_F(test_data_file_store, threads_replacing_one_file_leave_whole_versions) {
 /** Takes the place of the system's for the whole program: no device fails on demand. */
 extern "C" __attribute__((visibility("default"))) int fsync(int descriptor) {
     struct stat status = {};
-    if (is_folder_sync_failing && ::fstat(descriptor, &status) == 0 && S_ISDIR(status.st_mode)) {
-        errno = EIO;
-        return -1;
-    }
-    return ::fdatasync(descriptor);
+    const bool is_folder = ::fstat(descriptor, &status) == 0 && S_ISDIR(status.st_mode);
+    return at_sync && at_sync(is_folder) != 0 ? -1 : ::fdatasync(descriptor);
 }
