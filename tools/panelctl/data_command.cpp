@@ -4,39 +4,83 @@
 #include "display.h"
 #include "dvc_pnl_rmg_property.h"
 #include "image_query.h"
+#include "output_file.h"
+#include "platform_codes.h"
 
 #include <QFile>
 #include <QJsonObject>
-#include <QSaveFile>
 
 #include <vector>
 
 namespace {
 
 const QString COMMAND = QStringLiteral("data");
+constexpr int LARGEST_STREAM = 16777216; // bytes taken from a pipe or device, which need not end
 
 using velarion::dvc_pnl_rmg_image_resource_manager;
 
+QString reason_of(int error) {
+    switch (error) {
+    case panel_platform::PLATFORM_NAME_REFUSED:
+        return QStringLiteral("the name is malformed, too long, or leads through a link or a file");
+    case panel_platform::PLATFORM_NOT_A_FILE:
+        return QStringLiteral("the name belongs to a folder, a link or a device");
+    case panel_platform::PLATFORM_NO_SPACE:
+        return QStringLiteral("there is no room; the earlier file is kept");
+    case panel_platform::PLATFORM_ACCESS_DENIED:
+        return QStringLiteral("access is denied; check the rights of the store's folder");
+    case panel_platform::PLATFORM_NO_FOLDER:
+        return QStringLiteral("there is no store; set PANEL_PLATFORM_DIR to a folder");
+    case panel_platform::PLATFORM_NOT_DURABLE:
+        return QStringLiteral("it is done, but a loss of power may undo it");
+    default:
+        return QStringLiteral("the store failed");
+    }
+}
+
 int report_failure(const QString& name, int result, int error) {
     const QString code = error == 0 ? QString() : QStringLiteral(" (platform code %1)").arg(error);
-    if (result == velarion::DVC_PNL_RMG_RESULT_NOT_FOUND) {
+    if (result == velarion::DVC_PNL_RMG_RESULT_NOT_FOUND && error == panel_platform::PLATFORM_NOT_FOUND) {
         report_fault(QStringLiteral("there is no data file \"%1\"%2").arg(name, code));
         return EXIT_NOT_FOUND;
     }
-    report_fault(QStringLiteral("data file \"%1\": result 0x%2%3")
-                     .arg(name, QString::number(static_cast<uint>(result), 16), code));
+    report_fault(QStringLiteral("data file \"%1\": %2 (result 0x%3%4)")
+                     .arg(name, reason_of(error), QString::number(static_cast<uint>(result), 16), code));
     return result == velarion::DVC_PNL_RMG_RESULT_INVALID_ARGUMENT ? EXIT_USAGE : EXIT_SERVICE;
 }
 
-int put_file(dvc_pnl_rmg_image_resource_manager& images, const QString& name, const QString& path) {
+/** @return false after a fault, which is reported */
+bool read_file(const QString& path, QByteArray& contents) {
     QFile file(path);
     if (!file.open(QIODevice::ReadOnly)) {
         report_fault(QStringLiteral("%1 cannot be read: %2").arg(path, file.errorString()));
-        return EXIT_SERVICE;
+        return false;
     }
-    const QByteArray contents = file.readAll();
+    if (file.isSequential()) {
+        QByteArray piece;
+        do {
+            piece = file.read(LARGEST_STREAM + 1 - contents.size());
+            contents += piece;
+        } while (!piece.isEmpty() && contents.size() <= LARGEST_STREAM);
+    } else {
+        contents = file.readAll();
+    }
     if (file.error() != QFile::NoError) {
         report_fault(QStringLiteral("%1 cannot be read: %2").arg(path, file.errorString()));
+        return false;
+    }
+    const bool is_read_whole = !file.isSequential() || contents.size() <= LARGEST_STREAM;
+    if (!is_read_whole) {
+        report_fault(
+            QStringLiteral("%1 is a pipe or device and gives more than 16 MiB; put it into a file first")
+                .arg(path));
+    }
+    return is_read_whole;
+}
+
+int put_file(dvc_pnl_rmg_image_resource_manager& images, const QString& name, const QString& path) {
+    QByteArray contents;
+    if (!read_file(path, contents)) {
         return EXIT_SERVICE;
     }
     const std::vector<unsigned char> bytes(contents.begin(), contents.end());
@@ -53,14 +97,10 @@ int get_file(dvc_pnl_rmg_image_resource_manager& images, const QString& name, co
     if (result != velarion::DVC_PNL_RMG_RESULT_OK) {
         return report_failure(name, result, error);
     }
-    QSaveFile file(path);
-    const auto size = static_cast<qint64>(bytes.size());
     const auto* const contents = static_cast<const char*>(static_cast<const void*>(bytes.data()));
-    if (!file.open(QIODevice::WriteOnly) || file.write(contents, size) != size || !file.commit()) {
-        report_fault(QStringLiteral("%1 cannot be written: %2").arg(path, file.errorString()));
-        return EXIT_SERVICE;
-    }
-    return EXIT_FOUND;
+    return write_output_file(path, QByteArray::fromRawData(contents, static_cast<int>(bytes.size())))
+               ? EXIT_FOUND
+               : EXIT_SERVICE;
 }
 
 int test_file(dvc_pnl_rmg_image_resource_manager& images, const QString& name, bool as_json) {
@@ -73,7 +113,10 @@ int test_file(dvc_pnl_rmg_image_resource_manager& images, const QString& name, b
     } else {
         print_line(exists ? QStringLiteral("yes") : QStringLiteral("no"));
     }
-    return exists ? EXIT_FOUND : EXIT_NOT_FOUND;
+    if (exists || error == panel_platform::PLATFORM_NOT_FOUND) {
+        return exists ? EXIT_FOUND : EXIT_NOT_FOUND;
+    }
+    return report_failure(name, velarion::DVC_PNL_RMG_RESULT_IO_ERROR, error);
 }
 
 int remove_file(dvc_pnl_rmg_image_resource_manager& images, const QString& name) {

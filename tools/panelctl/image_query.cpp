@@ -1,9 +1,10 @@
 #include "image_query.h"
 
 #include "command_line.h"
+#include "output_file.h"
 #include "panel_session.h"
 
-#include <QSaveFile>
+#include <QBuffer>
 
 image_session::image_session() {
     report_missing_device_tree();
@@ -68,10 +69,11 @@ bool read_size(const QString& text, QSize& size) {
 }
 
 bool write_picture(const QImage& picture, const QString& file) {
-    QSaveFile output(file);
-    if (output.open(QIODevice::WriteOnly) && picture.save(&output, "PNG") && output.commit()) {
-        return true;
+    QByteArray bytes;
+    QBuffer buffer(&bytes);
+    if (!picture.save(&buffer, "PNG")) {
+        report_fault(QStringLiteral("%1: the picture cannot be made a PNG").arg(file));
+        return false;
     }
-    report_fault(QStringLiteral("%1 cannot be written: %2").arg(file, output.errorString()));
-    return false;
+    return write_output_file(file, bytes);
 }

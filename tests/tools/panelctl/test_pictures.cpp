@@ -2,6 +2,7 @@
 
 #include <QImage>
 
+#include <fcntl.h>
 #include <filesystem>
 
 namespace {
@@ -74,6 +75,12 @@ TEST_F(pictures, data_files_come_back_as_they_were_put) {
     EXPECT_EQ(output_of({"data", "exists", "a/b"}), "yes\n");
     EXPECT_EQ(output_of({"data", "get", "a/b", scratch_.path("copy")}), "");
     EXPECT_EQ(scratch_.read("copy"), contents);
+    ASSERT_EQ(::mkfifo(scratch_.path("pipe").c_str(), 0600), 0);
+    const int pipe = ::open(scratch_.path("pipe").c_str(), O_RDWR | O_CLOEXEC);
+    EXPECT_EQ(output_of({"data", "get", "a/b", scratch_.path("pipe")}), "");
+    EXPECT_TRUE(std::filesystem::is_fifo(scratch_.path("pipe"))) << "replaced, not written to";
+    ::close(pipe);
+    EXPECT_EQ(run({"data", "put", "a/b", "/dev/zero"}).exit_code, 3) << "read without end";
     EXPECT_EQ(output_of({"data", "remove", "a/b"}), "");
     EXPECT_EQ(run({"data", "get", "a/b", scratch_.path("copy")}).exit_code, 1);
     EXPECT_EQ(run({"data", "put", "../outside", source}).exit_code, 3);
