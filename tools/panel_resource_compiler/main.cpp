@@ -1,3 +1,4 @@
+#include "catalogue_figures.h"
 #include "diagnostics.h"
 #include "image_catalogue.h"
 #include "image_table_writer.h"
@@ -31,7 +32,8 @@ Usage:
   panel_resource_compiler pack     --catalogue DIR --pack DIR --output DIR [--no-fill] [-W...]
 
 Commands:
-  check      checks messages, texts, images and every pack below DIR/packs; writes nothing
+  check      checks messages, texts, images and every pack below DIR/packs, and compares them with
+             DIR/figures.tsv if there is one; writes nothing
   messages   writes message_id_table.cpp and message_text_table.cpp
   images     writes image_name_table.cpp
   pack       writes option_pack.cpp and the pack's other files below tree/panel/, and removes what
@@ -158,6 +160,9 @@ catalogue read_catalogue(const command_line& line, diagnostics& report) {
         read.pack = read_option_pack(line.pack, read.messages, report);
     } else if (line.command == "check") {
         check_all_packs(line.catalogue, read.messages, report);
+        if (report.error_count() == 0) {
+            check_catalogue_figures(line.catalogue, read.messages, read.images, report);
+        }
     }
     return read;
 }

@@ -98,6 +98,14 @@ const struct {
      "folder "
      "[-Wstandard]\npacks/49/pack.conf: error: cannot be opened for reading\n1 error, 1 warning\n"},
     {"packs/README", "a file beside the packs", ""},
+    {"figures.tsv",
+     "name\tfigure\nmessages\t2\nmessages\t3\nmessages in the group TWO\t1\nmessages in the group NONE\t1\n"
+     "imagas\t1\nimage 1\tIMG_ONE, \"one.jpg\"\nen text of row 2\ten\n",
+     "figures.tsv:3: error: messages: 3 expected, 2 found\n"
+     "figures.tsv:5: error: messages in the group NONE: 1 expected, 0 found\n"
+     "figures.tsv:6: error: \"imagas\" is no figure of this catalogue\n"
+     "figures.tsv:7: error: image 1: IMG_ONE, \"one.jpg\" expected, IMG_ONE, \"one.png\" found\n"
+     "4 errors, 0 warnings\n"},
 };
 
 } // namespace
