@@ -1,0 +1,50 @@
+#include "dvc_pnl_rmg_image_name_table.h"
+#include "dvc_pnl_rmg_message_table.h"
+#include "image_catalogue.h"
+#include "message_catalogue.h"
+
+#include <gtest/gtest.h>
+
+#include <iostream>
+
+// The tables as this processor lays them into memory, against the catalogue's files, whose order the compiler checks.
+
+TEST(generated_tables, hold_every_message_and_text_of_the_catalogue) {
+    diagnostics report(std::cerr);
+    report.disable_class(WARNING_PLACEHOLDERS);
+    const message_catalogue catalogue = read_message_catalogue(CATALOGUE_FOLDER, report);
+    ASSERT_EQ(report.error_count(), 0U);
+    ASSERT_EQ(dvc_pnl_rmg_imple_message_table_size, static_cast<int>(catalogue.messages.size()));
+    const DVC_PNL_RMG_IMPL_MESSAGE* found = dvc_pnl_rmg_impl_message_table;
+    for (const catalogue_message& message : catalogue.messages) {
+        ASSERT_EQ(found->message_id, message.id);
+        ASSERT_EQ(found->message_name, message.name) << message.id;
+        ASSERT_EQ(found->message_table_index, message.row) << message.id;
+        ++found;
+    }
+    for (std::int32_t row = 0; row < NULL_ROW; ++row) {
+        const auto& texts = catalogue.rows[static_cast<std::size_t>(row)].texts;
+        for (std::size_t language = 0; language < texts.size(); ++language) {
+            const char* const text = standard_language_message_table[row][language];
+            ASSERT_TRUE(text != nullptr && text == texts[language]) << row << ": " << (text ? text : "null");
+        }
+    }
+    for (const char* text : standard_language_message_table[NULL_ROW]) {
+        EXPECT_EQ(text, nullptr);
+    }
+}
+
+TEST(generated_tables, hold_every_image_of_the_catalogue) {
+    diagnostics report(std::cerr);
+    report.disable_class(WARNING_EXTENSIONS);
+    const std::vector<catalogue_image> images = read_image_catalogue(CATALOGUE_FOLDER, report);
+    ASSERT_EQ(report.error_count(), 0U);
+    ASSERT_EQ(dvc_pnl_rmg_imple_image_name_table_size, static_cast<int>(images.size()));
+    const DVC_PNL_RMG_IMPL_IMAGE_NAME* found = dvc_pnl_rmg_impl_image_name_table;
+    for (const catalogue_image& image : images) {
+        ASSERT_EQ(found->image_id, image.id);
+        ASSERT_EQ(found->image_name, image.name) << image.id;
+        ASSERT_EQ(found->file_name, image.file) << image.id;
+        ++found;
+    }
+}
