@@ -154,3 +154,14 @@ TEST_F(image_data, takes_memory_for_a_file_once_and_says_when_there_is_none) {
     large_size = SIZE_MAX;
     EXPECT_EQ(data_.size(), 5U);
 }
+
+TEST_F(image_data, an_empty_machine_specific_path_keeps_the_one_before) {
+    for (const char* path : {"", "machine/a", static_cast<const char*>(nullptr), ""}) {
+        const std::string before = manager_->dvc_pnl_rmg_get_machine_data_file();
+        const bool is_path = path != nullptr && *path != '\0';
+        int error = 4711;
+        EXPECT_EQ(manager_->dvc_pnl_rmg_set_machine_specific_path(path, error), is_path ? 0 : 0x53023003);
+        EXPECT_EQ(error, 0);
+        EXPECT_EQ(manager_->dvc_pnl_rmg_get_machine_data_file(), is_path ? path : before);
+    }
+}

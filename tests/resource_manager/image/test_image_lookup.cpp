@@ -1,6 +1,7 @@
 #include "image_device.h"
 
 #include <QImage>
+#include <QMovie>
 #include <QPixmapCache>
 
 #include <cstdlib>
@@ -184,8 +185,20 @@ TEST_F(image_lookup, preloads_the_navigation_icons_between_two_marks) {
     EXPECT_EQ(answer("2", "", 48, 48), "4  3x3");
 }
 
-TEST_F(image_lookup, gives_texts_that_are_not_null) {
-    EXPECT_FALSE(manager_->get_image_name_with_state_suffix(QString(), QString::fromLatin1("_on")).isNull());
+TEST_F(image_lookup, builds_names_and_keys_that_are_not_null) {
+    const QString suffix = QString::fromLatin1("_on");
+    EXPECT_FALSE(manager_->get_image_name_with_state_suffix(QString(), suffix).isNull());
+    EXPECT_EQ(manager_->get_image_name_with_state_suffix(QString::fromLatin1("plain"), suffix),
+              QString::fromLatin1("plain_on"));
+    const struct {
+        int width, height;
+        const char* key;
+    } rows[] = {{7, 48, "000007-000048-a.svg"}, {1234567, 99999, "1234567-099999-a.svg"}, {7, 0, "a.svg"}};
+    for (const auto& row : rows) {
+        QString key;
+        manager_->dvc_pnl_rmg_create_image_id(QString::fromLatin1("a.svg"), row.width, row.height, key);
+        EXPECT_EQ(key, QString::fromLatin1(row.key));
+    }
 }
 
 /** What stands beside a document is found from its folder, and the document is drawn as it was read. */
@@ -243,4 +256,23 @@ TEST_F(image_lookup, draws_the_placeholder_only_as_a_test_aid) {
     const qint64 key = pixmap_.cacheKey();
     EXPECT_EQ(manager_->dvc_pnl_rmg_get_image(QString::fromLatin1("ext:1"), &pixmap_, 0, 0), 5);
     EXPECT_EQ(pixmap_.cacheKey(), key); // no placeholder for external images
+}
+
+TEST_F(image_lookup, a_missing_placeholder_empties_the_pixmap_and_is_not_looked_for_again) {
+    setenv("TEST_ICON_MESSAGE", "", 1);
+    EXPECT_EQ(answer("none.png"), "2  0x0");
+    write_file(IMAGES + "ERROR_IMAGE.png", png_picture(100, 60));
+    EXPECT_EQ(answer("none.png"), "2  0x0");
+}
+
+TEST_F(image_lookup, the_placeholder_movie_is_one_and_belongs_to_the_first_parent) {
+    QObject parent;
+    QObject other;
+    QMovie* movie = nullptr;
+    manager_->get_error_movie(movie, &parent);
+    QMovie* again = nullptr;
+    manager_->get_error_movie(again, &other);
+    EXPECT_EQ(again, movie);
+    EXPECT_EQ(movie->parent(), &parent);
+    EXPECT_EQ(movie->fileName(), QString::fromUtf8((IMAGES + "ERROR_MOVIE.gif").c_str()));
 }

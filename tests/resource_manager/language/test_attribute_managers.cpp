@@ -367,3 +367,15 @@ TEST_F(language_files, a_data_file_is_stored_found_and_removed) {
     EXPECT_FALSE(language.dvc_pnl_rmg_is_exist_data_file("note", error));
     EXPECT_EQ(error, FAKE_FAILURE);
 }
+
+TEST_F(language_files, an_empty_machine_specific_path_keeps_the_one_before) {
+    resource& language = create();
+    for (const char* path : {"", "machine/a", static_cast<const char*>(nullptr), ""}) {
+        const std::string before = language.dvc_pnl_rmg_get_machine_data_file();
+        const bool is_path = path != nullptr && *path != '\0';
+        int error = 4711;
+        EXPECT_EQ(language.dvc_pnl_rmg_set_machine_specific_path(path, error), is_path ? 0 : 0x53023003);
+        EXPECT_EQ(error, 0);
+        EXPECT_EQ(language.dvc_pnl_rmg_get_machine_data_file(), is_path ? path : before);
+    }
+}

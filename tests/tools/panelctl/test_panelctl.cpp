@@ -99,12 +99,6 @@ TEST_F(panelctl, packs_tell_what_is_in_the_slots) {
     }
 }
 
-TEST_F(panelctl, units_are_those_of_the_panel) {
-    EXPECT_EQ(output_of({"units", "10dp", "10dp+4", "7", "--", "-10dp"}), "12px\n17px\n7px\n0px\n");
-    EXPECT_EQ(output_of({"units", "--round", "floor", "10dp+4", "5dp+?"}), "16px\n0px\n");
-    EXPECT_EQ(output_of({"units", "--to-dp", "9"}), "7dp\n");
-}
-
 TEST_F(panelctl, settings_are_kept_until_they_are_reset) {
     set("option_language_1", 65535);
     EXPECT_EQ(output_of({"settings", "set", "0x04050300:0x85024260", "0x5A"}), "");

@@ -205,6 +205,37 @@ TEST_F(facade, notify_sends_under_the_id_in_the_request_and_hides_a_failure) {
     EXPECT_EQ(send.bytes, request.substr(1));
 }
 
+TEST_F(facade, operations_without_effect_call_nothing_and_keep_what_they_are_given) {
+    platform_.forget_calls();
+    facade_.dvc_pnl_dec_set_lcd_on();
+    facade_.dvc_pnl_dec_set_lcd_off();
+    unsigned char pixel = 7;
+    unsigned char* capture = &pixel;
+    int size = 8;
+    int status = 9;
+    EXPECT_EQ(facade_.dvc_pnl_dec_get_lcd_display_capture(capture, size), 0);
+    EXPECT_EQ(facade_.dvc_pnl_dec_get_buzzer_status({}, status), 0);
+    EXPECT_EQ(facade_.dvc_pnl_dec_pnlcmd_ctrl_wait_err(pixel, 1), 0);
+    EXPECT_EQ((numbers{capture - &pixel, pixel, size, status}), (numbers{0, 7, 8, 9}));
+    const int results[] = {facade_.initialize(),
+                           facade_.dvc_pnl_dec_set_lcd_status({}),
+                           facade_.dvc_pnl_dec_lcd_pm_mode_ctrl({}),
+                           facade_.dvc_pnl_dec_set_buzzer_control({}, 1),
+                           facade_.dvc_pnl_dec_set_buzzer_priority_control({}),
+                           facade_.dvc_pnl_dec_set_buzzer_pattern_enable({}),
+                           facade_.dvc_pnl_dec_set_buzzer_pattern_disable({}),
+                           facade_.dvc_pnl_dec_set_buzzer_kind_enable({}),
+                           facade_.dvc_pnl_dec_set_buzzer_kind_disable({}),
+                           facade_.dvc_pnl_dec_set_buzzer_kind_volume(1, {}),
+                           facade_.dvc_pnl_dec_set_fax_volume(1),
+                           facade_.dvc_pnl_dec_stop_buzzer_type_ringer(),
+                           facade_.dvc_pnl_dec_set_buzzer_control_off({})};
+    EXPECT_EQ(std::count(std::begin(results), std::end(results), 0), 13);
+    EXPECT_EQ(facade_.dvc_pnl_dec_request_remote_panel_connection({}), -1);
+    EXPECT_EQ(facade_.dvc_pnl_dec_set_remote_panel_operation_lock({}), -1);
+    EXPECT_TRUE(platform_.calls().empty());
+}
+
 /**
  * The only test that touches the process's own facade: it has a first use once. The early threads all find
  * none and wait for the guard, so that each of them would make one. The late ones use the facade's own
@@ -272,6 +303,10 @@ TEST(serialize, decodes_what_the_header_announces_up_to_an_unknown_id) {
         {"id whose low half is known", 1, {{0x10000, 7}}, 0, 1, 1},
     };
     dvc_pnl_dec_serialize serializer; // one for all rows: each begins from the reset values
+    int value = 7;
+    char record[8];
+    int written = 0;
+    serializer.serialize(DVC_PNL_DEC_PARAMETER_ID, &value, record, written);
     for (const auto& row : rows) {
         for (const std::size_t shift : {std::size_t(0), std::size_t(1)}) {
             SCOPED_TRACE(row.name);
@@ -283,6 +318,7 @@ TEST(serialize, decodes_what_the_header_announces_up_to_an_unknown_id) {
                       row.result);
             EXPECT_EQ(serializer.decoded_id, row.id);
             EXPECT_EQ(serializer.decoded_status, row.status);
+            EXPECT_EQ(serializer.get_serialize_cnt(), 1);
         }
     }
 }

@@ -200,6 +200,14 @@ TEST_F(xml_reading, faults_and_stops_are_reported_with_their_place) {
     expect_one_fatal_error("lines:1 column:1 unexpected end of file");
 }
 
+TEST_F(xml_reading, an_error_that_is_not_fatal_goes_to_the_debug_output_alone) {
+    platform_.reset();
+    output_.clear();
+    EXPECT_FALSE(events_handler_.error(QXmlParseException(QLatin1String("a fault"), 4, 3)));
+    EXPECT_EQ(output_, event_names{"XML Error lines:3 column:4 a fault"});
+    EXPECT_TRUE(platform_.calls().empty());
+}
+
 TEST_F(xml_reading, text_before_a_stop_goes_in_front_of_the_next_parse) {
     document_.stop_at = "<b";
     EXPECT_EQ(read("<a> left  <b/></a>"), FAILURE);
