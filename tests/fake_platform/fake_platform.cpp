@@ -7,6 +7,7 @@
 #include "trace.h"
 
 #include <algorithm>
+#include <chrono>
 #include <cstdarg>
 #include <cstdio>
 #include <cstring>
@@ -23,6 +24,11 @@ std::vector<FAKE_CALL> fake_platform::calls_of(const std::string& function) cons
     std::copy_if(state_.calls.begin(), state_.calls.end(), std::back_inserter(found),
                  [&](const FAKE_CALL& call) { return call.function == function; });
     return found;
+}
+
+bool fake_platform::wait_for_calls(const std::string& function, std::size_t count) {
+    std::unique_lock<std::mutex> lock(mutex_);
+    return called_.wait_for(lock, std::chrono::minutes(1), [&] { return this->count(function) >= count; });
 }
 
 void fake_platform::add_library(const std::string& path, int result, bool has_handle) {
@@ -50,6 +56,7 @@ struct fake_platform_call {
         const auto failure = state.failures.find(call.function);
         failure_code = failure == state.failures.end() ? 0 : failure->second;
         state.calls.push_back(std::move(call));
+        fake_platform_instance().called_.notify_all();
     }
 
     /** @return 0, or why the call fails: as scripted, or since what it is about is not there */
@@ -226,8 +233,8 @@ int emwGENTrcPrintf(int module, int group, int kind, const char* format, ...) {
 // Operating-system wrapper
 
 OSW_Thread_Guard::OSW_Thread_Guard() {
-    critical_section().lock();
     record("OSW_Thread_Guard");
+    critical_section().lock();
 }
 
 OSW_Thread_Guard::~OSW_Thread_Guard() {

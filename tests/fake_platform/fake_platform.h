@@ -1,6 +1,7 @@
 #ifndef FAKE_PLATFORM_H
 #define FAKE_PLATFORM_H
 
+#include <condition_variable>
 #include <cstddef>
 #include <cstdint>
 #include <deque>
@@ -39,7 +40,8 @@ struct FAKE_CALL {
  *
  * Without a script: settings, attributes, files and libraries do not exist (FAKE_FAILURE), everything else
  * succeeds, services are ready at once, a sent message gets no reply bytes, and sleeping takes no time.
- * Locks are real. Any thread may call the platform, but no other one while the test calls what is here.
+ * Locks are real; the critical section is recorded when it is asked for, a mutex when it is held. Any thread
+ * may call the platform, but no other one while the test calls what is here, but for wait_for_calls().
  */
 class fake_platform {
 public:
@@ -50,6 +52,8 @@ public:
     std::vector<FAKE_CALL> calls_of(const std::string& function) const;
     std::size_t count(const std::string& function) const { return calls_of(function).size(); }
     void forget_calls() { state_.calls.clear(); }
+    /** Waits, a minute at most, until other threads have made so many calls. @return whether they have */
+    bool wait_for_calls(const std::string& function, std::size_t count);
 
     /** Lets a function that returns a result fail, without effect, in all calls from the next one on. */
     void fail(const std::string& function, int code = FAKE_FAILURE) { state_.failures[function] = code; }
@@ -136,6 +140,7 @@ private:
     };
 
     std::mutex mutex_; // of the calls of the platform
+    std::condition_variable called_;
     STATE state_;
     std::uintptr_t last_handle_ = 0; // survives reset(), so that old handles stay invalid
 };

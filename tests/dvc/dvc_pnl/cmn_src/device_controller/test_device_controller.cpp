@@ -8,7 +8,6 @@
 
 #include <algorithm>
 #include <atomic>
-#include <chrono>
 #include <cstring>
 #include <functional>
 #include <limits>
@@ -246,16 +245,12 @@ TEST_F(facade, is_one_with_one_client_for_all_threads) {
     platform_.reset();
     platform_.add_reply(reply_bytes(33));
     SIGHT sights[16];
-    std::atomic<std::size_t> early{0};
     std::atomic<bool> is_there{false};
     std::vector<std::thread> threads;
     {
         const OSW_Thread_Guard guard;
         for (std::size_t i = 0; i < 8; ++i) {
-            threads.emplace_back([&, i] {
-                ++early;
-                use_facade(sights[i], is_there);
-            });
+            threads.emplace_back([&, i] { use_facade(sights[i], is_there); });
             threads.emplace_back([&, i] {
                 while (!is_there.load(std::memory_order_relaxed)) {
                     std::this_thread::yield();
@@ -263,10 +258,8 @@ TEST_F(facade, is_one_with_one_client_for_all_threads) {
                 use_facade(sights[8 + i], is_there);
             });
         }
-        while (early < 8) {
-            std::this_thread::yield();
-        }
-        std::this_thread::sleep_for(std::chrono::milliseconds(50)); // the way from the count to the guard
+        EXPECT_TRUE(platform_.wait_for_calls("OSW_Thread_Guard",
+                                             9)); // the test's own, and those of the early threads
     }
     for (std::thread& thread : threads) {
         thread.join();
