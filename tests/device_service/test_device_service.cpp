@@ -155,7 +155,7 @@ TEST_F(test_device_service, panelctl_drives_it) {
         SCOPED_TRACE(row.arguments);
         const process_result result = run(row.arguments);
         EXPECT_EQ(result.exit_code, row.exit_code) << result.errors;
-        EXPECT_NE(std::string::npos, (result.output + result.errors).find(row.output)) << result.output;
+        EXPECT_NE((result.output + result.errors).find(row.output), std::string::npos) << result.output;
     }
 }
 

@@ -36,24 +36,24 @@ TEST(test_osw, guards_exclude_other_threads_and_timers_have_numbers_of_their_own
             ids.insert(id);
         }
     });
-    EXPECT_EQ(2000, by_mutex);
-    EXPECT_EQ(2000, by_section);
-    EXPECT_EQ(2000U, ids.size());
+    EXPECT_EQ(by_mutex, 2000);
+    EXPECT_EQ(by_section, 2000);
+    EXPECT_EQ(ids.size(), 2000U);
 }
 
 TEST(test_osw, libraries_are_loaded_and_slots_kept_when_a_symbol_is_missing) {
     void* handle = nullptr;
     for (const char* path : {"/no/such/library.so", "", static_cast<const char*>(nullptr)}) {
         handle = &handle;
-        EXPECT_NE(0, emwOSWLoadLibrary(&handle, path));
-        EXPECT_EQ(nullptr, handle);
+        EXPECT_NE(emwOSWLoadLibrary(&handle, path), 0);
+        EXPECT_EQ(handle, nullptr);
     }
-    ASSERT_EQ(0, emwOSWLoadLibrary(&handle, "libm.so.6"));
+    ASSERT_EQ(emwOSWLoadLibrary(&handle, "libm.so.6"), 0);
     void* address = nullptr;
-    EXPECT_EQ(0, emwOSWGetProcAddress(handle, "cbrt", &address));
-    EXPECT_NE(0, emwOSWGetProcAddress(handle, "no_such_symbol", &address));
-    EXPECT_NE(0, emwOSWGetProcAddress(nullptr, "cbrt", &address));
-    EXPECT_NE(nullptr, address);
+    EXPECT_EQ(emwOSWGetProcAddress(handle, "cbrt", &address), 0);
+    EXPECT_NE(emwOSWGetProcAddress(handle, "no_such_symbol", &address), 0);
+    EXPECT_NE(emwOSWGetProcAddress(nullptr, "cbrt", &address), 0);
+    EXPECT_NE(address, nullptr);
 }
 
 } // namespace

@@ -44,13 +44,13 @@ TEST_F(test_trace, a_record_is_one_line_whatever_its_text_holds) {
     };
     std::vector<std::string> expected;
     for (const auto& [text, record] : rows) {
-        EXPECT_EQ(0, emwGENTrcPrintf(0x5302, 0x102, 5, "%s", text.c_str()));
+        EXPECT_EQ(emwGENTrcPrintf(0x5302, 0x102, 5, "%s", text.c_str()), 0);
         expected.push_back(record);
     }
     int (*const volatile unchecked_trace)(int, int, int, const char*, ...) = &emwGENTrcPrintf;
-    EXPECT_EQ(0, unchecked_trace(0x5302, 0x102, 5, nullptr));
+    EXPECT_EQ(unchecked_trace(0x5302, 0x102, 5, nullptr), 0);
     expected.push_back("(null)");
-    EXPECT_EQ(expected, texts());
+    EXPECT_EQ(texts(), expected);
 }
 
 TEST_F(test_trace, records_of_threads_and_processes_do_not_mix) {
@@ -66,7 +66,7 @@ TEST_F(test_trace, records_of_threads_and_processes_do_not_mix) {
     };
     const pid_t process = start_process([&] { return trace_from_threads('a'); });
     trace_from_threads('e');
-    EXPECT_EQ(0, wait_for(process));
+    EXPECT_EQ(wait_for(process), 0);
     std::vector<std::string> expected;
     for (const char letter : {'a', 'b', 'c', 'd', 'e', 'f', 'g', 'h'}) {
         expected.insert(expected.end(), records, std::string(6000, letter));

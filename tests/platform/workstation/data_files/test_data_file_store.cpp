@@ -39,10 +39,10 @@ protected:
 void put(const char* name, const std::string& bytes) {
     DVU_DIO_HANDLE handle = nullptr;
     std::uint32_t count = 0;
-    EXPECT_EQ(0, dvu_dio_fopen(AREA, GROUP, name, 1, &handle));
-    EXPECT_EQ(0, dvu_dio_fwrite(bytes.data(), static_cast<std::uint32_t>(bytes.size()), handle, &count));
+    EXPECT_EQ(dvu_dio_fopen(AREA, GROUP, name, 1, &handle), 0);
+    EXPECT_EQ(dvu_dio_fwrite(bytes.data(), static_cast<std::uint32_t>(bytes.size()), handle, &count), 0);
     EXPECT_EQ(bytes.size(), count);
-    EXPECT_EQ(0, dvu_dio_fclose(handle));
+    EXPECT_EQ(dvu_dio_fclose(handle), 0);
 }
 
 /** Reads in pieces. @return "code N" when the file cannot be opened */
@@ -58,7 +58,7 @@ std::string get(const char* name) {
     while (dvu_dio_fread(piece, sizeof piece, handle, &count) == 0 && count > 0) {
         bytes.append(piece, count);
     }
-    EXPECT_EQ(0, dvu_dio_fclose(handle));
+    EXPECT_EQ(dvu_dio_fclose(handle), 0);
     return bytes;
 }
 
@@ -72,7 +72,7 @@ void expect_all(const char* name, int code) {
     EXPECT_EQ(&handle, handle);
     EXPECT_EQ(code, dvu_dio_existfile(AREA, GROUP, name));
     EXPECT_EQ(code, dvu_dio_stat(AREA, GROUP, name, &status));
-    EXPECT_EQ(77U, status.size);
+    EXPECT_EQ(status.size, 77U);
     EXPECT_EQ(code, dvu_dio_remove(AREA, GROUP, name));
 }
 
@@ -84,7 +84,7 @@ TEST_F(test_data_file_store, the_first_variable_that_is_set_decides_where_it_is)
         {nullptr, "relative", "/h", "/h/.local/state/panel_platform"},
         {nullptr, nullptr, nullptr, ""},
     };
-    EXPECT_EQ(0, run_in_process([&] {
+    EXPECT_EQ(run_in_process([&] {
                   for (const auto& row : rows) {
                       for (const int i : {0, 1, 2}) {
                           row[i] ? ::setenv(variables[i], row[i], 1) : ::unsetenv(variables[i]);
@@ -92,26 +92,27 @@ TEST_F(test_data_file_store, the_first_variable_that_is_set_decides_where_it_is)
                       EXPECT_EQ(row[3], platform_folder());
                   }
                   return !HasFailure();
-              }));
+              }),
+              0);
 }
 
 TEST_F(test_data_file_store, files_are_written_read_replaced_and_removed) {
-    EXPECT_EQ("code 2", get("file"));
+    EXPECT_EQ(get("file"), "code 2");
     EXPECT_FALSE(fs::exists(folder())) << "a question makes nothing";
     const std::string contents[] = {"", "x", std::string("a\0b\n", 4), std::string(100000, 'q')};
     for (const char* name : {"file", "folder/deeper/file", "..name", ".hidden"}) {
         SCOPED_TRACE(name);
-        EXPECT_EQ(PLATFORM_NOT_FOUND, dvu_dio_existfile(AREA, GROUP, name));
+        EXPECT_EQ(dvu_dio_existfile(AREA, GROUP, name), PLATFORM_NOT_FOUND);
         for (const std::string& content : contents) {
             put(name, content);
             EXPECT_EQ(content, get(name));
             DVU_DIO_STATUS status = {77};
-            EXPECT_EQ(0, dvu_dio_stat(AREA, GROUP, name, &status));
+            EXPECT_EQ(dvu_dio_stat(AREA, GROUP, name, &status), 0);
             EXPECT_EQ(content.size(), status.size);
         }
-        EXPECT_NE(0, dvu_dio_existfile(AREA, GROUP + 1, name)) << "groups are apart";
-        EXPECT_EQ(0, dvu_dio_remove(AREA, GROUP, name));
-        EXPECT_EQ(PLATFORM_NOT_FOUND, dvu_dio_remove(AREA, GROUP, name));
+        EXPECT_NE(dvu_dio_existfile(AREA, GROUP + 1, name), 0) << "groups are apart";
+        EXPECT_EQ(dvu_dio_remove(AREA, GROUP, name), 0);
+        EXPECT_EQ(dvu_dio_remove(AREA, GROUP, name), PLATFORM_NOT_FOUND);
     }
 }
 
@@ -125,8 +126,8 @@ TEST_F(test_data_file_store, names_that_could_leave_the_store_are_refused) {
         expect_all(name, PLATFORM_NAME_REFUSED);
     }
     expect_all(nullptr, PLATFORM_INVALID_ARGUMENT);
-    EXPECT_EQ("kept", get("file"));
-    EXPECT_EQ("kept", read_bytes(beside("outside")));
+    EXPECT_EQ(get("file"), "kept");
+    EXPECT_EQ(read_bytes(beside("outside")), "kept");
 }
 
 TEST_F(test_data_file_store, links_folders_and_pipes_are_not_followed) {
@@ -135,12 +136,12 @@ TEST_F(test_data_file_store, links_folders_and_pipes_are_not_followed) {
     std::ofstream(beside("outside/file")) << "kept";
     fs::create_directory_symlink(beside("outside"), store() + "/link");
     fs::create_symlink(beside("outside/file"), store() + "/file_link");
-    ASSERT_EQ(0, ::mkfifo((store() + "/pipe").c_str(), 0600));
+    ASSERT_EQ(::mkfifo((store() + "/pipe").c_str(), 0600), 0);
     expect_all("link/file", PLATFORM_NAME_REFUSED);
     expect_all("file_link", PLATFORM_NOT_A_FILE);
     expect_all("folder", PLATFORM_NOT_A_FILE);
     expect_all("pipe", PLATFORM_NOT_A_FILE);
-    EXPECT_EQ("kept", read_bytes(beside("outside/file")));
+    EXPECT_EQ(read_bytes(beside("outside/file")), "kept");
 }
 
 TEST_F(test_data_file_store, a_write_without_room_leaves_the_old_file) {
@@ -160,12 +161,12 @@ TEST_F(test_data_file_store, a_write_without_room_leaves_the_old_file) {
                dvu_dio_fclose(handle) == PLATFORM_NO_SPACE && dvu_dio_fclose(handle) == PLATFORM_BAD_HANDLE &&
                settings.write("panel_language", 5, fault) == PLATFORM_NO_SPACE;
     };
-    EXPECT_EQ(0, run_in_process(write_too_much));
+    EXPECT_EQ(run_in_process(write_too_much), 0);
     SETTING setting;
     EXPECT_EQ(settings.find("panel_language", setting, fault), 0) << fault;
     EXPECT_EQ(setting.value, 49U);
-    EXPECT_EQ("old", get("file"));
-    EXPECT_EQ(1, entries()) << "a temporary file is left";
+    EXPECT_EQ(get("file"), "old");
+    EXPECT_EQ(entries(), 1) << "a temporary file is left";
 }
 
 TEST_F(test_data_file_store, what_a_loss_of_power_may_undo_is_told_and_done) {
@@ -222,22 +223,23 @@ TEST_F(test_data_file_store, a_killed_writer_leaves_the_old_file_and_is_cleaned_
     put("file", "old");
     DVU_DIO_HANDLE living = nullptr;
     std::uint32_t count = 0;
-    ASSERT_EQ(0, dvu_dio_fopen(AREA, GROUP, "other", 1, &living));
-    EXPECT_EQ(0, dvu_dio_fwrite("slow", 4, living, &count));
-    EXPECT_EQ(-SIGKILL, run_in_process([] {
-        DVU_DIO_HANDLE handle = nullptr;
-        std::uint32_t written = 0;
-        return dvu_dio_fopen(AREA, GROUP, "file", 1, &handle) == 0 &&
-               dvu_dio_fwrite("new", 3, handle, &written) == 0 && dvu_dio_fflush(handle) == 0 &&
-               ::kill(::getpid(), SIGKILL) == 0;
-    }));
-    EXPECT_EQ("old", get("file"));
-    EXPECT_EQ(3, entries());
+    ASSERT_EQ(dvu_dio_fopen(AREA, GROUP, "other", 1, &living), 0);
+    EXPECT_EQ(dvu_dio_fwrite("slow", 4, living, &count), 0);
+    EXPECT_EQ(run_in_process([] {
+                  DVU_DIO_HANDLE handle = nullptr;
+                  std::uint32_t written = 0;
+                  return dvu_dio_fopen(AREA, GROUP, "file", 1, &handle) == 0 &&
+                         dvu_dio_fwrite("new", 3, handle, &written) == 0 && dvu_dio_fflush(handle) == 0 &&
+                         ::kill(::getpid(), SIGKILL) == 0;
+              }),
+              -SIGKILL);
+    EXPECT_EQ(get("file"), "old");
+    EXPECT_EQ(entries(), 3);
     put("file", "newer");
-    EXPECT_EQ(2, entries()) << "of the temporary files the living writer's alone is to be there";
-    EXPECT_EQ("code 2", get("other")) << "a file is seen only when closed";
-    EXPECT_EQ(0, dvu_dio_fclose(living));
-    EXPECT_EQ("slow", get("other"));
+    EXPECT_EQ(entries(), 2) << "of the temporary files the living writer's alone is to be there";
+    EXPECT_EQ(get("other"), "code 2") << "a file is seen only when closed";
+    EXPECT_EQ(dvu_dio_fclose(living), 0);
+    EXPECT_EQ(get("other"), "slow");
 }
 
 TEST_F(test_data_file_store, wrong_handles_and_arguments_are_refused) {
@@ -246,30 +248,30 @@ TEST_F(test_data_file_store, wrong_handles_and_arguments_are_refused) {
     std::uint32_t count = 77;
     DVU_DIO_HANDLE handle = nullptr;
     for (DVU_DIO_HANDLE wrong : std::initializer_list<DVU_DIO_HANDLE>{handle, &byte}) {
-        EXPECT_EQ(PLATFORM_BAD_HANDLE, dvu_dio_fread(&byte, 1, wrong, &count));
-        EXPECT_EQ(0U, count);
-        EXPECT_EQ(PLATFORM_BAD_HANDLE, dvu_dio_fwrite(&byte, 1, wrong, &count));
-        EXPECT_EQ(PLATFORM_BAD_HANDLE, dvu_dio_fflush(wrong));
-        EXPECT_EQ(PLATFORM_BAD_HANDLE, dvu_dio_fclose(wrong));
+        EXPECT_EQ(dvu_dio_fread(&byte, 1, wrong, &count), PLATFORM_BAD_HANDLE);
+        EXPECT_EQ(count, 0U);
+        EXPECT_EQ(dvu_dio_fwrite(&byte, 1, wrong, &count), PLATFORM_BAD_HANDLE);
+        EXPECT_EQ(dvu_dio_fflush(wrong), PLATFORM_BAD_HANDLE);
+        EXPECT_EQ(dvu_dio_fclose(wrong), PLATFORM_BAD_HANDLE);
     }
-    EXPECT_EQ(PLATFORM_INVALID_ARGUMENT, dvu_dio_fopen(AREA, GROUP, "file", 2, &handle));
-    ASSERT_EQ(0, dvu_dio_fopen(AREA, GROUP, "file", 0, &handle));
-    EXPECT_EQ(PLATFORM_WRONG_MODE, dvu_dio_fwrite(&byte, 1, handle, &count));
-    EXPECT_EQ(0, dvu_dio_fclose(handle));
-    ASSERT_EQ(0, dvu_dio_fopen(AREA, GROUP, "file", 1, &handle));
-    EXPECT_EQ(PLATFORM_WRONG_MODE, dvu_dio_fread(&byte, 1, handle, &count));
-    EXPECT_EQ(0, dvu_dio_fclose(handle));
+    EXPECT_EQ(dvu_dio_fopen(AREA, GROUP, "file", 2, &handle), PLATFORM_INVALID_ARGUMENT);
+    ASSERT_EQ(dvu_dio_fopen(AREA, GROUP, "file", 0, &handle), 0);
+    EXPECT_EQ(dvu_dio_fwrite(&byte, 1, handle, &count), PLATFORM_WRONG_MODE);
+    EXPECT_EQ(dvu_dio_fclose(handle), 0);
+    ASSERT_EQ(dvu_dio_fopen(AREA, GROUP, "file", 1, &handle), 0);
+    EXPECT_EQ(dvu_dio_fread(&byte, 1, handle, &count), PLATFORM_WRONG_MODE);
+    EXPECT_EQ(dvu_dio_fclose(handle), 0);
 }
 
 TEST_F(test_data_file_store, a_size_beyond_32_bits_is_refused) {
     put("file", "x");
     DVU_DIO_STATUS status = {77};
-    ASSERT_EQ(0, ::truncate((store() + "/file").c_str(), 0x100000000));
-    EXPECT_EQ(PLATFORM_TOO_LARGE, dvu_dio_stat(AREA, GROUP, "file", &status));
-    EXPECT_EQ(77U, status.size);
-    ASSERT_EQ(0, ::truncate((store() + "/file").c_str(), 0xffffffff));
-    EXPECT_EQ(0, dvu_dio_stat(AREA, GROUP, "file", &status));
-    EXPECT_EQ(0xffffffffU, status.size);
+    ASSERT_EQ(::truncate((store() + "/file").c_str(), 0x100000000), 0);
+    EXPECT_EQ(dvu_dio_stat(AREA, GROUP, "file", &status), PLATFORM_TOO_LARGE);
+    EXPECT_EQ(status.size, 77U);
+    ASSERT_EQ(::truncate((store() + "/file").c_str(), 0xffffffff), 0);
+    EXPECT_EQ(dvu_dio_stat(AREA, GROUP, "file", &status), 0);
+    EXPECT_EQ(status.size, 0xffffffffU);
 }
 
 TEST_F(test_data_file_store, threads_replacing_one_file_leave_whole_versions) {
@@ -278,10 +280,10 @@ TEST_F(test_data_file_store, threads_replacing_one_file_leave_whole_versions) {
         for (int turn = 0; turn < 20; ++turn) {
             put("file", std::string(3000, static_cast<char>('a' + number)));
             const std::string seen = get("file");
-            EXPECT_EQ(std::string(3000, seen[0]), seen);
+            EXPECT_EQ(seen, std::string(3000, seen[0]));
         }
     });
-    EXPECT_EQ(1, entries());
+    EXPECT_EQ(entries(), 1);
 }
 
 } // namespace

@@ -40,8 +40,8 @@ protected:
     /** Opens the file behind the store's back and changes it. */
     sqlite3* execute(const char* sql) const {
         sqlite3* opened = nullptr;
-        EXPECT_EQ(SQLITE_OK, sqlite3_open(file().c_str(), &opened));
-        EXPECT_EQ(SQLITE_OK, sqlite3_exec(opened, sql, nullptr, nullptr, nullptr)) << sql;
+        EXPECT_EQ(sqlite3_open(file().c_str(), &opened), SQLITE_OK);
+        EXPECT_EQ(sqlite3_exec(opened, sql, nullptr, nullptr, nullptr), SQLITE_OK) << sql;
         return opened;
     }
 
@@ -62,18 +62,18 @@ protected:
 
 TEST_F(test_settings_store, a_missing_store_gives_defaults_in_their_own_width) {
     testing::internal::CaptureStderr();
-    EXPECT_EQ(1, panel_language());
-    EXPECT_EQ(1, read_setting<std::uint8_t>(DESTINATION));
+    EXPECT_EQ(panel_language(), 1);
+    EXPECT_EQ(read_setting<std::uint8_t>(DESTINATION), 1);
     std::uint32_t value = 77;
-    EXPECT_EQ(PLATFORM_UNKNOWN_ITEM, ent_set_get_status(GROUP, 0x12345678, &value));
-    EXPECT_EQ(PLATFORM_INVALID_ARGUMENT, ent_set_get_status(GROUP, PANEL_LANGUAGE, nullptr));
-    EXPECT_EQ(77U, value);
-    EXPECT_EQ("", testing::internal::GetCapturedStderr());
+    EXPECT_EQ(ent_set_get_status(GROUP, 0x12345678, &value), PLATFORM_UNKNOWN_ITEM);
+    EXPECT_EQ(ent_set_get_status(GROUP, PANEL_LANGUAGE, nullptr), PLATFORM_INVALID_ARGUMENT);
+    EXPECT_EQ(value, 77U);
+    EXPECT_EQ(testing::internal::GetCapturedStderr(), "");
     EXPECT_FALSE(std::filesystem::exists(folder())) << "reading makes something";
 }
 
 TEST_F(test_settings_store, values_are_kept_in_the_range_of_their_width) {
-    ASSERT_EQ(0, database_.add({GROUP, 7, 32, "counter", 0, false}, fault_)) << fault_;
+    ASSERT_EQ(database_.add({GROUP, 7, 32, "counter", 0, false}, fault_), 0) << fault_;
     const struct {
         const char* key;
         std::int64_t value;
@@ -91,21 +91,21 @@ TEST_F(test_settings_store, values_are_kept_in_the_range_of_their_width) {
     for (const auto& row : rows) {
         SCOPED_TRACE(std::string(row.key) + " = " + std::to_string(row.value));
         fault_.clear();
-        EXPECT_EQ(row.code, database_.write(row.key, row.value, fault_));
+        EXPECT_EQ(database_.write(row.key, row.value, fault_), row.code);
         EXPECT_EQ(row.code == 0, fault_.empty()) << fault_;
     }
-    EXPECT_EQ(886, panel_language());
-    EXPECT_EQ(0xffffffff, read_setting<std::uint32_t>(7));
+    EXPECT_EQ(panel_language(), 886);
+    EXPECT_EQ(read_setting<std::uint32_t>(7), 0xffffffff);
 }
 
 TEST_F(test_settings_store, settings_that_clash_or_cannot_be_are_not_added) {
-    ASSERT_EQ(0, database_.add({1, 2, 8, "extra", 3, false}, fault_)) << fault_;
+    ASSERT_EQ(database_.add({1, 2, 8, "extra", 3, false}, fault_), 0) << fault_;
     const SETTING refused[] = {{1, 2, 8, "other", 0, false},       {1, 3, 8, "extra", 0, false},
                                {1, 3, 8, "destination", 0, false}, {GROUP, DESTINATION, 8, "x", 0, false},
                                {1, 3, 12, "x", 0, false},          {1, 3, 8, "0x1", 0, false},
                                {1, 3, 8, "x", 256, false}};
     for (const SETTING& setting : refused) {
-        EXPECT_NE(0, database_.add(setting, fault_)) << setting.name;
+        EXPECT_NE(database_.add(setting, fault_), 0) << setting.name;
     }
 }
 
@@ -127,29 +127,30 @@ TEST_F(test_settings_store, writers_of_several_processes_lose_nothing_and_no_rea
     }
     EXPECT_EQ(wrong, 0);
     for (const pid_t process : processes) {
-        EXPECT_EQ(0, wait_for(process));
+        EXPECT_EQ(wait_for(process), 0);
     }
     std::vector<LANGUAGE_ATTRIBUTE> attributes;
-    EXPECT_EQ(0, database_.list_attributes(attributes, fault_)) << fault_;
-    EXPECT_EQ(80U, attributes.size());
+    EXPECT_EQ(database_.list_attributes(attributes, fault_), 0) << fault_;
+    EXPECT_EQ(attributes.size(), 80U);
 }
 
 TEST_F(test_settings_store, attributes_never_overflow_the_reader) {
     const std::string longest(107, 'x');
-    EXPECT_EQ(0, database_.set_attribute({81, 1, longest}, fault_)) << fault_;
-    EXPECT_EQ(PLATFORM_OUT_OF_RANGE, database_.set_attribute({81, 1, std::string("a\0b", 3)}, fault_));
+    EXPECT_EQ(database_.set_attribute({81, 1, longest}, fault_), 0) << fault_;
+    EXPECT_EQ(database_.set_attribute({81, 1, std::string("a\0b", 3)}, fault_), PLATFORM_OUT_OF_RANGE);
     sqlite3_close(execute("PRAGMA ignore_check_constraints = 1;"
                           "INSERT INTO language_attribute VALUES (81, 3, printf('%500c', 'y'))"));
     std::string text(ENT_SET_MESSAGE_SIZE + 1, '#');
-    EXPECT_EQ(0, run_in_process([&] { // whose one line on standard error it may use up
+    EXPECT_EQ(run_in_process([&] { // whose one line on standard error it may use up
                   return ent_set_getmessage(81, 3, &text[0]) == PLATFORM_STORE_DAMAGED && text[0] == '#';
-              }));
-    EXPECT_EQ(0, ent_set_getmessage(81, 1, &text[0]));
+              }),
+              0);
+    EXPECT_EQ(ent_set_getmessage(81, 1, &text[0]), 0);
     EXPECT_EQ(longest + std::string("\0#", 2), text);
 }
 
 TEST_F(test_settings_store, a_damaged_store_gives_defaults_and_one_line) {
-    ASSERT_EQ(0, database_.write("panel_language", 49, fault_)) << fault_;
+    ASSERT_EQ(database_.write("panel_language", 49, fault_), 0) << fault_;
     const std::string good = read_bytes(file());
     std::string torn = good;
     std::fill(torn.begin() + 4096, torn.end(), '\x5a');
@@ -190,9 +191,9 @@ TEST_F(test_settings_store, a_damaged_store_gives_defaults_and_one_line) {
     EXPECT_EQ(fault_.find('\n'), std::string::npos) << fault_;
     std::ofstream(file()) << good;
     sqlite3_close(execute("PRAGMA ignore_check_constraints = 1; UPDATE setting SET value = 70000"));
-    EXPECT_EQ(0, database_.reset("panel_language", fault_)) << fault_;
-    EXPECT_EQ(0, database_.write("panel_language", 7, fault_)) << "a damaged row cannot be written anew";
-    EXPECT_EQ(7, panel_language());
+    EXPECT_EQ(database_.reset("panel_language", fault_), 0) << fault_;
+    EXPECT_EQ(database_.write("panel_language", 7, fault_), 0) << "a damaged row cannot be written anew";
+    EXPECT_EQ(panel_language(), 7);
 }
 
 TEST_F(test_settings_store, what_is_stored_is_read_beside_other_programs) {
