@@ -8,6 +8,20 @@
 
 namespace fs = std::filesystem;
 
+void write_file(const std::string& path, const std::string& contents) {
+    fs::create_directories(fs::path(path).parent_path());
+    std::ofstream file(path, std::ios::binary);
+    file << contents;
+    if (!file.flush()) {
+        throw std::runtime_error(path + " cannot be written");
+    }
+}
+
+std::string file_contents(const std::string& path) {
+    std::ifstream file(path, std::ios::binary);
+    return {std::istreambuf_iterator<char>(file), {}};
+}
+
 scratch_folder::scratch_folder()
     : path_(TEST_SCRATCH_PARENT "/scratch_XXXXXX") {
     if (mkdtemp(&path_[0]) == nullptr) {
@@ -18,14 +32,4 @@ scratch_folder::scratch_folder()
 scratch_folder::~scratch_folder() {
     std::error_code ignored;
     fs::remove_all(path_, ignored);
-}
-
-void scratch_folder::write(const std::string& name, const std::string& contents) const {
-    fs::create_directories(fs::path(path(name)).parent_path());
-    std::ofstream(path(name), std::ios::binary) << contents;
-}
-
-std::string scratch_folder::read(const std::string& name) const {
-    std::ifstream file(path(name), std::ios::binary);
-    return {std::istreambuf_iterator<char>(file), {}};
 }

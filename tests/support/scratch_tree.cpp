@@ -2,7 +2,6 @@
 
 #include <cstdlib>
 #include <filesystem>
-#include <fstream>
 
 namespace fs = std::filesystem;
 
@@ -34,11 +33,4 @@ void scratch_tree::SetUp() {
 void scratch_tree::TearDown() {
     platform_.reset();
     unsetenv("TEST_ICON_MESSAGE");
-}
-
-void scratch_tree::write_file(const std::string& path, const std::string& contents) {
-    fs::create_directories(fs::path(path).parent_path());
-    std::ofstream file(path, std::ios::binary);
-    file << contents;
-    ASSERT_TRUE(file.flush()) << path;
 }

@@ -2,10 +2,9 @@
 #define SCRATCH_TREE_H
 
 #include "fake_platform.h"
+#include "scratch_folder.h"
 
 #include <gtest/gtest.h>
-
-#include <string>
 
 /**
  * A device of the test's own: an empty file tree at the device's absolute paths, and a platform without
@@ -15,9 +14,6 @@ class scratch_tree : public testing::Test {
 protected:
     void SetUp() override;
     void TearDown() override;
-
-    /** Writes a file and the folders that it needs. */
-    void write_file(const std::string& path, const std::string& contents);
 
     fake_platform& platform_ = fake_platform_instance();
 };

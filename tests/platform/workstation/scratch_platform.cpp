@@ -1,23 +1,13 @@
 #include "scratch_platform.h"
 
 #include <cstdlib>
-#include <filesystem>
-#include <fstream>
-#include <iterator>
 #include <sys/wait.h>
 #include <thread>
 #include <unistd.h>
 
 scratch_platform::scratch_platform() {
-    std::string name = testing::TempDir() + "/panel_platform_XXXXXX";
-    scratch_ = ::mkdtemp(&name[0]) ? name : "";
     ::setenv("PANEL_PLATFORM_DIR", folder().c_str(), 1);
     ::unsetenv("PANEL_TRACE_FILE");
-}
-
-scratch_platform::~scratch_platform() {
-    std::error_code ignored;
-    std::filesystem::remove_all(scratch_, ignored);
 }
 
 pid_t start_process(const std::function<bool()>& work) {
@@ -46,9 +36,4 @@ void run_in_threads(const std::function<void(int number)>& work) {
     for (std::thread& thread : threads) {
         thread.join();
     }
-}
-
-std::string read_bytes(const std::string& path) {
-    std::ifstream file(path, std::ios::binary);
-    return {std::istreambuf_iterator<char>(file), {}};
 }

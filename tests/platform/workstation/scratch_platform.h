@@ -1,6 +1,8 @@
 #ifndef SCRATCH_PLATFORM_H
 #define SCRATCH_PLATFORM_H
 
+#include "scratch_folder.h"
+
 #include <functional>
 #include <gtest/gtest.h>
 #include <string>
@@ -11,14 +13,13 @@
 class scratch_platform : public testing::Test {
 protected:
     scratch_platform();
-    ~scratch_platform() override;
 
     /** @return path of something beside the platform folder, in the same scratch folder */
-    std::string beside(const std::string& name) const { return scratch_ + "/" + name; }
+    std::string beside(const std::string& name) const { return scratch_.path(name); }
     std::string folder() const { return beside("platform"); }
 
 private:
-    std::string scratch_;
+    const scratch_folder scratch_;
 };
 
 /** Starts a process that ends with 0 when @p work returns true. */
@@ -29,7 +30,5 @@ int run_in_process(const std::function<bool()>& work);
 
 /** Runs @p work in four threads at once, with the numbers 0 to 3. */
 void run_in_threads(const std::function<void(int number)>& work);
-
-std::string read_bytes(const std::string& path);
 
 #endif

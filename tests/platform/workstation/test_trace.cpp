@@ -18,7 +18,7 @@ protected:
     std::vector<std::string> texts() const {
         static const std::regex head(
             R"(^\d{4}-\d\d-\d\dT\d\d:\d\d:\d\d\.\d{3}Z \S+\[\d+:\d+\] 0x5302 0x102 0x5 )");
-        std::istringstream file(read_bytes(beside("trace")));
+        std::istringstream file(file_contents(beside("trace")));
         std::vector<std::string> found;
         for (std::string line; std::getline(file, line);) {
             std::smatch match;

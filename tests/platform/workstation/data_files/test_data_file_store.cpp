@@ -9,7 +9,6 @@
 #include <csignal>
 #include <cstdlib>
 #include <filesystem>
-#include <fstream>
 #include <iterator>
 #include <sys/resource.h>
 #include <sys/stat.h>
@@ -118,7 +117,7 @@ TEST_F(test_data_file_store, files_are_written_read_replaced_and_removed) {
 
 TEST_F(test_data_file_store, names_that_could_leave_the_store_are_refused) {
     put("file", "kept");
-    std::ofstream(beside("outside")) << "kept";
+    write_file(beside("outside"), "kept");
     const std::string long_name(300, 'n');
     for (const char* name :
          {"", "/", "/etc/passwd", ".", "..", "../4-33/file", "a/../file", "./file", "a//b", "file/", "file/x",
@@ -127,13 +126,13 @@ TEST_F(test_data_file_store, names_that_could_leave_the_store_are_refused) {
     }
     expect_all(nullptr, PLATFORM_INVALID_ARGUMENT);
     EXPECT_EQ(get("file"), "kept");
-    EXPECT_EQ(read_bytes(beside("outside")), "kept");
+    EXPECT_EQ(file_contents(beside("outside")), "kept");
 }
 
 TEST_F(test_data_file_store, links_folders_and_pipes_are_not_followed) {
     put("folder/file", "inside");
     fs::create_directory(beside("outside"));
-    std::ofstream(beside("outside/file")) << "kept";
+    write_file(beside("outside/file"), "kept");
     fs::create_directory_symlink(beside("outside"), store() + "/link");
     fs::create_symlink(beside("outside/file"), store() + "/file_link");
     ASSERT_EQ(::mkfifo((store() + "/pipe").c_str(), 0600), 0);
@@ -141,7 +140,7 @@ TEST_F(test_data_file_store, links_folders_and_pipes_are_not_followed) {
     expect_all("file_link", PLATFORM_NOT_A_FILE);
     expect_all("folder", PLATFORM_NOT_A_FILE);
     expect_all("pipe", PLATFORM_NOT_A_FILE);
-    EXPECT_EQ(read_bytes(beside("outside/file")), "kept");
+    EXPECT_EQ(file_contents(beside("outside/file")), "kept");
 }
 
 TEST_F(test_data_file_store, a_write_without_room_leaves_the_old_file) {

@@ -9,7 +9,6 @@
 #include <cstdlib>
 #include <cstring>
 #include <filesystem>
-#include <fstream>
 #include <sqlite3.h>
 #include <sys/stat.h>
 #include <sys/wait.h>
@@ -151,7 +150,7 @@ TEST_F(test_settings_store, attributes_never_overflow_the_reader) {
 
 TEST_F(test_settings_store, a_damaged_store_gives_defaults_and_one_line) {
     ASSERT_EQ(database_.write("panel_language", 49, fault_), 0) << fault_;
-    const std::string good = read_bytes(file());
+    const std::string good = file_contents(file());
     std::string torn = good;
     std::fill(torn.begin() + 4096, torn.end(), '\x5a');
     const struct {
@@ -178,7 +177,7 @@ TEST_F(test_settings_store, a_damaged_store_gives_defaults_and_one_line) {
     };
     for (const auto& row : rows) {
         SCOPED_TRACE(row.name);
-        std::ofstream(file()) << row.bytes;
+        write_file(file(), row.bytes);
         if (row.sql) {
             sqlite3_close(execute(row.sql));
         }
@@ -186,10 +185,10 @@ TEST_F(test_settings_store, a_damaged_store_gives_defaults_and_one_line) {
                     testing::ExitedWithCode(0),
                     "^panel_platform: settings store [^\n]*/settings.db: [^\n]*; using defaults\n$");
     }
-    std::ofstream(file()) << torn;
+    write_file(file(), torn);
     EXPECT_EQ(database_.write("panel_language", 7, fault_), PLATFORM_STORE_DAMAGED);
     EXPECT_EQ(fault_.find('\n'), std::string::npos) << fault_;
-    std::ofstream(file()) << good;
+    write_file(file(), good);
     sqlite3_close(execute("PRAGMA ignore_check_constraints = 1; UPDATE setting SET value = 70000"));
     EXPECT_EQ(database_.reset("panel_language", fault_), 0) << fault_;
     EXPECT_EQ(database_.write("panel_language", 7, fault_), 0) << "a damaged row cannot be written anew";

@@ -2,12 +2,6 @@
 
 #include <QString>
 
-#include <gtest/gtest.h>
-
-#include <cstdio>
-#include <cstdlib>
-#include <unistd.h>
-
 namespace {
 
 std::vector<std::string> g_lines;
@@ -25,17 +19,6 @@ void keep_line(QtMsgType, const char* text) {
 #endif
 
 } // namespace
-
-xml_file::xml_file(const std::string& contents)
-    : path_("/tmp/panel-xml-XXXXXX") {
-    FILE* const file = fdopen(mkstemp(&path_[0]), "wb");
-    EXPECT_EQ(std::fwrite(contents.data(), 1, contents.size(), file), contents.size());
-    std::fclose(file);
-}
-
-xml_file::~xml_file() {
-    unlink(path_.c_str());
-}
 
 std::vector<std::string>& debug_output() {
     qInstallMessageHandler(keep_line);
