@@ -1,6 +1,9 @@
 #include "device.h"
 
+#include "message_catalogue.h"
+
 #include <filesystem>
+#include <iostream>
 
 const scratch_folder& device::tree() {
     static const scratch_folder tree;
@@ -45,4 +48,15 @@ QJsonDocument device::json_of(std::vector<std::string> words) const {
 
 void device::set(const std::string& setting, int value) const {
     EXPECT_EQ(output_of({"settings", "set", setting, std::to_string(value)}), "");
+}
+
+std::string device::first_message() {
+    diagnostics report(std::cerr);
+    return std::to_string(read_message_catalogue(CATALOGUE_FOLDER, report).messages.at(0).id);
+}
+
+void sample_catalogue_device::SetUp() {
+    if (!std::filesystem::equivalent(CATALOGUE_FOLDER, SAMPLE_CATALOGUE)) {
+        GTEST_SKIP() << "the build's catalogue is another one";
+    }
 }

@@ -23,10 +23,18 @@ protected:
 
     void set(const std::string& setting, int value) const;
 
+    /** The number of the catalogue's first message. */
+    static std::string first_message();
     static const scratch_folder& tree();
     std::string platform_folder() const { return scratch_.path("platform"); }
 
     scratch_folder scratch_;
+};
+
+/** For what shows the sample catalogue's packs and pictures; a build with another one leaves it out. */
+class sample_catalogue_device : public device {
+protected:
+    void SetUp() override;
 };
 
 #endif

@@ -8,6 +8,7 @@
 namespace {
 
 using documents = device;
+using sample_documents = sample_catalogue_device;
 
 const char MESSAGES[] = "/mnt/sheetext/message_data.xml";
 const char STRINGS[] = "/mnt/sheetext/strings.xml";
@@ -69,7 +70,7 @@ TEST_F(documents, faults_have_their_exit_codes_and_places) {
     }
 }
 
-TEST_F(documents, fonts_and_attributes_follow_the_language) {
+TEST_F(sample_documents, fonts_and_attributes_follow_the_language) {
     set("option_language_1", 972);
     EXPECT_EQ(json_of({"font", "--language", "972"})["name"].toString(), "DejaVu Sans");
     EXPECT_EQ(output_of({"settings", "set-attribute", "49", "3", "YES"}), "");
@@ -79,7 +80,7 @@ TEST_F(documents, fonts_and_attributes_follow_the_language) {
     EXPECT_EQ(output_of({"attribute", "4", "--language", "49"}), "0\n");
 }
 
-TEST_F(documents, every_language_has_a_keyboard_that_types_its_letters) {
+TEST_F(sample_documents, every_language_has_a_keyboard_that_types_its_letters) {
     set("option_language_1", 86);
     set("option_language_2", 886);
     set("option_language_5", 972);
@@ -113,7 +114,7 @@ TEST_F(documents, every_language_has_a_keyboard_that_types_its_letters) {
     }
 }
 
-TEST_F(documents, only_keyboards_that_are_there_are_shown) {
+TEST_F(sample_documents, only_keyboards_that_are_there_are_shown) {
     set("option_language_1", 86);
     set("destination", 5);
     const QJsonDocument chinese = json_of({"keyboard", "--language", "86"});

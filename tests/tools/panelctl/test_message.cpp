@@ -10,6 +10,7 @@
 namespace {
 
 using panel_message = device;
+using sample_message = sample_catalogue_device;
 using texts_by_language = std::vector<std::pair<int, std::string>>;
 
 const int LANGUAGE_IDS[] = {81, 1, 49, 33, 34, 39, 31, 7}; // in the order of the catalogue's languages
@@ -24,7 +25,7 @@ texts_by_language texts_of(const QJsonValue& entry) {
 
 } // namespace
 
-TEST_F(panel_message, every_language_and_pack_says_what_the_catalogue_says) {
+TEST_F(sample_message, every_language_and_pack_says_what_the_catalogue_says) {
     set("option_language_2", 972);
     set("option_language_4", 86);
     diagnostics report(std::cerr);
@@ -61,7 +62,7 @@ TEST_F(panel_message, every_language_and_pack_says_what_the_catalogue_says) {
     }
 }
 
-TEST_F(panel_message, the_options_and_the_settings_choose_the_language) {
+TEST_F(sample_message, the_options_and_the_settings_choose_the_language) {
     set("option_language_1", 86);
     std::map<int, std::string> texts;
     for (const auto& text : texts_of(json_of({"message", "1", "--all"})[0])) {
@@ -81,9 +82,9 @@ TEST_F(panel_message, the_options_and_the_settings_choose_the_language) {
 }
 
 TEST_F(panel_message, what_is_missing_is_reported_beside_what_is_there) {
-    const process_result result = run({"message", "2147483647", "1", "no_such_file"});
+    const process_result result = run({"message", "2147483647", first_message(), "no_such_file"});
     EXPECT_EQ(result.exit_code, 1);
-    EXPECT_EQ(result.output, output_of({"message", "1"}));
+    EXPECT_EQ(result.output, output_of({"message", first_message()}));
     EXPECT_EQ(result.errors, "panelctl: there is no message 2147483647\n"
                              "panelctl: there is no message data file \"no_such_file\"\n");
 }
@@ -100,12 +101,12 @@ TEST_F(panel_message, data_files_of_the_device_are_read_by_name) {
 }
 
 TEST_F(panel_message, outside_the_device_tree_is_said_with_what_was_left) {
-    const process_result result =
-        run_process({"bwrap", "--ro-bind", "/", "/", "--dev", "/dev", "--tmpfs", "/tmp", "--tmpfs", "/mnt",
-                     "--tmpfs", "/usr/local", "--bind", BUILD_FOLDER, BUILD_FOLDER, PANELCTL, "message", "1"},
-                    {{"PANEL_PLATFORM_DIR", platform_folder()}});
+    const process_result result = run_process(
+        {"bwrap", "--ro-bind", "/", "/", "--dev", "/dev", "--tmpfs", "/tmp", "--tmpfs", "/mnt", "--tmpfs",
+         "/usr/local", "--bind", BUILD_FOLDER, BUILD_FOLDER, PANELCTL, "message", first_message()},
+        {{"PANEL_PLATFORM_DIR", platform_folder()}});
     EXPECT_EQ(result.exit_code, 0);
-    EXPECT_EQ(result.output, output_of({"message", "1"}));
+    EXPECT_EQ(result.output, output_of({"message", first_message()}));
     EXPECT_EQ(result.errors, "panelctl: the device tree is not in place, so there are no option language "
                              "packs and no data files; run this through scripts/device-shell\n"
                              "panelctl: the library left links on this machine; to remove them: rm "

@@ -5,6 +5,7 @@
 namespace {
 
 using panelctl = device;
+using sample_packs = sample_catalogue_device;
 
 } // namespace
 
@@ -34,7 +35,8 @@ TEST_F(panelctl, wrong_usage_is_one_line_on_standard_error) {
 }
 
 TEST_F(panelctl, output_that_cannot_be_written_is_no_success) {
-    for (const std::string command : {"message 1 --all", "languages --json"}) {
+    for (const std::string& command :
+         {"message " + first_message() + " --all", std::string("languages --json")}) {
         const process_result result =
             run_shell({"--scratch", "sh", "-c", "panelctl " + command + " >/dev/full"});
         EXPECT_EQ(result.exit_code, 3) << command;
@@ -42,7 +44,7 @@ TEST_F(panelctl, output_that_cannot_be_written_is_no_success) {
     }
 }
 
-TEST_F(panelctl, languages_follow_the_settings_and_the_preference) {
+TEST_F(sample_packs, languages_follow_the_settings_and_the_preference) {
     set("option_language_1", 86);
     set("option_language_3", 972);
     const struct {
@@ -76,7 +78,7 @@ TEST_F(panelctl, languages_follow_the_settings_and_the_preference) {
     }
 }
 
-TEST_F(panelctl, packs_tell_what_is_in_the_slots) {
+TEST_F(sample_packs, packs_tell_what_is_in_the_slots) {
     set("option_language_1", 972);
     set("option_language_2", 86);
     set("option_language_5", 972);
@@ -127,7 +129,7 @@ TEST_F(panelctl, attributes_of_languages_are_utf8_in_every_locale) {
 }
 
 TEST_F(panelctl, a_store_that_fails_is_reported_and_texts_come_all_the_same) {
-    const std::string english = output_of({"message", "1"});
+    const std::string english = output_of({"message", first_message()});
     const std::vector<std::string> actions[] = {{"settings", "list"},
                                                 {"settings", "get", "panel_language"},
                                                 {"settings", "set", "panel_language", "49"},
@@ -139,7 +141,7 @@ TEST_F(panelctl, a_store_that_fails_is_reported_and_texts_come_all_the_same) {
         EXPECT_EQ(result.output, "");
         EXPECT_EQ(result.errors.rfind("panelctl: ", 0), 0U) << result.errors;
     }
-    const process_result message = run({"message", "1"});
+    const process_result message = run({"message", first_message()});
     EXPECT_EQ(message.exit_code, 0);
     EXPECT_EQ(message.output, english);
     EXPECT_NE(message.errors.find("; using defaults\n"), std::string::npos) << message.errors;

@@ -8,10 +8,11 @@
 namespace {
 
 using pictures = device;
+using sample_pictures = sample_catalogue_device;
 
 } // namespace
 
-TEST_F(pictures, image_writes_what_it_says) {
+TEST_F(sample_pictures, image_writes_what_it_says) {
     const std::string file = scratch_.path("picture.png");
     const struct {
         std::vector<std::string> words;
@@ -31,7 +32,7 @@ TEST_F(pictures, image_writes_what_it_says) {
     }
 }
 
-TEST_F(pictures, a_missing_picture_tells_its_result_and_writes_nothing) {
+TEST_F(sample_pictures, a_missing_picture_tells_its_result_and_writes_nothing) {
     const std::string file = scratch_.path("picture.png");
     const struct {
         std::vector<std::string> words;
@@ -52,7 +53,7 @@ TEST_F(pictures, a_missing_picture_tells_its_result_and_writes_nothing) {
     EXPECT_EQ(run({"image", "2", "-o", scratch_.path("no/folder.png")}).exit_code, 3);
 }
 
-TEST_F(pictures, sheets_show_what_the_filter_finds) {
+TEST_F(sample_pictures, sheets_show_what_the_filter_finds) {
     const std::string file = scratch_.path("sheet.png");
     const process_result sheet = run({"sheet", "--filter", "toner_cyan", "--size", "64", "-o", file});
     EXPECT_EQ(sheet.output, file + "\n");
