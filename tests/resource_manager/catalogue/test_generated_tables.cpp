@@ -7,7 +7,8 @@
 
 #include <iostream>
 
-// The tables as this processor lays them into memory, against the catalogue's files, whose order the compiler checks.
+// The tables as this processor lays them into memory, against the catalogue's files, whose order the compiler
+// checks.
 
 TEST(generated_tables, hold_every_message_and_text_of_the_catalogue) {
     diagnostics report(std::cerr);
@@ -26,7 +27,8 @@ TEST(generated_tables, hold_every_message_and_text_of_the_catalogue) {
         const auto& texts = catalogue.rows[static_cast<std::size_t>(row)].texts;
         for (std::size_t language = 0; language < texts.size(); ++language) {
             const char* const text = standard_language_message_table[row][language];
-            ASSERT_TRUE(text != nullptr && text == texts[language]) << row << ": " << (text ? text : "null");
+            ASSERT_NE(text, nullptr) << row;
+            ASSERT_EQ(text, texts[language]) << row;
         }
     }
     for (const char* text : standard_language_message_table[NULL_ROW]) {
