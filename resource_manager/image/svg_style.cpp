@@ -1,5 +1,6 @@
 #include "svg_style.h"
 
+#include "svg_numbers.h"
 #include "svg_shape.h"
 
 #include <algorithm>

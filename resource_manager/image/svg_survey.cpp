@@ -1,24 +1,19 @@
 #include "svg_survey.h"
 
-#include "gzip_inflater.h"
-#include "picture_file.h"
-#include "picture_header.h"
-#include "picture_size.h"
+#include "svg_gradients.h"
 #include "svg_limits.h"
 #include "svg_markup.h"
+#include "svg_numbers.h"
+#include "svg_path.h"
+#include "svg_pictures.h"
 #include "svg_quick_scan.h"
 #include "svg_shape.h"
 #include "svg_style.h"
 
-#include <QBuffer>
-#include <QDir>
 #include <QFileInfo>
 #include <QHash>
-#include <QImageReader>
 #include <QPair>
-#include <QSet>
 #include <QStringList>
-#include <QUrl>
 #include <QXmlStreamReader>
 
 #include <algorithm>
@@ -30,16 +25,6 @@ namespace {
 
 constexpr int NONE = -1;
 constexpr int LEVELS_LIMIT = SVG_DEPTH_LIMIT + 2; // with the document's own and the innermost element
-constexpr int LEVELS_OF_DOCUMENT = 100;           // a document within another takes more of the stack
-
-/** What documents within each other use up together. */
-struct BUDGET {
-    int drawn = 0;
-    int depth = 0;
-    std::int64_t bitmap_bits = 0;
-    std::int64_t bytes = 0;
-    QStringList open_files;
-};
 
 enum KIND { OTHER, STRUCTURE, DEFINITIONS, SHAPE, TEXT, USE };
 
@@ -75,7 +60,7 @@ QString id_of(const QXmlStreamAttributes& attributes) {
 
 class svg_survey {
 public:
-    svg_survey(QString path, BUDGET& budget)
+    svg_survey(QString path, svg_budget& budget)
         : path_(std::move(path))
         , budget_(budget) {}
 
@@ -105,22 +90,15 @@ private:
 
     bool start_element(const QXmlStreamReader& reader);
     void add_element(KIND kind, const QString& name, const QXmlStreamAttributes& attributes);
-    void add_gradient(const QXmlStreamAttributes& attributes);
     void add_glyph(const QString& name, const QXmlStreamAttributes& attributes);
     void resolve_targets();
     void apply_style_sheet();
     bool measure(int index, int depth);
-    void find_circular_gradients();
     bool is_stroke_plain(int index, STROKE stroke);
     double stretch_of_root(const QXmlStreamAttributes& attributes) const;
 
-    bool add_picture(const QXmlStreamAttributes& attributes);
-    bool add_picture_bytes(const QByteArray& bytes);
-    bool add_picture_file(const QString& reference);
-    bool add_picture_of(QImageReader& reader, const QString& path);
-
     QString path_;
-    BUDGET& budget_;
+    svg_budget& budget_;
     QSize size_;
     bool has_dashes_ = false;
     double root_stretch_ = 1;
@@ -130,8 +108,7 @@ private:
     std::vector<QPair<QString, QPair<QString, QStringList>>> names_; ///< by style: element, id, classes
     QHash<SCOPED_ID, int> named_elements_;
     std::vector<QPair<int, QString>> open_uses_; ///< whose target may come later
-    QHash<QString, QString> gradients_;          ///< by id: what each builds on
-    QSet<QString> circular_gradients_;
+    svg_gradients gradients_;
     svg_style_sheet style_sheet_;
     bool is_in_style_ = false;
     double longest_glyph_ = 0;
@@ -182,8 +159,8 @@ bool svg_survey::examine(const QByteArray& document, const QSize& size) {
         return false;
     }
     budget_.drawn += elements_[0].count;
-    find_circular_gradients();
-    const bool needs_strokes = has_dashes_ || !circular_gradients_.isEmpty();
+    gradients_.find_circles();
+    const bool needs_strokes = has_dashes_ || gradients_.has_circles();
     STROKE stroke;
     stroke.stretch = root_stretch_;
     return budget_.drawn <= SVG_DRAWN_LIMIT && (!needs_strokes || is_stroke_plain(0, stroke));
@@ -201,14 +178,20 @@ bool svg_survey::start_element(const QXmlStreamReader& reader) {
     if (kind != OTHER) {
         add_element(kind, name, attributes);
     } else if (name.endsWith(QLatin1String("Gradient"))) {
-        add_gradient(attributes);
+        gradients_.add(id_of(attributes), value_of(attributes, "xlink:href"));
     } else if (name == QLatin1String("style")) {
         const QString type = value_of(attributes, "type");
         is_in_style_ = is_in_style_ || type.isEmpty() || type.toLower() == QLatin1String("text/css");
     } else {
         add_glyph(name, attributes);
     }
-    return name != QLatin1String("image") || add_picture(attributes);
+    if (name != QLatin1String("image")) {
+        return true;
+    }
+    budget_.depth += static_cast<int>(open_.size());
+    const bool is_drawable = is_drawable_picture(value_of(attributes, "xlink:href"), path_, budget_);
+    budget_.depth -= static_cast<int>(open_.size());
+    return is_drawable;
 }
 
 void svg_survey::add_element(KIND kind, const QString& name, const QXmlStreamAttributes& attributes) {
@@ -266,17 +249,6 @@ void svg_survey::resolve_targets() {
     }
 }
 
-void svg_survey::add_gradient(const QXmlStreamAttributes& attributes) {
-    QString target = value_of(attributes, "xlink:href");
-    if (target.startsWith(QLatin1Char('#'))) {
-        target.remove(0, 1);
-    }
-    const QString id = id_of(attributes);
-    if (!id.isEmpty() && !gradients_.contains(id)) {
-        gradients_.insert(id, target);
-    }
-}
-
 void svg_survey::add_glyph(const QString& name, const QXmlStreamAttributes& attributes) {
     if (name == QLatin1String("font-face")) {
         const double units = svg_number(value_of(attributes, "units-per-em"));
@@ -314,24 +286,6 @@ bool svg_survey::measure(int index, int depth) {
     return is_fine;
 }
 
-void svg_survey::find_circular_gradients() {
-    QSet<QString> known;
-    for (auto begin = gradients_.constBegin(); begin != gradients_.constEnd(); ++begin) {
-        QStringList chain;
-        QSet<QString> seen;
-        QString id = begin.key();
-        while (gradients_.contains(id) && !known.contains(id) && !seen.contains(id)) {
-            seen.insert(id);
-            chain.append(id);
-            id = gradients_.value(id);
-        }
-        if (seen.contains(id) || circular_gradients_.contains(id)) {
-            circular_gradients_ += seen;
-        }
-        known += seen;
-    }
-}
-
 void svg_survey::apply_style_sheet() {
     for (std::size_t i = 0; i < styles_.size(); ++i) {
         style_sheet_.apply(names_[i].first, names_[i].second.first, names_[i].second.second, styles_[i]);
@@ -348,7 +302,7 @@ bool svg_survey::is_stroke_plain(int index, STROKE stroke) {
         stroke.is_scaling = style.has_scaling ? style.is_scaling : stroke.is_scaling;
         stroke.stretch *= style.stretch;
         for (const QString& paint : style.paints) {
-            if (circular_gradients_.contains(paint)) {
+            if (gradients_.is_circular(paint)) {
                 return false;
             }
         }
@@ -387,90 +341,18 @@ double svg_survey::stretch_of_root(const QXmlStreamAttributes& attributes) const
     return std::max(wanted_width / own_width, wanted_height / own_height);
 }
 
-bool svg_survey::add_picture(const QXmlStreamAttributes& attributes) {
-    const QString reference = value_of(attributes, "xlink:href").trimmed();
-    if (reference.isEmpty()) {
-        return true;
-    }
-    if (!reference.startsWith(QLatin1String("data"))) {
-        return add_picture_file(reference);
-    }
-    const QString mark = QString::fromLatin1("base64,");
-    const int begin = reference.lastIndexOf(mark);
-    return begin < 0 ||
-           add_picture_bytes(QByteArray::fromBase64(reference.mid(begin + mark.size()).toLatin1()));
-}
-
-bool svg_survey::add_picture_bytes(const QByteArray& bytes) {
-    QBuffer buffer;
-    buffer.setData(bytes);
-    buffer.open(QIODevice::ReadOnly);
-    QImageReader reader(&buffer);
-    return add_picture_of(reader, QString());
-}
-
-bool svg_survey::add_picture_file(const QString& reference) {
-    const bool is_beside = !path_.isEmpty() && QUrl(reference).isRelative();
-    const QString path = is_beside ? QFileInfo(path_).absoluteDir().absoluteFilePath(reference) : reference;
-    const picture_file file = find_picture_file(path);
-    if (file.path.isEmpty()) {
-        return !file.is_special;
-    }
-    QImageReader reader(file.path);
-    return add_picture_of(reader, file.path);
-}
-
-bool svg_survey::add_picture_of(QImageReader& reader, const QString& path) {
-    if (!reader.canRead()) {
-        return true;
-    }
-    if (reader.format().startsWith("svg")) {
-        const QString file = path.isEmpty() ? QString() : QFileInfo(path).canonicalFilePath();
-        QByteArray bytes = reader.device()->read(SVG_BYTES_LIMIT + 1);
-        reader.device()->seek(0);
-        budget_.bytes += bytes.size();
-        if (bytes.size() > SVG_BYTES_LIMIT || budget_.open_files.contains(file)) {
-            return false;
-        }
-        if (is_gzip(bytes)) {
-            QByteArray inflated;
-            const GZIP_RESULT result = inflate_gzip(bytes, SVG_BYTES_LIMIT, inflated);
-            if (result != GZIP_INFLATED) {
-                return result == GZIP_BROKEN; // the toolkit draws nothing
-            }
-            budget_.bytes += inflated.size();
-            bytes = inflated;
-        }
-        if (budget_.bytes > SVG_BYTES_LIMIT) {
-            return false;
-        }
-        if (!is_surely_harmless(bytes)) {
-            const int depth = budget_.depth;
-            budget_.depth += static_cast<int>(open_.size()) + LEVELS_OF_DOCUMENT;
-            budget_.open_files += file.isEmpty() ? QStringList() : QStringList(file);
-            const bool is_fine = svg_survey(path, budget_).examine(bytes, QSize());
-            budget_.depth = depth;
-            budget_.open_files =
-                budget_.open_files.mid(0, budget_.open_files.size() - (file.isEmpty() ? 0 : 1));
-            if (!is_fine) {
-                return false;
-            }
-        }
-    } else if (!reader.supportsOption(QImageIOHandler::Size)) {
-        return false;
-    }
-    budget_.bitmap_bits += pixmap_bits(bitmap_size(reader));
-    return budget_.bitmap_bits < PIXMAP_BITS_END;
-}
-
 } // namespace
 
 bool is_drawable_svg(const QByteArray& document, const QString& path, const QSize& size) {
-    BUDGET budget;
+    svg_budget budget;
     budget.bytes = document.size();
     if (!path.isEmpty()) {
         budget.open_files.append(QFileInfo(path).canonicalFilePath());
     }
+    return is_drawable_svg(document, path, size, budget);
+}
+
+bool is_drawable_svg(const QByteArray& document, const QString& path, const QSize& size, svg_budget& budget) {
     return is_surely_harmless(document) || svg_survey(path, budget).examine(document, size);
 }
 

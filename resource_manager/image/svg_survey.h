@@ -1,6 +1,8 @@
 #ifndef SVG_SURVEY_H
 #define SVG_SURVEY_H
 
+#include "svg_budget.h"
+
 #include <QByteArray>
 #include <QSize>
 #include <QString>
@@ -17,6 +19,9 @@ namespace velarion {
  * @return false also for what is no SVG document
  */
 [[nodiscard]] bool is_drawable_svg(const QByteArray& document, const QString& path, const QSize& size);
+/** The same for a document within others. @param budget  what it takes is added */
+[[nodiscard]] bool is_drawable_svg(const QByteArray& document, const QString& path, const QSize& size,
+                                   svg_budget& budget);
 
 } // namespace velarion
 
