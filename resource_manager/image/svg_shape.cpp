@@ -3,6 +3,7 @@
 #include "svg_numbers.h"
 #include "svg_path.h"
 
+#include <QStringList>
 #include <QVector>
 
 #include <algorithm>
@@ -12,6 +13,7 @@ namespace velarion {
 
 namespace {
 
+constexpr int NONE = -1;
 constexpr double PI = 3.14159265358979323846;
 constexpr double DEGREE = PI / 180;
 
@@ -33,10 +35,12 @@ double length_of(const QString& text) {
 double svg_stretch(const QString& transform) {
     double stretch = 1;
     int begin = 0;
-    for (int open = transform.indexOf(QLatin1Char('(')); open >= 0;
-         open = transform.indexOf(QLatin1Char('('), begin)) {
+    int next = NONE;
+    for (int open = transform.indexOf(QLatin1Char('(')); open != NONE; open = next) {
+        next = transform.indexOf(QLatin1Char('('), open + 1);
         const QString name = transform.mid(begin, open - begin);
-        const QVector<double> numbers = svg_numbers(transform.mid(open + 1));
+        const QVector<double> numbers =
+            svg_numbers(transform.mid(open + 1, next == NONE ? NONE : next - open - 1));
         double largest = 0;
         double squares = 0;
         for (int i = 0; i < std::min(numbers.size(), 4); ++i) {
@@ -53,6 +57,21 @@ double svg_stretch(const QString& transform) {
         begin = open + 1;
     }
     return stretch;
+}
+
+bool svg_has_box(const QXmlStreamAttributes& attributes) {
+    QString box = attributes.value(QLatin1String("viewBox")).toString();
+    for (const char blank : {' ', '\r', '\n', '\t'}) {
+        box.replace(QLatin1Char(blank), QLatin1Char(','));
+    }
+    QStringList numbers = box.split(QLatin1Char(','));
+    numbers.removeAll(QString());
+    const int corners = 4;
+    if (numbers.size() == corners) {
+        return svg_number(numbers[2]) != 0 || svg_number(numbers[3]) != 0;
+    }
+    return svg_number(attributes.value(QLatin1String("width")).toString()) != 0 &&
+           svg_number(attributes.value(QLatin1String("height")).toString()) != 0;
 }
 
 double svg_outline_length(const QString& element, const QXmlStreamAttributes& attributes) {

@@ -15,6 +15,9 @@ double svg_stretch(const QString& transform);
  */
 double svg_outline_length(const QString& element, const QXmlStreamAttributes& attributes);
 
+/** @return whether a document of these attributes tells its size itself */
+bool svg_has_box(const QXmlStreamAttributes& attributes);
+
 } // namespace velarion
 
 #endif

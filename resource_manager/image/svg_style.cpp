@@ -44,14 +44,14 @@ QString plain_text(const QString& css) {
     return text;
 }
 
-/** The id in "url(#id)". */
+/** The id in "url(#id)". A style sheet's may have quotes and blanks around it. */
 void add_paint(const QString& value, QStringList& paints) {
     const int begin = value.indexOf(QLatin1Char('#'));
     const int end = value.indexOf(QLatin1Char(')'), begin);
-    if (begin > 0 && value.contains(QLatin1String("url"), Qt::CaseInsensitive)) {
-        QString id = value.mid(begin + 1, end < 0 ? -1 : end - begin - 1);
+    if (begin > 0 && end > begin && value.contains(QLatin1String("url"), Qt::CaseInsensitive)) {
+        const QString id = value.mid(begin + 1, end - begin - 1);
         paints.append(id);
-        paints.append(id.remove(QLatin1Char('"')).remove(QLatin1Char('\'')).trimmed());
+        paints.append(id.trimmed());
     }
 }
 
@@ -84,10 +84,16 @@ void apply(const QString& name, const QString& value, svg_style& style) {
         style.is_scaling = is_fixed ? false : (value == QLatin1String(NONE) || style.is_scaling);
     } else if (value == QLatin1String(INHERIT)) {
         return;
+    } else if (name == QLatin1String("visibility")) {
+        const bool is_hidden = value == QLatin1String("hidden") || value == QLatin1String("collapse");
+        style.visibility = is_hidden ? svg_style::HIDDEN : svg_style::SHOWN;
     } else if (name == QLatin1String("fill")) {
         add_paint(value, style.paints);
     } else if (name == QLatin1String("stroke")) {
-        add_paint(value, style.paints);
+        style.stroke_paints.clear();
+        add_paint(value, style.stroke_paints);
+        style.paints += style.stroke_paints;
+        style.stroke_paints = value.startsWith(QLatin1String("url")) ? style.stroke_paints : QStringList();
         style.has_stroke_paint = true;
         style.is_stroked = value != QLatin1String(NONE);
     } else if (name == QLatin1String("stroke-dasharray")) {
@@ -96,13 +102,56 @@ void apply(const QString& name, const QString& value, svg_style& style) {
     }
 }
 
+/** Those behind a value belong to it. */
+QString without_leading_blanks(const QString& text) {
+    const auto begin =
+        std::find_if(text.begin(), text.end(), [](QChar character) { return !character.isSpace(); });
+    return text.mid(static_cast<int>(begin - text.begin()));
+}
+
+bool is_plain_name(const QString& name) {
+    return !name.isEmpty() && std::all_of(name.begin(), name.end(), [](QChar character) {
+        return character.isLetterOrNumber() || character == QLatin1Char('-');
+    });
+}
+
+/** @return whether every toolkit reads the declarations alike: without escapes, comments or errors */
+bool are_plain_declarations(const QString& text) {
+    const QStringList declarations = text.split(QLatin1Char(';'));
+    for (int i = 0; i < declarations.size(); ++i) {
+        const QString& declaration = declarations[i];
+        const bool is_end = i + 1 == declarations.size() && declaration.trimmed().isEmpty();
+        const bool is_plain = declaration.contains(QLatin1Char(':')) &&
+                              is_plain_name(declaration.section(QLatin1Char(':'), 0, 0).trimmed()) &&
+                              declaration.count(QLatin1Char('(')) == declaration.count(QLatin1Char(')')) &&
+                              declaration.count(QLatin1Char('"')) % 2 == 0 &&
+                              declaration.count(QLatin1Char('\'')) % 2 == 0;
+        if (!is_end && !is_plain) {
+            return false;
+        }
+    }
+    return !text.contains(QLatin1Char('\\')) && !text.contains(QLatin1String("/*"));
+}
+
 void apply_declarations(const QString& text, svg_style& style) {
     for (const QString& declaration : text.split(QLatin1Char(';'))) {
         const int colon = declaration.indexOf(QLatin1Char(':'));
         if (colon > 0) {
-            apply(declaration.left(colon).trimmed().toLower(), declaration.mid(colon + 1).trimmed(), style);
+            apply(declaration.left(colon).trimmed(), without_leading_blanks(declaration.mid(colon + 1)),
+                  style);
         }
     }
+}
+
+/** As a style sheet's reader takes them: names in any case, references without quotes. */
+QString with_lower_names(const QString& text) {
+    QStringList declarations = text.split(QLatin1Char(';'));
+    for (QString& declaration : declarations) {
+        const int colon = std::max(0, declaration.indexOf(QLatin1Char(':')));
+        const QString value = declaration.mid(colon).remove(QLatin1Char('"')).remove(QLatin1Char('\''));
+        declaration = declaration.left(colon).toLower() + value;
+    }
+    return declarations.join(QString(QLatin1Char(';')));
 }
 
 /** The parts of "element.class#id" behind one mark. */
@@ -144,6 +193,11 @@ svg_style style_of(const QXmlStreamAttributes& attributes) {
     const QString declarations = attributes.value(QLatin1String("style")).toString();
     if (!declarations.isEmpty()) {
         apply_declarations(plain_text(declarations), style);
+        style.is_doubtful = !are_plain_declarations(declarations);
+    }
+    if (style.is_doubtful) { // what is hidden by them may be drawn
+        style.is_hidden = false;
+        style.visibility = svg_style::SHOWN;
     }
     for (const QXmlStreamAttribute& attribute : attributes) {
         apply(attribute.qualifiedName().toString(), attribute.value().toString(), style);
@@ -160,12 +214,13 @@ void svg_style_sheet::add(const QString& text) {
         const int length = close < 0 ? -1 : close - open - 1;
         svg_style style;
         svg_style cut; // the toolkit may lose what follows a comma
-        const QString declarations = rules.mid(open + 1, length);
+        const QString declarations = with_lower_names(rules.mid(open + 1, length));
         apply_declarations(declarations, style);
         apply_declarations(QString(declarations).replace(QLatin1Char(','), QLatin1Char('|')), cut);
         if (cut.dash_length > 0 && (cut.dash_length < style.dash_length || style.dash_length == 0)) {
             style.dash_length = cut.dash_length;
         }
+        has_visibility_ = has_visibility_ || style.visibility != svg_style::INHERITED;
         style.is_hidden = false;
         style.stretch = std::max(style.stretch, 1.0);
         if (!style.is_plain()) {
@@ -196,14 +251,17 @@ void svg_style_sheet::add_rule(const QString& selectors, const svg_style& style)
 void svg_style_sheet::apply(const QString& element, const QString& id, const QStringList& classes,
                             svg_style& style) const {
     const bool has_own_stroke = style.has_stroke;
+    const QString lower_element = element.toLower();
+    const QStringList ids(id);
     for (const RULE& rule : rules_) {
-        const bool fits = (rule.element.isEmpty() || rule.element == element.toLower()) &&
-                          contains_all(QStringList(id), rule.ids) && contains_all(classes, rule.classes);
+        const bool fits = (rule.element.isEmpty() || rule.element == lower_element) &&
+                          contains_all(ids, rule.ids) && contains_all(classes, rule.classes);
         if (!fits) {
             continue;
         }
         style.stretch *= rule.style.stretch;
         style.paints += rule.style.paints;
+        style.stroke_paints = QStringList();
         if (!has_own_stroke) {
             add_stroke(rule.style, style);
         }

@@ -12,6 +12,8 @@ namespace velarion {
 /** What an element, or a rule of a style sheet, says about its stroke and its paint; the rest is inherited.
  */
 struct svg_style {
+    enum VISIBILITY : unsigned char { INHERITED, HIDDEN, SHOWN };
+
     bool has_stroke = false; ///< anything of it: an element's own stroke replaces that of a style sheet whole
     bool has_stroke_paint = false;
     bool is_stroked = false;
@@ -20,11 +22,14 @@ struct svg_style {
     bool has_scaling = false;
     bool is_scaling = true; ///< whether the stroke grows with the drawing
     double stretch = 1;     ///< of the element's own transformation
-    bool is_hidden = false;
-    QStringList paints; ///< ids that it is filled or stroked with
+    bool is_hidden = false; ///< with all that stands in it
+    VISIBILITY visibility = INHERITED;
+    bool is_doubtful = false;  ///< whether a toolkit may take what is inherited instead
+    QStringList paints;        ///< ids that it is filled or stroked with
+    QStringList stroke_paints; ///< of these, what it is stroked with
 
     bool is_plain() const {
-        return !has_stroke && !has_dashes && !has_scaling && stretch == 1 && !is_hidden && paints.isEmpty();
+        return !has_stroke && !has_dashes && !has_scaling && stretch == 1 && paints.isEmpty() && !is_doubtful;
     }
 };
 
@@ -35,6 +40,9 @@ svg_style style_of(const QXmlStreamAttributes& attributes);
 class svg_style_sheet {
 public:
     void add(const QString& text);
+
+    bool is_empty() const { return rules_.empty(); }
+    bool has_visibility() const { return has_visibility_; }
 
     /** Adds what the rules that may fit the element say where the element itself says nothing. */
     void apply(const QString& element, const QString& id, const QStringList& classes, svg_style& style) const;
@@ -50,6 +58,7 @@ private:
     void add_rule(const QString& selectors, const svg_style& style);
 
     std::vector<RULE> rules_;
+    bool has_visibility_ = false;
 };
 
 } // namespace velarion

@@ -72,8 +72,9 @@ std::string compressed(const std::string& bytes) {
     return result; // the toolkit does not miss the check sum
 }
 
-std::string dashed(const std::string& shape, const std::string& dashes = "3 1.5") {
-    return svg_document('<' + shape + " stroke=\"#000\" stroke-dasharray=\"" + dashes + "\"/>");
+std::string dashed(const std::string& shape, const std::string& dashes = "3 1.5",
+                   const std::string& end = "/>") {
+    return svg_document('<' + shape + " stroke=\"#000\" stroke-dasharray=\"" + dashes + '"' + end);
 }
 
 std::string embedded(const std::string& type, const std::string& bytes) {
@@ -194,11 +195,37 @@ TEST_F(hostile_images, are_refused_with_the_result_of_their_kind_and_others_are_
              " id=\"a\"/></defs><g stroke=\"red\" stroke-dasharray=\"3\"><use xlink:href=\"#a\"/></g>"),
          "4  3x3"},
         {"a shape with tiny dashes", "e.svg", dashed("circle r=\"8\"", "1e-4"), "4  3x3"},
+        {"inherited where a style has errors", "e.svg",
+         svg_document("<g stroke=\"red\" stroke-dasharray=\"3\"><" + arc + " style=\"x;stroke:none\"/></g>"),
+         "4  3x3"},
+        {"around a letter", "e.svg", dashed("text", "1e-4", ">o</text>"), "4  3x3"},
+        {"a circle behind a part of a text", "i.svg",
+         svg_document("<g id=\"a\"><text><tspan id=\"a\">o</tspan></text><use xlink:href=\"#a\"/></g>"),
+         "4  3x3"},
+        {"a circle in a style with an error", "i.svg",
+         svg_document(replaced(circle, "<g", "<g style=\"x;display:none\"")), "4  3x3"},
+        {"references that multiply where all is measured", "i.svg",
+         replaced(replaced(multiplying_groups(20, 10), "viewBox=\"0 0 16 16\">", "><defs>"), "</svg>",
+                  "</defs></svg>"),
+         "4  3x3"},
+        {"the other gradient of an id", "i.svg",
+         svg_document(replaced(own_gradient, "<linearGradient id=\"b\"",
+                               "<linearGradient id=\"b\"/><linearGradient id=\"b\"")),
+         "4  3x3"},
         {"dashes enough", "q.svg", dashed("path d=\"M0 0H99999Q9 9 9 0A5 5 0 0 1 9 9Z\""), "0 q.svg 16x16"},
         {"an arc that nothing draws", "q.svg",
          svg_document("<defs><" + arc + " stroke=\"red\" stroke-dasharray=\"3\"/></defs>"), "0 q.svg 16x16"},
         {"a circle that nothing draws", "q.svg", svg_document("<defs>" + circle + own_gradient + "</defs>"),
          "0 q.svg 16x16"},
+        {"a circle that is invisible", "q.svg", svg_document("<g visibility=\"hidden\">" + circle + "</g>"),
+         "0 q.svg 16x16"},
+        {"a circle in a shape", "q.svg", svg_document("<path>" + circle + "</path>"), "0 q.svg 16x16"},
+        {"a circle that a switch passes over", "q.svg",
+         svg_document("<switch>" + std::string(SHAPE) + circle + "</switch>"), "0 q.svg 16x16"},
+        {"a use of the whole", "q.svg", root + "<use xlink:href=\"#top\"/></svg>", "0 q.svg 16x16"},
+        {"a use of a later shape of its id", "q.svg",
+         svg_document("<use id=\"a\" xlink:href=\"#a\"/><path id=\"a\"/>"), "0 q.svg 16x16"},
+        {"long dashes without paint", "q.svg", replaced(dashed(arc), "#000", "url(#none)"), "0 q.svg 16x16"},
         {"deep groups", "q.svg", nested_groups(2000), "0 q.svg 16x16"},
         {"a document within", "q.svg", svg_document(embedded("svg+xml", drawing) + file + "inner.svg\"/>"),
          "0 q.svg 16x16"},
