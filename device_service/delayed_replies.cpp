@@ -5,7 +5,7 @@
 #include <iterator>
 #include <utility>
 
-namespace panel_device {
+namespace velarion {
 
 namespace {
 
@@ -42,4 +42,4 @@ std::int64_t delayed_replies::next_due() const {
     return replies_.empty() ? NEVER : replies_.begin()->first;
 }
 
-} // namespace panel_device
+} // namespace velarion

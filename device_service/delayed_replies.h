@@ -7,7 +7,7 @@
 #include <map>
 #include <vector>
 
-namespace panel_device {
+namespace velarion {
 
 /** Replies that are sent later than they were made. Knows no clock: times are passed in, in milliseconds. */
 class delayed_replies {
@@ -32,6 +32,6 @@ private:
     std::multimap<std::int64_t, delayed_reply> replies_; ///< by the time they are due
 };
 
-} // namespace panel_device
+} // namespace velarion
 
 #endif

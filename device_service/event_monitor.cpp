@@ -2,7 +2,7 @@
 
 #include <utility>
 
-namespace panel_device {
+namespace velarion {
 
 event_monitor::event_monitor(message_sender sender)
     : sender_(std::move(sender)) {}
@@ -16,8 +16,8 @@ void event_monitor::forget(std::uint32_t connection) {
 }
 
 void event_monitor::tell(event_function event, const std::vector<std::int32_t>& values) const {
-    panel_platform::ipc_header header;
-    header.kind = panel_platform::IPC_NOTIFICATION;
+    ipc_header header;
+    header.kind = IPC_NOTIFICATION;
     for (const auto& [connection, interest] : interests_) {
         if (event != EVENT_LED_EDGE || interest == ATTACH_EVENTS_AND_EDGES) {
             sender_(connection, encode_message(make_message(event, values), header));
@@ -31,4 +31,4 @@ void event_monitor::tell(const std::vector<led_change>& changes) const {
     }
 }
 
-} // namespace panel_device
+} // namespace velarion

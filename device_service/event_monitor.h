@@ -9,7 +9,7 @@
 #include <map>
 #include <vector>
 
-namespace panel_device {
+namespace velarion {
 
 /** Sends a message on a connection; one that does not exist any more is passed over. */
 using message_sender = std::function<void(std::uint32_t connection, std::vector<char> message)>;
@@ -31,6 +31,6 @@ private:
     std::map<std::uint32_t, std::uint32_t> interests_;
 };
 
-} // namespace panel_device
+} // namespace velarion
 
 #endif

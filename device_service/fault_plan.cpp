@@ -4,7 +4,7 @@
 
 #include <csignal>
 
-namespace panel_device {
+namespace velarion {
 
 device_result fault_plan::set(std::int32_t kind, std::int32_t value, std::int32_t requests) {
     const bool is_delay_wrong = kind == FAULT_DELAY && (value < 0 || value > LONGEST_DELAY);
@@ -33,4 +33,4 @@ fault_kind fault_plan::take() {
     }
 }
 
-} // namespace panel_device
+} // namespace velarion

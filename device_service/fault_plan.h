@@ -5,7 +5,7 @@
 
 #include <cstdint>
 
-namespace panel_device {
+namespace velarion {
 
 /** The misbehaviour that was ordered, and for how many requests. */
 class fault_plan {
@@ -35,6 +35,6 @@ private:
 /** Ends the service as if killed, as FAULT_CRASH and FAULT_CRASH_NOW order. */
 [[noreturn]] void crash();
 
-} // namespace panel_device
+} // namespace velarion
 
 #endif

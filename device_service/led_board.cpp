@@ -2,7 +2,7 @@
 
 #include "dvc_pnl_dec_types.h"
 
-namespace panel_device {
+namespace velarion {
 
 namespace {
 
@@ -12,7 +12,7 @@ constexpr std::int32_t SHORTEST_TIME = 10;
 constexpr std::int32_t LONGEST_TIME = 60000;
 constexpr std::int32_t MOST_CYCLES = 1000000;
 constexpr std::int64_t NEVER = -1;
-constexpr std::int32_t PRINT_SERVICE = velarion::DVC_PNL_DEC_LED_PRINT_SERVICE;
+constexpr std::int32_t PRINT_SERVICE = DVC_PNL_DEC_LED_PRINT_SERVICE;
 
 bool is_time(std::int32_t time) {
     return time >= SHORTEST_TIME && time <= LONGEST_TIME;
@@ -22,7 +22,7 @@ bool is_time(std::int32_t time) {
 
 led_board::led_board() {
     for (led_state& led : leds_) {
-        show(led, velarion::DVC_PNL_DEC_LED_STATUS_OFF, 0);
+        show(led, DVC_PNL_DEC_LED_STATUS_OFF, 0);
     }
 }
 
@@ -95,12 +95,12 @@ std::int64_t led_board::next_change() const {
 void led_board::show(led_state& led, std::int32_t status, std::int64_t now) {
     led.status = status;
     switch (status) {
-    case velarion::DVC_PNL_DEC_LED_STATUS_BLINK_SLOW:
+    case DVC_PNL_DEC_LED_STATUS_BLINK_SLOW:
         return start(led, {SLOW_HALF, SLOW_HALF, 0, status}, now);
-    case velarion::DVC_PNL_DEC_LED_STATUS_BLINK_FAST:
+    case DVC_PNL_DEC_LED_STATUS_BLINK_FAST:
         return start(led, {FAST_HALF, FAST_HALF, 0, status}, now);
     default:
-        led.is_lit = status == velarion::DVC_PNL_DEC_LED_STATUS_ON;
+        led.is_lit = status == DVC_PNL_DEC_LED_STATUS_ON;
         led.pattern = {};
         led.since = now;
         led.next_change = NEVER;
@@ -131,11 +131,11 @@ void led_board::bring_to(led_state& led, std::int64_t now) {
 }
 
 bool led_board::is_settable(std::int32_t status) {
-    return status >= velarion::DVC_PNL_DEC_LED_STATUS_OFF && status < LED_STATUS_TIMER;
+    return status >= DVC_PNL_DEC_LED_STATUS_OFF && status < LED_STATUS_TIMER;
 }
 
 void led_board::tell(std::int32_t led, bool is_edge, std::vector<led_change>& changes) const {
     changes.push_back({led, status(led), is_lit(led), is_edge});
 }
 
-} // namespace panel_device
+} // namespace velarion

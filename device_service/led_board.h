@@ -7,7 +7,7 @@
 #include <cstdint>
 #include <vector>
 
-namespace panel_device {
+namespace velarion {
 
 /** A change that a watcher is told. */
 struct led_change {
@@ -86,6 +86,6 @@ private:
     std::int32_t timer_ = 0;
 };
 
-} // namespace panel_device
+} // namespace velarion
 
 #endif

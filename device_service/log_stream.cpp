@@ -7,7 +7,7 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
-namespace panel_device {
+namespace velarion {
 
 namespace {
 
@@ -51,4 +51,4 @@ bool log_stream::write(const std::string& text) const {
     return written >= 0;
 }
 
-} // namespace panel_device
+} // namespace velarion

@@ -5,7 +5,7 @@
 
 #include <string>
 
-namespace panel_device {
+namespace velarion {
 
 /**
  * Standard error, written without ever waiting for who reads it. The flags of the descriptor, which other
@@ -25,10 +25,10 @@ private:
     enum stream_kind { ANY, SOCKET, OPENED_ANEW, SHARED };
 
     stream_kind kind_ = ANY;
-    panel_platform::file_descriptor opened_;
+    file_descriptor opened_;
     bool is_read_by_journal_ = false;
 };
 
-} // namespace panel_device
+} // namespace velarion
 
 #endif

@@ -16,7 +16,7 @@
 
 namespace {
 
-using namespace panel_device;
+using namespace velarion;
 
 enum exit_status : int { EXIT_DONE = 0, EXIT_USAGE = 2, EXIT_FAULT = 3 };
 
@@ -111,29 +111,29 @@ void open_standard_descriptors() {
     do {
         opened = ::open("/dev/null", O_RDWR);
     } while (opened >= 0 && opened <= STDERR_FILENO);
-    const panel_platform::file_descriptor surplus(opened);
+    const velarion::file_descriptor surplus(opened);
 }
 
-panel_platform::file_descriptor take_signals() {
+velarion::file_descriptor take_signals() {
     std::signal(SIGPIPE, SIG_IGN); // a log that nobody reads does not end the service
     sigset_t ending;
     sigemptyset(&ending);
     sigaddset(&ending, SIGTERM);
     sigaddset(&ending, SIGINT);
     sigprocmask(SIG_BLOCK, &ending, nullptr);
-    return panel_platform::file_descriptor(::signalfd(-1, &ending, SFD_CLOEXEC | SFD_NONBLOCK));
+    return velarion::file_descriptor(::signalfd(-1, &ending, SFD_CLOEXEC | SFD_NONBLOCK));
 }
 
 int report_listen_fault(int code) {
-    const std::string folder = panel_platform::platform_folder();
+    const std::string folder = velarion::platform_folder();
     switch (code) {
-    case panel_platform::PLATFORM_ALREADY_SERVED:
+    case velarion::PLATFORM_ALREADY_SERVED:
         write_log(SERVICE_LOG_ERROR, "another panel_device_service runs on %s", folder.c_str());
         break;
-    case panel_platform::PLATFORM_NO_FOLDER:
+    case velarion::PLATFORM_NO_FOLDER:
         write_log(SERVICE_LOG_ERROR, "no folder: set PANEL_PLATFORM_DIR, XDG_STATE_HOME or HOME");
         break;
-    case panel_platform::PLATFORM_ACCESS_DENIED:
+    case velarion::PLATFORM_ACCESS_DENIED:
         write_log(SERVICE_LOG_ERROR,
                   "%s/run cannot be used: it must be writable, belong to this user and have mode 0700",
                   folder.c_str());
@@ -147,7 +147,7 @@ int report_listen_fault(int code) {
 
 void tell_ready(int descriptor) {
     if (descriptor >= 0) {
-        const panel_platform::file_descriptor ready(descriptor);
+        const velarion::file_descriptor ready(descriptor);
         if (::write(ready.get(), "\n", 1) != 1) {
             write_log(SERVICE_LOG_WARNING, "--ready-fd %d cannot be written", descriptor);
         }
@@ -163,18 +163,18 @@ int main(int argc, char** argv) {
         return exit_code;
     }
     open_standard_descriptors();
-    const panel_platform::file_descriptor signals = take_signals();
+    const velarion::file_descriptor signals = take_signals();
     if (signals.get() < 0) {
         write_log(SERVICE_LOG_ERROR, "no descriptor for signals (error %d)", errno);
         return EXIT_FAULT;
     }
     service_loop loop;
     const int code = loop.listen(velarion::DVC_PNL_DEC_SERVICE_NAME);
-    if (code != panel_platform::PLATFORM_OK) {
+    if (code != velarion::PLATFORM_OK) {
         return report_listen_fault(code);
     }
     write_log(SERVICE_LOG_INFO, "ready as %s in %s/run", velarion::DVC_PNL_DEC_SERVICE_NAME,
-              panel_platform::platform_folder().c_str());
+              velarion::platform_folder().c_str());
     tell_ready(options.ready_descriptor);
     if (!loop.run(signals.get())) {
         return EXIT_FAULT;

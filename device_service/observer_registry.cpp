@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-namespace panel_device {
+namespace velarion {
 
 namespace {
 
@@ -40,4 +40,4 @@ void observer_registry::forget(const observer_owner& owner) {
     observers_.erase(std::remove_if(observers_.begin(), observers_.end(), is_of{owner}), observers_.end());
 }
 
-} // namespace panel_device
+} // namespace velarion

@@ -7,7 +7,7 @@
 #include <cstdint>
 #include <vector>
 
-namespace panel_device {
+namespace velarion {
 
 /**
  * Whose an observer is: a host's, on whichever of its connections; a connection's where that has no host
@@ -43,6 +43,6 @@ private:
 /** An owner may register so many. */
 inline constexpr std::ptrdiff_t MOST_OBSERVERS = 64;
 
-} // namespace panel_device
+} // namespace velarion
 
 #endif

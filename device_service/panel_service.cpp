@@ -7,11 +7,9 @@
 #include <algorithm>
 #include <utility>
 
-namespace panel_device {
+namespace velarion {
 
 namespace {
-
-using panel_platform::ipc_header;
 
 bool is_control(std::int32_t func_id) {
     return func_id >= CONTROL_LIST_LEDS && func_id <= CONTROL_STATUS;
@@ -27,10 +25,10 @@ void panel_service::connected(std::uint32_t connection, pid_t process) {
               static_cast<long>(process));
     state_.connections[connection] = {process, 0, false};
     ipc_header header;
-    header.kind = panel_platform::IPC_GREETING;
-    std::vector<char> greeting(panel_platform::IPC_HEADER_LENGTH);
+    header.kind = IPC_GREETING;
+    std::vector<char> greeting(IPC_HEADER_LENGTH);
     header.length = static_cast<std::uint32_t>(greeting.size());
-    panel_platform::write_ipc_header(header, greeting.data());
+    write_ipc_header(header, greeting.data());
     state_.sender(connection, std::move(greeting));
     state_.monitor.tell(EVENT_HOST_CAME, {static_cast<std::int32_t>(connection), process});
 }
@@ -67,17 +65,17 @@ bool panel_service::receive(std::uint32_t connection, const ipc_header& header, 
     if (sender.host != header.host) {
         return false;
     }
-    if (header.kind == panel_platform::IPC_ATTACH) {
+    if (header.kind == IPC_ATTACH) {
         return attach(connection, header);
     }
     if (delayed_.is_full(connection)) {
         return false;
     }
     advance(now);
-    if (header.kind == panel_platform::IPC_PROBE) {
+    if (header.kind == IPC_PROBE) {
         return answer_probe(connection, header, bytes, now);
     }
-    if (header.kind != panel_platform::IPC_REQUEST) {
+    if (header.kind != IPC_REQUEST) {
         return false;
     }
     answer(connection, header, bytes, now);
@@ -85,7 +83,7 @@ bool panel_service::receive(std::uint32_t connection, const ipc_header& header, 
 }
 
 bool panel_service::attach(std::uint32_t number, const ipc_header& header) {
-    if (header.host == 0 || header.length != panel_platform::IPC_HEADER_LENGTH ||
+    if (header.host == 0 || header.length != IPC_HEADER_LENGTH ||
         header.destination > ATTACH_EVENTS_AND_EDGES) {
         return false;
     }
@@ -112,7 +110,7 @@ void panel_service::answer(std::uint32_t number, const ipc_header& header, const
         state_.monitor.tell(EVENT_REFUSED, {static_cast<std::int32_t>(number), header.func_id, reply.result});
     }
     ipc_header reply_header;
-    reply_header.kind = panel_platform::IPC_REPLY;
+    reply_header.kind = IPC_REPLY;
     reply_header.sequence = header.sequence;
     send_reply(number, encode_message(reply, reply_header), fault, now);
 }
@@ -120,7 +118,7 @@ void panel_service::answer(std::uint32_t number, const ipc_header& header, const
 /** A service that leaves requests without an answer does so with probes; other faults are none of theirs. */
 bool panel_service::answer_probe(std::uint32_t number, const ipc_header& header, const char* bytes,
                                  std::int64_t now) {
-    if (header.length != panel_platform::IPC_HEADER_LENGTH) {
+    if (header.length != IPC_HEADER_LENGTH) {
         return false;
     }
     const bool is_faulty = state_.faults.kind() == FAULT_DELAY || state_.faults.kind() == FAULT_DROP;
@@ -166,4 +164,4 @@ std::int64_t panel_service::next_deadline() const {
     return std::min(led, reply);
 }
 
-} // namespace panel_device
+} // namespace velarion

@@ -8,7 +8,7 @@
 #include <sys/types.h>
 #include <vector>
 
-namespace panel_device {
+namespace velarion {
 
 /**
  * What the service does with what its connections send. Knows neither sockets nor a clock: messages go
@@ -29,8 +29,7 @@ public:
      * @param header  its header, which agrees with its length
      * @return false when the other end does not keep to the protocol, so that the connection is to be closed
      */
-    bool receive(std::uint32_t connection, const panel_platform::ipc_header& header, const char* bytes,
-                 std::int64_t now);
+    bool receive(std::uint32_t connection, const ipc_header& header, const char* bytes, std::int64_t now);
 
     /** Does what is due: LEDs that blink, replies that were delayed. */
     void advance(std::int64_t now);
@@ -39,11 +38,9 @@ public:
 
 private:
     bool has_connection(std::uint64_t host) const;
-    bool attach(std::uint32_t number, const panel_platform::ipc_header& header);
-    void answer(std::uint32_t number, const panel_platform::ipc_header& header, const char* bytes,
-                std::int64_t now);
-    bool answer_probe(std::uint32_t number, const panel_platform::ipc_header& header, const char* bytes,
-                      std::int64_t now);
+    bool attach(std::uint32_t number, const ipc_header& header);
+    void answer(std::uint32_t number, const ipc_header& header, const char* bytes, std::int64_t now);
+    bool answer_probe(std::uint32_t number, const ipc_header& header, const char* bytes, std::int64_t now);
     void send_reply(std::uint32_t number, std::vector<char> message, fault_kind fault, std::int64_t now);
     fault_kind take_fault(std::uint32_t connection);
 
@@ -51,6 +48,6 @@ private:
     delayed_replies delayed_;
 };
 
-} // namespace panel_device
+} // namespace velarion
 
 #endif

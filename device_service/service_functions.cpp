@@ -7,11 +7,9 @@
 #include <unistd.h>
 #include <vector>
 
-namespace panel_device {
+namespace velarion {
 
 namespace {
-
-using panel_platform::ipc_header;
 
 /** A request whose number and ids of parameters were found right. */
 struct function_call {
@@ -37,14 +35,14 @@ device_result set_led(service_state& service, const function_call& call, device_
 
 device_result set_all_leds_on(service_state& service, const function_call& call, device_message&) {
     std::vector<led_change> changes;
-    service.leds.set_all(velarion::DVC_PNL_DEC_LED_STATUS_ON, call.now, changes);
+    service.leds.set_all(DVC_PNL_DEC_LED_STATUS_ON, call.now, changes);
     service.monitor.tell(changes);
     return DEVICE_OK;
 }
 
 device_result set_all_leds_off(service_state& service, const function_call& call, device_message&) {
     std::vector<led_change> changes;
-    service.leds.set_all(velarion::DVC_PNL_DEC_LED_STATUS_OFF, call.now, changes);
+    service.leds.set_all(DVC_PNL_DEC_LED_STATUS_OFF, call.now, changes);
     service.monitor.tell(changes);
     return DEVICE_OK;
 }
@@ -79,7 +77,7 @@ device_result list_leds(service_state& service, const function_call&, device_mes
 /** @return whether the observer's host takes notifications */
 bool notify(service_state& service, const key_observer& observer, const device_message& message) {
     ipc_header header;
-    header.kind = panel_platform::IPC_NOTIFICATION;
+    header.kind = IPC_NOTIFICATION;
     header.destination = observer.number;
     bool is_told = false;
     for (const auto& [number, connection] : service.connections) {
@@ -94,9 +92,9 @@ bool notify(service_state& service, const key_observer& observer, const device_m
 /** @return how many observers were told */
 std::int32_t notify_observers(service_state& service, std::int32_t key, std::int32_t status) {
     const device_message message = {
-        velarion::DVC_PNL_DEC_FUNCTION_NOTIFY_KEY_EVENT,
+        DVC_PNL_DEC_FUNCTION_NOTIFY_KEY_EVENT,
         DEVICE_OK,
-        {{velarion::DVC_PNL_DEC_PARAMETER_ID, key}, {velarion::DVC_PNL_DEC_PARAMETER_STATUS, status}}};
+        {{DVC_PNL_DEC_PARAMETER_ID, key}, {DVC_PNL_DEC_PARAMETER_STATUS, status}}};
     std::int32_t told = 0;
     for (const key_observer& observer : service.observers.observers()) {
         told += notify(service, observer, message) ? 1 : 0;
@@ -110,7 +108,7 @@ device_result send_key_event(service_state& service, const function_call& call, 
     if (key < 0 || key >= KEY_COUNT) {
         return DEVICE_UNKNOWN_KEY;
     }
-    if (status != velarion::DVC_PNL_DEC_KEY_RELEASED && status != velarion::DVC_PNL_DEC_KEY_PRESSED) {
+    if (status != DVC_PNL_DEC_KEY_RELEASED && status != DVC_PNL_DEC_KEY_PRESSED) {
         return DEVICE_UNKNOWN_STATUS;
     }
     const std::int32_t told = notify_observers(service, key, status);
@@ -208,4 +206,4 @@ device_result carry_out(service_state& service, std::uint32_t connection, const 
     return function->run(service, call, reply);
 }
 
-} // namespace panel_device
+} // namespace velarion

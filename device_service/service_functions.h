@@ -6,7 +6,7 @@
 
 #include <cstdint>
 
-namespace panel_device {
+namespace velarion {
 
 /**
  * Carries out what a request asks for, once its length, function, and number and ids of parameters were
@@ -18,10 +18,9 @@ namespace panel_device {
  * @param reply       receives the records of the reply, if the function has any
  * @return the reply's result
  */
-device_result carry_out(service_state& service, std::uint32_t connection,
-                        const panel_platform::ipc_header& header, const char* bytes, std::int64_t now,
-                        device_message& reply);
+device_result carry_out(service_state& service, std::uint32_t connection, const ipc_header& header,
+                        const char* bytes, std::int64_t now, device_message& reply);
 
-} // namespace panel_device
+} // namespace velarion
 
 #endif

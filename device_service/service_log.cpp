@@ -9,7 +9,7 @@
 #include <cstdio>
 #include <map>
 
-namespace panel_device {
+namespace velarion {
 
 namespace {
 
@@ -85,7 +85,7 @@ void write_log(service_log_level level, const char* format, ...) {
     std::vsnprintf(text, sizeof text, format, arguments);
     va_end(arguments);
     line_kind& kind = kinds()[format];
-    const std::int64_t now = panel_platform::monotonic_milliseconds();
+    const std::int64_t now = monotonic_milliseconds();
     if (now - kind.since >= PERIOD && write_left_out(kind)) {
         kind.since = now;
         kind.written = 0;
@@ -100,7 +100,7 @@ void write_log(service_log_level level, const char* format, ...) {
 }
 
 bool write_what_was_left_out(bool at_once) {
-    const std::int64_t now = panel_platform::monotonic_milliseconds();
+    const std::int64_t now = monotonic_milliseconds();
     bool is_something_left = false;
     for (auto& [format, kind] : kinds()) {
         const bool is_due = at_once || now - kind.since >= PERIOD;
@@ -111,4 +111,4 @@ bool write_what_was_left_out(bool at_once) {
     return is_something_left;
 }
 
-} // namespace panel_device
+} // namespace velarion

@@ -3,7 +3,7 @@
 
 #include <string>
 
-namespace panel_device {
+namespace velarion {
 
 enum service_log_level : int {
     SERVICE_LOG_ERROR = 0,
@@ -35,6 +35,6 @@ void write_log(service_log_level level, const char* format, ...) __attribute__((
  */
 bool write_what_was_left_out(bool at_once = false);
 
-} // namespace panel_device
+} // namespace velarion
 
 #endif

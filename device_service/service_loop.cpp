@@ -8,11 +8,9 @@
 #include <limits>
 #include <utility>
 
-namespace panel_device {
+namespace velarion {
 
 namespace {
-
-using namespace panel_platform;
 
 constexpr std::size_t MOST_PEERS = 64;
 constexpr std::size_t MOST_UNSENT = 1024;   // messages for a peer that does not read them
@@ -179,4 +177,4 @@ void service_loop::close_dropped() {
     }
 }
 
-} // namespace panel_device
+} // namespace velarion

@@ -13,7 +13,7 @@
 #include <string>
 #include <vector>
 
-namespace panel_device {
+namespace velarion {
 
 /** The sockets of the service and the one thread that serves them. */
 class service_loop {
@@ -32,7 +32,7 @@ public:
 
 private:
     struct connected_peer {
-        panel_platform::file_descriptor socket;
+        file_descriptor socket;
         std::deque<std::vector<char>> unsent;
     };
 
@@ -47,7 +47,7 @@ private:
     std::vector<pollfd> watched(int stop) const;
     void serve(const std::vector<pollfd>& events);
 
-    panel_platform::message_listener listener_;
+    message_listener listener_;
     panel_service service_;
     std::map<std::uint32_t, connected_peer> peers_;
     std::set<std::uint32_t> dropped_;
@@ -56,6 +56,6 @@ private:
     std::int64_t accepts_from_ = 0; ///< time of the next attempt when there was no descriptor
 };
 
-} // namespace panel_device
+} // namespace velarion
 
 #endif

@@ -11,7 +11,7 @@
 #include <sys/types.h>
 #include <utility>
 
-namespace panel_device {
+namespace velarion {
 
 /** What is known of a connection's other end. */
 struct host_connection {
@@ -38,6 +38,6 @@ struct service_state {
     std::uint32_t refused_count = 0;                      ///< of these
 };
 
-} // namespace panel_device
+} // namespace velarion
 
 #endif

@@ -9,24 +9,24 @@
 #include <cstring>
 #include <utility>
 
-namespace {
+namespace velarion {
 
-using velarion::dvc_pnl_dec_key_event_observer;
+namespace {
 
 /** Room for any message, laid out so that the serializer can read it. */
 struct message_room {
-    velarion::DVC_PNL_DEC_OBSERVER_COMMUNICATION_HEADER header;
-    unsigned char rest[panel_platform::IPC_LONGEST_MESSAGE - velarion::DVC_PNL_DEC_HEADER_LENGTH];
+    DVC_PNL_DEC_OBSERVER_COMMUNICATION_HEADER header;
+    unsigned char rest[IPC_LONGEST_MESSAGE - DVC_PNL_DEC_HEADER_LENGTH];
 };
 
 bool decode_key_event(const char* bytes, unsigned int length, int& key, int& status) {
     message_room message;
-    if (length > sizeof message || !velarion::dvc_pnl_dec_is_complete(bytes, length)) {
+    if (length > sizeof message || !dvc_pnl_dec_is_complete(bytes, length)) {
         return false;
     }
     std::memcpy(&message, bytes, length);
-    velarion::dvc_pnl_dec_serialize serializer;
-    if (message.header.func_id != velarion::DVC_PNL_DEC_FUNCTION_NOTIFY_KEY_EVENT ||
+    dvc_pnl_dec_serialize serializer;
+    if (message.header.func_id != DVC_PNL_DEC_FUNCTION_NOTIFY_KEY_EVENT ||
         serializer.decode(&message.header) == 0) {
         return false;
     }
@@ -83,18 +83,17 @@ void host_receiver::set_refusal_hook(std::function<void(dvc_pnl_dec_key_event_ob
 }
 
 void host_receiver::dispatch(long, char* rcv_buf, unsigned int rcv_buflen, gen_ipc_msghdr) {
-    panel_platform::ipc_header header;
-    if (!rcv_buf || !panel_platform::read_ipc_header(rcv_buf, rcv_buflen, header)) {
+    ipc_header header;
+    if (!rcv_buf || !read_ipc_header(rcv_buf, rcv_buflen, header)) {
         return;
     }
-    if (header.kind == panel_platform::IPC_GREETING) {
+    if (header.kind == IPC_GREETING) {
         post([this] { take_greeting(); });
         return;
     }
     int key = 0;
     int status = 0;
-    if (header.kind == panel_platform::IPC_NOTIFICATION &&
-        decode_key_event(rcv_buf, rcv_buflen, key, status)) {
+    if (header.kind == IPC_NOTIFICATION && decode_key_event(rcv_buf, rcv_buflen, key, status)) {
         const std::uint32_t number = header.destination;
         post([this, number, key, status] { take_key_event(number, key, status); });
     }
@@ -110,13 +109,12 @@ host_receiver::find(const dvc_pnl_dec_key_event_observer* observer) {
 void host_receiver::take_key_event(std::uint32_t number, int key, int status) {
     const std::vector<observer_entry> entries = entries_;
     for (const observer_entry& entry : entries) {
-        if (velarion::dvc_pnl_dec_observer_number(entry.observer) != number ||
-            find(entry.observer) == entries_.end()) {
+        if (dvc_pnl_dec_observer_number(entry.observer) != number || find(entry.observer) == entries_.end()) {
             continue;
         }
-        if (status == velarion::DVC_PNL_DEC_KEY_PRESSED) {
+        if (status == DVC_PNL_DEC_KEY_PRESSED) {
             entry.observer->dvc_pnl_dec_key_pressed(key);
-        } else if (status == velarion::DVC_PNL_DEC_KEY_RELEASED) {
+        } else if (status == DVC_PNL_DEC_KEY_RELEASED) {
             entry.observer->dvc_pnl_dec_key_released(key);
         }
     }
@@ -137,3 +135,5 @@ void host_receiver::take_refusal(std::uint64_t ticket, int result) {
         hook(found->observer, result);
     }
 }
+
+} // namespace velarion

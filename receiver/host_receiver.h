@@ -11,6 +11,8 @@
 #include <memory>
 #include <vector>
 
+namespace velarion {
+
 class observer_registrar;
 
 /**
@@ -19,13 +21,13 @@ class observer_registrar;
  *
  *     host_receiver receiver;
  *     receiver.set_service_hook([&] { window.show_leds(); });
- *     panel_platform::message_delivery delivery(receiver, velarion::DVC_PNL_DEC_SERVICE_NAME);
+ *     message_delivery delivery(receiver, DVC_PNL_DEC_SERVICE_NAME);
  *     receiver.add_observer(&observer, &window);
  *
  * The delivery, made after the receiver, is destroyed before it. All operations but dispatch() belong to the
  * thread of the event loop; none waits for the service.
  */
-class host_receiver : public velarion::facade_template {
+class host_receiver : public facade_template {
 public:
     host_receiver();
     /** No observer and no hook is called from here on. Nothing may call dispatch() any more. */
@@ -42,13 +44,13 @@ public:
      * @param owner     the observer is forgotten when this object is destroyed; null: forget_observer() has
      *                  to be called before the observer is destroyed
      */
-    void add_observer(velarion::dvc_pnl_dec_key_event_observer* observer, const QObject* owner = nullptr);
+    void add_observer(dvc_pnl_dec_key_event_observer* observer, const QObject* owner = nullptr);
 
     /**
      * Ends the calls of an observer, at once; also while it is being called. The service, which has no
      * request for it, keeps counting the observer among the 64 of this process.
      */
-    void forget_observer(const velarion::dvc_pnl_dec_key_event_observer* observer);
+    void forget_observer(const dvc_pnl_dec_key_event_observer* observer);
 
     /**
      * @param hook  called by the event loop each time the service greets this process, the first time
@@ -62,8 +64,7 @@ public:
      *              The observer is asked for again when the service greets this process the next time, at the
      *              latest, and when it is added once more. The hook may use the receiver, but not destroy it
      */
-    void set_refusal_hook(
-        std::function<void(velarion::dvc_pnl_dec_key_event_observer* observer, int result)> hook);
+    void set_refusal_hook(std::function<void(dvc_pnl_dec_key_event_observer* observer, int result)> hook);
 
     /** Takes a message that the platform received. Any thread; observers are called later, by the event loop.
      */
@@ -71,12 +72,12 @@ public:
 
 private:
     struct observer_entry {
-        velarion::dvc_pnl_dec_key_event_observer* observer;
+        dvc_pnl_dec_key_event_observer* observer;
         QMetaObject::Connection owner_watch;
         std::uint64_t ticket; ///< of the registrar
     };
 
-    std::vector<observer_entry>::iterator find(const velarion::dvc_pnl_dec_key_event_observer* observer);
+    std::vector<observer_entry>::iterator find(const dvc_pnl_dec_key_event_observer* observer);
     void post(std::function<void()> work);
     void take_key_event(std::uint32_t number, int key, int status);
     void take_greeting();
@@ -84,9 +85,11 @@ private:
 
     std::vector<observer_entry> entries_;
     std::function<void()> service_hook_;
-    std::function<void(velarion::dvc_pnl_dec_key_event_observer*, int)> refusal_hook_;
+    std::function<void(dvc_pnl_dec_key_event_observer*, int)> refusal_hook_;
     std::shared_ptr<observer_registrar> registrar_;
     QObject event_loop_; ///< what waits in the event loop for it is dropped when it is destroyed
 };
+
+} // namespace velarion
 
 #endif

@@ -10,6 +10,8 @@
 #include <thread>
 #include <utility>
 
+namespace velarion {
+
 namespace {
 
 constexpr int NO_ANSWER = -1;
@@ -17,11 +19,11 @@ constexpr long CHECK_MODE = 1;
 constexpr std::chrono::milliseconds PAUSE_WITHOUT_ANSWER(100);
 
 /** A single check costs less than the facade, which asks for a while before it gives up. */
-int register_observer(velarion::dvc_pnl_dec_key_event_observer* observer) {
-    if (velarion::bmc_mc_client::bmc_mc_check_facade(velarion::DVC_PNL_DEC_SERVICE_NAME, CHECK_MODE) == 0) {
+int register_observer(dvc_pnl_dec_key_event_observer* observer) {
+    if (bmc_mc_client::bmc_mc_check_facade(DVC_PNL_DEC_SERVICE_NAME, CHECK_MODE) == 0) {
         return NO_ANSWER;
     }
-    return velarion::dvc_pnl_dec_facade::dvc_pnl_dec_get_instance()->dvc_pnl_dec_add_key_observer(observer);
+    return dvc_pnl_dec_facade::dvc_pnl_dec_get_instance()->dvc_pnl_dec_add_key_observer(observer);
 }
 
 } // namespace
@@ -29,8 +31,7 @@ int register_observer(velarion::dvc_pnl_dec_key_event_observer* observer) {
 observer_registrar::observer_registrar(refusal_hook refused)
     : refused_(std::move(refused)) {}
 
-observer_registrar::ticket_number
-observer_registrar::ask_for(velarion::dvc_pnl_dec_key_event_observer* observer) {
+observer_registrar::ticket_number observer_registrar::ask_for(dvc_pnl_dec_key_event_observer* observer) {
     const std::lock_guard<std::mutex> lock(mutex_);
     if (!is_started_) {
         start();
@@ -66,7 +67,7 @@ void observer_registrar::end() {
 
 /** Nobody joins the thread, which the service may keep for seconds: it keeps this object instead. */
 void observer_registrar::start() {
-    const panel_platform::signal_block block;
+    const signal_block block;
     std::thread([self = shared_from_this()] { self->run(); }).detach();
     is_started_ = true;
 }
@@ -108,3 +109,5 @@ bool observer_registrar::take_result(const observer_request& request, std::uint6
     }
     return true;
 }
+
+} // namespace velarion

@@ -11,6 +11,8 @@
 #include <mutex>
 #include <vector>
 
+namespace velarion {
+
 /**
  * Has observers registered with the service, in the order they were asked for, by a thread that waits for the
  * service in place of its owner. Whenever the service did not answer it begins again with the first one: it
@@ -26,7 +28,7 @@ public:
      */
     explicit observer_registrar(refusal_hook refused);
 
-    ticket_number ask_for(velarion::dvc_pnl_dec_key_event_observer* observer);
+    ticket_number ask_for(dvc_pnl_dec_key_event_observer* observer);
     /** Asks for all once more, from the first on. */
     void begin_anew();
     /** Nobody is told any more what becomes of it; a request that is under way reaches the service. */
@@ -37,7 +39,7 @@ public:
 private:
     struct observer_request {
         ticket_number ticket;
-        velarion::dvc_pnl_dec_key_event_observer* observer;
+        dvc_pnl_dec_key_event_observer* observer;
     };
 
     void start();
@@ -54,5 +56,7 @@ private:
     bool is_started_ = false;
     bool is_ending_ = false;
 };
+
+} // namespace velarion
 
 #endif

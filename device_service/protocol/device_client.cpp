@@ -9,21 +9,18 @@
 #include <sys/socket.h>
 #include <vector>
 
-namespace panel_device {
+namespace velarion {
 
 namespace {
-
-using velarion::bmc_mc_client;
-using velarion::DVC_PNL_DEC_SERVICE_NAME;
 
 constexpr long MODE = 1;
 
 request_outcome outcome_of(long code) {
     switch (code) {
-    case panel_platform::PLATFORM_OK:
+    case PLATFORM_OK:
         return request_outcome::ANSWERED;
-    case panel_platform::PLATFORM_BAD_MESSAGE:
-    case panel_platform::PLATFORM_TOO_LARGE:
+    case PLATFORM_BAD_MESSAGE:
+    case PLATFORM_TOO_LARGE:
         return request_outcome::NOT_UNDERSTOOD;
     default:
         return request_outcome::NO_ANSWER;
@@ -34,7 +31,7 @@ request_outcome outcome_of(long code) {
 
 request_outcome send_request(const device_message& request, device_message& reply) {
     std::vector<char> message = encode_message(request, {});
-    std::vector<char> answer(panel_platform::IPC_LONGEST_MESSAGE);
+    std::vector<char> answer(IPC_LONGEST_MESSAGE);
     unsigned int length = static_cast<unsigned int>(answer.size());
     bmc_mc_client client;
     const request_outcome outcome = outcome_of(client.bmc_mc_send_sync_message(
@@ -53,16 +50,16 @@ request_outcome send_request_when_ready(const device_message& request, device_me
 }
 
 service_sight look_at_service() {
-    panel_platform::file_descriptor connection;
+    file_descriptor connection;
     service_sight sight;
-    sight.code = panel_platform::connect_to_service(DVC_PNL_DEC_SERVICE_NAME, connection);
+    sight.code = connect_to_service(DVC_PNL_DEC_SERVICE_NAME, connection);
     ucred peer = {};
     socklen_t length = sizeof peer;
-    if (sight.code == panel_platform::PLATFORM_OK &&
+    if (sight.code == PLATFORM_OK &&
         ::getsockopt(connection.get(), SOL_SOCKET, SO_PEERCRED, &peer, &length) == 0) {
         sight.process = peer.pid;
     }
     return sight;
 }
 
-} // namespace panel_device
+} // namespace velarion

@@ -5,7 +5,7 @@
 
 #include <sys/types.h>
 
-namespace panel_device {
+namespace velarion {
 
 /** What became of a request. */
 enum class request_outcome {
@@ -37,6 +37,6 @@ struct service_sight {
 /** Looks for a service that does not answer; never waits. */
 service_sight look_at_service();
 
-} // namespace panel_device
+} // namespace velarion
 
 #endif

@@ -2,17 +2,7 @@
 
 #include "dvc_pnl_dec_communication.h"
 
-namespace panel_device {
-
-using velarion::DVC_PNL_DEC_FUNC_ID_OFFSET;
-using velarion::DVC_PNL_DEC_HEADER_LENGTH;
-using velarion::dvc_pnl_dec_load;
-using velarion::DVC_PNL_DEC_PARAMETERS_OFFSET;
-using velarion::DVC_PNL_DEC_PCNT_OFFSET;
-using velarion::DVC_PNL_DEC_RECORD_LENGTH;
-using velarion::DVC_PNL_DEC_RECORD_VALUE_OFFSET;
-using velarion::DVC_PNL_DEC_RESULT_OFFSET;
-using velarion::dvc_pnl_dec_store;
+namespace velarion {
 
 device_message make_message(std::int32_t func_id, const std::vector<std::int32_t>& values) {
     device_message message;
@@ -48,11 +38,11 @@ device_result decode_message(const char* bytes, std::size_t length, device_messa
     return DEVICE_OK;
 }
 
-std::vector<char> encode_message(const device_message& message, panel_platform::ipc_header header) {
+std::vector<char> encode_message(const device_message& message, ipc_header header) {
     std::vector<char> bytes(DVC_PNL_DEC_HEADER_LENGTH + DVC_PNL_DEC_RECORD_LENGTH * message.records.size());
     header.length = static_cast<std::uint32_t>(bytes.size());
     header.func_id = message.func_id;
-    panel_platform::write_ipc_header(header, bytes.data());
+    write_ipc_header(header, bytes.data());
     dvc_pnl_dec_store(&bytes[DVC_PNL_DEC_FUNC_ID_OFFSET], message.func_id);
     dvc_pnl_dec_store(&bytes[DVC_PNL_DEC_PCNT_OFFSET], static_cast<std::int32_t>(message.records.size()));
     dvc_pnl_dec_store(&bytes[DVC_PNL_DEC_RESULT_OFFSET], message.result);
@@ -65,4 +55,4 @@ std::vector<char> encode_message(const device_message& message, panel_platform::
     return bytes;
 }
 
-} // namespace panel_device
+} // namespace velarion

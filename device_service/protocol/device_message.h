@@ -8,7 +8,7 @@
 #include <cstdint>
 #include <vector>
 
-namespace panel_device {
+namespace velarion {
 
 struct device_record {
     std::int32_t id;
@@ -35,8 +35,8 @@ device_message make_message(std::int32_t func_id, const std::vector<std::int32_t
 device_result decode_message(const char* bytes, std::size_t length, device_message& message);
 
 /** @return the message as it is sent; its length and function id are put into the header as well */
-std::vector<char> encode_message(const device_message& message, panel_platform::ipc_header header);
+std::vector<char> encode_message(const device_message& message, ipc_header header);
 
-} // namespace panel_device
+} // namespace velarion
 
 #endif

@@ -4,7 +4,7 @@
 
 #include <cstddef>
 
-namespace panel_device {
+namespace velarion {
 
 namespace {
 
@@ -82,4 +82,4 @@ std::string known_led_statuses() {
     return list_names(LED_STATUS_NAMES, LED_STATUS_TIMER);
 }
 
-} // namespace panel_device
+} // namespace velarion

@@ -4,7 +4,7 @@
 #include <cstdint>
 #include <string>
 
-namespace panel_device {
+namespace velarion {
 
 /** @return the name, or the number as text when it has none */
 std::string led_name(std::int32_t led);
@@ -21,6 +21,6 @@ bool find_led_status(const std::string& name, std::int32_t& status);
 std::string known_leds();
 std::string known_led_statuses();
 
-} // namespace panel_device
+} // namespace velarion
 
 #endif

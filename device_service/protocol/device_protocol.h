@@ -8,7 +8,7 @@
  * library (dvc_pnl_dec_communication.h). All of it travels in the same message layout; the records of
  * the messages below have the ids 0, 1, 2, ... in the order given. See docs/device-service.md.
  */
-namespace panel_device {
+namespace velarion {
 
 /** Result codes of the service's replies. The numbers are fixed. */
 enum device_result : std::int32_t {
@@ -84,6 +84,6 @@ inline constexpr std::int32_t LED_STATUS_TIMER = 4;
 inline constexpr std::int32_t KEY_COUNT = 256;
 inline constexpr std::int32_t LONGEST_DELAY = 60000; // milliseconds
 
-} // namespace panel_device
+} // namespace velarion
 
 #endif

@@ -5,7 +5,7 @@
 
 #include <new>
 
-namespace panel_platform {
+namespace velarion {
 
 /** Runs the work of a function with C linkage. @return the number of its code; missing memory is one too */
 template <typename WORK> int at_c_edge(const WORK& work) {
@@ -16,6 +16,6 @@ template <typename WORK> int at_c_edge(const WORK& work) {
     }
 }
 
-} // namespace panel_platform
+} // namespace velarion
 
 #endif

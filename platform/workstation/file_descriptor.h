@@ -3,7 +3,7 @@
 
 #include <unistd.h>
 
-namespace panel_platform {
+namespace velarion {
 
 /** Owns an open file descriptor; a negative one is none. One thread at a time. */
 class file_descriptor {
@@ -41,6 +41,6 @@ private:
     int descriptor_;
 };
 
-} // namespace panel_platform
+} // namespace velarion
 
 #endif

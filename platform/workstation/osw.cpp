@@ -9,7 +9,7 @@
 #include <mutex>
 #include <semaphore.h>
 
-using namespace panel_platform;
+using namespace velarion;
 
 namespace {
 

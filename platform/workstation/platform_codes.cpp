@@ -2,7 +2,7 @@
 
 #include <cerrno>
 
-namespace panel_platform {
+namespace velarion {
 
 PLATFORM_CODE platform_code_of_errno(int error) {
     switch (error) {
@@ -27,4 +27,4 @@ PLATFORM_CODE platform_code_of_errno(int error) {
     }
 }
 
-} // namespace panel_platform
+} // namespace velarion

@@ -1,7 +1,7 @@
 #ifndef PLATFORM_CODES_H
 #define PLATFORM_CODES_H
 
-namespace panel_platform {
+namespace velarion {
 
 /** Results of the workstation's platform services. The numbers are fixed: callers store and print them. */
 enum [[nodiscard]] PLATFORM_CODE : int{
@@ -36,6 +36,6 @@ enum [[nodiscard]] PLATFORM_CODE : int{
 /** Any thread. @return the code that stands for @p error, a non-zero value of errno */
 PLATFORM_CODE platform_code_of_errno(int error);
 
-} // namespace panel_platform
+} // namespace velarion
 
 #endif

@@ -7,7 +7,7 @@
 #include <fcntl.h>
 #include <sys/stat.h>
 
-namespace panel_platform {
+namespace velarion {
 
 namespace {
 
@@ -75,4 +75,4 @@ PLATFORM_CODE sync_folder(int folder) {
     return ::fsync(folder) == 0 || errno == EINVAL ? PLATFORM_OK : PLATFORM_NOT_DURABLE;
 }
 
-} // namespace panel_platform
+} // namespace velarion

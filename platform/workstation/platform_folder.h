@@ -6,7 +6,7 @@
 
 #include <string>
 
-namespace panel_platform {
+namespace velarion {
 
 /**
  * Tells where all stores of the workstation are: $PANEL_PLATFORM_DIR, else
@@ -29,6 +29,6 @@ PLATFORM_CODE make_platform_folder();
  */
 PLATFORM_CODE sync_folder(int folder);
 
-} // namespace panel_platform
+} // namespace velarion
 
 #endif

@@ -11,7 +11,7 @@
 #include <sys/file.h>
 #include <utility>
 
-namespace panel_platform {
+namespace velarion {
 
 namespace {
 
@@ -157,4 +157,4 @@ PLATFORM_CODE replacement_file::note(PLATFORM_CODE code) {
     return code;
 }
 
-} // namespace panel_platform
+} // namespace velarion

@@ -9,7 +9,7 @@
 #include <string>
 #include <sys/stat.h>
 
-namespace panel_platform {
+namespace velarion {
 
 /** Names that start so belong to unfinished files; no store shows or takes such a name. */
 constexpr char TEMPORARY_PREFIX[] = ".panel_platform_tmp.";
@@ -61,6 +61,6 @@ private:
     PLATFORM_CODE failure_;      // the first one
 };
 
-} // namespace panel_platform
+} // namespace velarion
 
 #endif

@@ -3,7 +3,7 @@
 
 #include <csignal>
 
-namespace panel_platform {
+namespace velarion {
 
 /** Blocks all signals for its lifetime: a thread made meanwhile leaves them to the host's other threads. */
 class signal_block {
@@ -21,6 +21,6 @@ private:
     sigset_t former_;
 };
 
-} // namespace panel_platform
+} // namespace velarion
 
 #endif

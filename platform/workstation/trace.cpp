@@ -17,7 +17,7 @@
 #include <unistd.h>
 #include <vector>
 
-using namespace panel_platform;
+using namespace velarion;
 
 namespace {
 

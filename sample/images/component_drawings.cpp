@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <map>
 
+namespace velarion {
+
 namespace {
 
 struct look {
@@ -209,3 +211,5 @@ void draw_component(svg_canvas& canvas, const picture_name& name, const glyph_bo
                      kind == "tile" ? 14 : 10);
     }
 }
+
+} // namespace velarion

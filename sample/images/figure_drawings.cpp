@@ -4,6 +4,8 @@
 #include <array>
 #include <string>
 
+namespace velarion {
+
 namespace {
 
 std::string digits(int number) {
@@ -207,3 +209,5 @@ void draw_help(svg_canvas& canvas, const picture_name& name, const glyph_book& b
     canvas.text(digits(figure), 280, 118, 20, colors.ink, 4);
     canvas.text(digits(chapter) + "-" + digits(figure), 280, 162, 11, colors.dim, 2.2);
 }
+
+} // namespace velarion

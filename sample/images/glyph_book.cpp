@@ -7,6 +7,8 @@
 #include <cstring>
 #include <sstream>
 
+namespace velarion {
+
 namespace {
 
 const char ROLES[] = "laowedfkGWEDst";
@@ -129,3 +131,5 @@ void glyph_book::draw(svg_canvas& canvas, const std::string& word, double x, dou
     }
     canvas.end_group();
 }
+
+} // namespace velarion

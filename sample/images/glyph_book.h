@@ -9,6 +9,8 @@
 #include <string>
 #include <vector>
 
+namespace velarion {
+
 /** The side of the square on which glyphs are drawn. */
 constexpr double GLYPH_SIZE = 48;
 
@@ -47,5 +49,7 @@ private:
     std::vector<std::vector<shape>> drawings_;
     std::map<std::string, std::size_t> glyphs_; ///< indexes of drawings_
 };
+
+} // namespace velarion
 
 #endif

@@ -6,6 +6,8 @@
 #include <map>
 #include <vector>
 
+namespace velarion {
+
 namespace {
 
 /** Which way an arrow beside the thing points. */
@@ -185,3 +187,5 @@ void draw_guidance(svg_canvas& canvas, const picture_name& name, const glyph_boo
                    [](char c) { return c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c; });
     canvas.text(shown, 288, 217, 10, colors.dim, 2.2);
 }
+
+} // namespace velarion

@@ -7,6 +7,8 @@
 #include <cmath>
 #include <map>
 
+namespace velarion {
+
 namespace {
 
 const double PI = 3.14159265358979;
@@ -336,3 +338,5 @@ void draw_illustration(svg_canvas& canvas, const picture_name& name, const glyph
     }
     (void)phase;
 }
+
+} // namespace velarion

@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <map>
 
+namespace velarion {
+
 namespace {
 
 /** A key cap as the drawn soft keys have it; the colour of what stands on it. */
@@ -94,3 +96,5 @@ void draw_key(svg_canvas& canvas, const picture_name& name, const glyph_book& bo
         draw_soft_key(canvas, name, book, colors);
     }
 }
+
+} // namespace velarion

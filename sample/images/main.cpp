@@ -9,6 +9,8 @@
 #include <map>
 #include <set>
 
+namespace velarion {
+
 namespace {
 
 enum EXIT_CODE { EXIT_GOOD = 0, EXIT_SOURCE_FAULT = 1, EXIT_USAGE = 2, EXIT_FILE_FAULT = 3 };
@@ -103,7 +105,10 @@ int run(const option_values& options) {
 
 } // namespace
 
+} // namespace velarion
+
 int main(int argc, char** argv) {
+    using namespace velarion;
     const QCoreApplication application(argc, argv);
     // A document's numbers have a decimal point, whatever the user's language.
     std::setlocale(LC_NUMERIC, "C");

@@ -5,6 +5,8 @@
 #include <memory>
 #include <unordered_map>
 
+namespace velarion {
+
 namespace {
 
 const int COLORS = 256;
@@ -163,3 +165,5 @@ bool write_movie(const output_folder& output, const std::string& name, const std
     }
     return is_good && output.write(name, bytes, fault);
 }
+
+} // namespace velarion

@@ -7,6 +7,8 @@
 #include <string>
 #include <vector>
 
+namespace velarion {
+
 /**
  * Writes pictures of one size as a GIF that runs for ever.
  *
@@ -16,5 +18,7 @@
  */
 bool write_movie(const output_folder& output, const std::string& name, const std::vector<QImage>& frames,
                  int delay, std::string& fault);
+
+} // namespace velarion
 
 #endif

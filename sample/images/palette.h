@@ -3,6 +3,8 @@
 
 #include <string>
 
+namespace velarion {
+
 /** The colours of a picture by what they are for; drawn/PALETTE.md tells how they are used. */
 struct palette {
     std::string background = "#1f2a36";
@@ -36,5 +38,7 @@ inline palette one_color_palette(const palette& base, const std::string& color) 
     colors.foreground = colors.accent = colors.warn = colors.error = colors.ok = color;
     return colors;
 }
+
+} // namespace velarion
 
 #endif

@@ -3,6 +3,8 @@
 
 #include "picture_name.h"
 
+namespace velarion {
+
 /** The drawings of the kinds of picture. Each fills the canvas; phase, 0 to 1, is the place in a movie's run.
  */
 
@@ -33,5 +35,7 @@ int guidance_step_count(const std::string& code);
 /** A disc with the sign of a mark. */
 void draw_mark(svg_canvas& canvas, picture_mark mark, double x, double y, double radius,
                const palette& colors);
+
+} // namespace velarion
 
 #endif

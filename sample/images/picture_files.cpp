@@ -11,6 +11,8 @@
 #include <fstream>
 #include <iterator>
 
+namespace velarion {
+
 namespace {
 
 const char SELECTED_SUFFIX[] = "_on";
@@ -38,7 +40,7 @@ std::string state_of(const std::string& file, const char* suffix) {
 }
 
 bool read_file(const std::string& path, std::string& content) {
-    if (velarion::is_special_file(path.c_str())) {
+    if (is_special_file(path.c_str())) {
         return false;
     }
     std::ifstream file(path, std::ios::binary);
@@ -217,3 +219,5 @@ bool picture_files::make_placeholders(std::string& fault) const {
     return write_bitmap(output_, IMAGE_PLACEHOLDER, image, fault) &&
            write_movie(output_, MOVIE_PLACEHOLDER, frames, 50, fault);
 }
+
+} // namespace velarion

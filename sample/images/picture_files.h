@@ -8,6 +8,8 @@
 #include <string>
 #include <vector>
 
+namespace velarion {
+
 /** Makes the files of the panel's image directory. */
 class picture_files {
 public:
@@ -50,5 +52,7 @@ private:
     std::string drawn_folder_;
     output_folder output_;
 };
+
+} // namespace velarion
 
 #endif

@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <array>
 
+namespace velarion {
+
 namespace {
 
 struct named_kind {
@@ -128,3 +130,5 @@ std::string draw_document(const picture_name& name, const glyph_book& book, doub
     kind.draw(canvas, name, book, phase);
     return canvas.document(title_of(name));
 }
+
+} // namespace velarion

@@ -3,6 +3,8 @@
 
 #include "picture_drawings.h"
 
+namespace velarion {
+
 /** How the pictures of a kind are made. */
 struct picture_kind {
     void (*draw)(svg_canvas&, const picture_name&, const glyph_book&, double phase);
@@ -18,5 +20,7 @@ picture_kind kind_of(const picture_name& name);
 
 /** Draws one moment of a picture as an SVG document. */
 std::string draw_document(const picture_name& name, const glyph_book& book, double phase);
+
+} // namespace velarion
 
 #endif

@@ -5,6 +5,8 @@
 #include <map>
 #include <sstream>
 
+namespace velarion {
+
 namespace {
 
 const std::size_t MOST_WORDS_OF_A_GLYPH = 3;
@@ -179,3 +181,5 @@ std::string title_of(const picture_name& name) {
     }
     return name.is_darker ? title + ", darker" : title;
 }
+
+} // namespace velarion

@@ -6,6 +6,8 @@
 #include <string>
 #include <vector>
 
+namespace velarion {
+
 enum class picture_state { PLAIN, SELECTED, PRESSED, OFF };
 enum class picture_mark { NONE, ERROR, WARNING, COMPLETED, WAITING, SUSPENDED, CANCELLED, LOCKED };
 enum class picture_motion { RING, OUTWARD, INWARD, SCAN, BLINK };
@@ -43,5 +45,7 @@ palette colors_of(const picture_name& name);
 
 /** A title for people: the words, the first with a capital. */
 std::string title_of(const picture_name& name);
+
+} // namespace velarion
 
 #endif

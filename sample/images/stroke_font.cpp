@@ -4,6 +4,8 @@
 #include <map>
 #include <sstream>
 
+namespace velarion {
+
 namespace {
 
 const double CELL_WIDTH = 4;
@@ -85,3 +87,5 @@ std::string stroke_text(const std::string& text, double center_x, double center_
     }
     return path.str();
 }
+
+} // namespace velarion

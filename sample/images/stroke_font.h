@@ -3,6 +3,8 @@
 
 #include <string>
 
+namespace velarion {
+
 /**
  * A text as path data, for strokes without a fill: capitals, digits and a few signs; what it lacks is left
  * out. Pictures hold no text elements, because a device's fonts are not those of the workstation.
@@ -14,5 +16,7 @@ std::string stroke_text(const std::string& text, double center_x, double center_
 
 /** The width that stroke_text gives a text of that height. */
 double stroke_text_width(const std::string& text, double height);
+
+} // namespace velarion
 
 #endif

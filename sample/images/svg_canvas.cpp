@@ -2,6 +2,8 @@
 
 #include "stroke_font.h"
 
+namespace velarion {
+
 namespace {
 
 std::string escaped(const std::string& text) {
@@ -75,3 +77,5 @@ std::string svg_canvas::document(const std::string& title) const {
              << body_.str() << "</svg>\n";
     return document.str();
 }
+
+} // namespace velarion

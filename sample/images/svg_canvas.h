@@ -4,6 +4,8 @@
 #include <sstream>
 #include <string>
 
+namespace velarion {
+
 /** How a shape is painted; an empty colour paints nothing. */
 struct paint {
     std::string stroke;
@@ -53,5 +55,7 @@ private:
     bool is_stretchable_ = false;
     std::ostringstream body_;
 };
+
+} // namespace velarion
 
 #endif

@@ -43,10 +43,9 @@ int service_process::wait() {
     return WIFEXITED(status) ? WEXITSTATUS(status) : -WTERMSIG(status);
 }
 
-panel_device::device_message ask_service(std::int32_t func_id, const std::vector<std::int32_t>& values) {
-    panel_device::device_message reply;
-    if (send_request(panel_device::make_message(func_id, values), reply) !=
-        panel_device::request_outcome::ANSWERED) {
+velarion::device_message ask_service(std::int32_t func_id, const std::vector<std::int32_t>& values) {
+    velarion::device_message reply;
+    if (send_request(velarion::make_message(func_id, values), reply) != velarion::request_outcome::ANSWERED) {
         reply.result = -1;
     }
     return reply;

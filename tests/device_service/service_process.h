@@ -32,7 +32,7 @@ private:
 };
 
 /** Sends the service a request of this process. @return the reply; its result is -1 when there is none */
-panel_device::device_message ask_service(std::int32_t func_id, const std::vector<std::int32_t>& values);
+velarion::device_message ask_service(std::int32_t func_id, const std::vector<std::int32_t>& values);
 
 /** Gives each test an empty platform folder of its own. */
 class scratch_service : public testing::Test {

@@ -18,8 +18,6 @@
 
 namespace {
 
-using namespace panel_device;
-using namespace panel_platform;
 using namespace velarion;
 
 constexpr std::int32_t NO_REPLY = -1;

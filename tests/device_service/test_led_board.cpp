@@ -5,7 +5,6 @@
 
 namespace {
 
-using namespace panel_device;
 using namespace velarion;
 
 constexpr std::int64_t START = 1000;

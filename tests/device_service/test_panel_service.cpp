@@ -8,8 +8,6 @@
 
 namespace {
 
-using namespace panel_device;
-using namespace panel_platform;
 using namespace velarion;
 
 constexpr std::uint64_t HOST = 11;

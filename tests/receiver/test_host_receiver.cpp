@@ -16,7 +16,6 @@
 
 namespace {
 
-using namespace panel_device;
 using namespace velarion;
 
 using key_events = std::vector<std::pair<int, int>>; // key, DVC_PNL_DEC_KEY_STATUS
@@ -57,8 +56,8 @@ void dispatch(host_receiver& receiver, const std::vector<char>& message) {
 }
 
 std::vector<char> key_event(const dvc_pnl_dec_key_event_observer* observer, int key, int status) {
-    panel_platform::ipc_header header;
-    header.kind = panel_platform::IPC_NOTIFICATION;
+    velarion::ipc_header header;
+    header.kind = velarion::IPC_NOTIFICATION;
     header.destination = dvc_pnl_dec_observer_number(observer);
     return encode_message(make_message(DVC_PNL_DEC_FUNCTION_NOTIFY_KEY_EVENT, {key, status}), header);
 }
@@ -74,7 +73,7 @@ TEST_F(test_host_receiver, observers_are_told_by_each_service_that_is_started) {
     test_observer first;
     test_observer observer;
     observer.on_event = [&] { EXPECT_EQ(observer.events().size(), first.events().size()); };
-    const panel_platform::message_delivery delivery(receiver, DVC_PNL_DEC_SERVICE_NAME);
+    const velarion::message_delivery delivery(receiver, DVC_PNL_DEC_SERVICE_NAME);
     int greetings = 0;
     receiver.set_service_hook([&greetings] { ++greetings; });
     receiver.add_observer(&first); // no service yet

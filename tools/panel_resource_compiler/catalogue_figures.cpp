@@ -7,6 +7,8 @@
 #include <map>
 #include <set>
 
+namespace velarion {
+
 namespace {
 
 /** Names of figures of which there are as many as the catalogue makes; one that it does not make is 0. */
@@ -198,3 +200,5 @@ void check_catalogue_figures(const std::string& folder, const message_catalogue&
         }
     }
 }
+
+} // namespace velarion

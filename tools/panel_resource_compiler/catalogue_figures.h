@@ -7,6 +7,8 @@
 #include <string>
 #include <vector>
 
+namespace velarion {
+
 /**
  * Compares a catalogue with its golden file figures.tsv (columns name and figure), which says how many
  * messages, rows, images and files of each kind there are, and what some of them are. A catalogue without the
@@ -16,5 +18,7 @@
  */
 void check_catalogue_figures(const std::string& folder, const message_catalogue& messages,
                              const std::vector<catalogue_image>& images, diagnostics& report);
+
+} // namespace velarion
 
 #endif

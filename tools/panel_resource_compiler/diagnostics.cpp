@@ -2,6 +2,8 @@
 
 #include <ostream>
 
+namespace velarion {
+
 namespace {
 
 /** A catalogue that is wholly wrong must not flood the terminal. */
@@ -54,3 +56,5 @@ void diagnostics::write_summary() const {
     }
     output_ << '\n';
 }
+
+} // namespace velarion

@@ -6,6 +6,8 @@
 #include <set>
 #include <string>
 
+namespace velarion {
+
 /** Where in a source file something was found; line 0 stands for the whole file. */
 struct source_place {
     std::string file;
@@ -41,5 +43,7 @@ private:
     std::size_t warning_count_ = 0;
     std::size_t shown_count_ = 0;
 };
+
+} // namespace velarion
 
 #endif

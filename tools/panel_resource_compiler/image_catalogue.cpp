@@ -6,6 +6,8 @@
 #include <array>
 #include <map>
 
+namespace velarion {
+
 constexpr char WARNING_EXTENSIONS[] = "extensions";
 
 namespace {
@@ -106,3 +108,5 @@ std::vector<catalogue_image> read_image_catalogue(const std::string& folder, dia
     }
     return images;
 }
+
+} // namespace velarion

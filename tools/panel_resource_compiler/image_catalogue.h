@@ -7,6 +7,8 @@
 #include <string>
 #include <vector>
 
+namespace velarion {
+
 /** Name of the warning class for files that the panel takes for no picture. */
 extern const char WARNING_EXTENSIONS[];
 
@@ -26,5 +28,7 @@ bool is_blank_file_name(const std::string& file);
  * @return the images, ascending by id
  */
 std::vector<catalogue_image> read_image_catalogue(const std::string& folder, diagnostics& report);
+
+} // namespace velarion
 
 #endif

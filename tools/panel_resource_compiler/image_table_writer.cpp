@@ -2,6 +2,8 @@
 
 #include "source_writer.h"
 
+namespace velarion {
+
 bool write_image_table(const std::vector<catalogue_image>& images, const std::string& folder,
                        std::string& fault) {
     source_writer writer(folder, "image_name_table.cpp");
@@ -17,3 +19,5 @@ bool write_image_table(const std::vector<catalogue_image>& images, const std::st
     out << "};\n";
     return writer.finish(fault);
 }
+
+} // namespace velarion

@@ -6,6 +6,8 @@
 #include <string>
 #include <vector>
 
+namespace velarion {
+
 /**
  * Writes the image table as a C++ source, image_name_table.cpp, into a folder.
  *
@@ -13,5 +15,7 @@
  */
 bool write_image_table(const std::vector<catalogue_image>& images, const std::string& folder,
                        std::string& fault);
+
+} // namespace velarion
 
 #endif

@@ -13,6 +13,8 @@
 #include <iostream>
 #include <vector>
 
+namespace velarion {
+
 namespace {
 
 enum exit_status { EXIT_GOOD = 0, EXIT_CATALOGUE_FAULT = 1, EXIT_USAGE = 2, EXIT_FILE_FAULT = 3 };
@@ -214,7 +216,10 @@ int run(const command_line& line) {
 
 } // namespace
 
+} // namespace velarion
+
 int main(int argc, char** argv) {
+    using namespace velarion;
     const std::vector<std::string> arguments(argv + 1, argv + argc);
     for (const std::string& argument : arguments) {
         if (argument == "--help" || argument == "-h") {

@@ -5,6 +5,8 @@
 #include <algorithm>
 #include <limits>
 
+namespace velarion {
+
 const std::array<const char*, DVC_PNL_RMG_STANDARD_LANGUAGE_COUNT> STANDARD_LANGUAGE_NAMES = {
     "ja", "en", "de", "fr", "es", "it", "nl", "ru"};
 
@@ -149,3 +151,5 @@ message_catalogue read_message_catalogue(const std::string& folder, diagnostics&
     check_placeholders(catalogue.rows, report);
     return catalogue;
 }
+
+} // namespace velarion

@@ -9,6 +9,8 @@
 #include <string>
 #include <vector>
 
+namespace velarion {
+
 /** The two-letter names of the standard languages, in the order of their indexes. */
 extern const std::array<const char*, DVC_PNL_RMG_STANDARD_LANGUAGE_COUNT> STANDARD_LANGUAGE_NAMES;
 
@@ -63,5 +65,7 @@ unsigned int placeholders_of(const std::string& text);
 
 /** The placeholders that a set of bits stands for, for people: "%1 %3", or "none". */
 std::string describe_placeholders(unsigned int placeholders);
+
+} // namespace velarion
 
 #endif

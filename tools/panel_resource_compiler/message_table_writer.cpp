@@ -2,6 +2,8 @@
 
 #include "source_writer.h"
 
+namespace velarion {
+
 namespace {
 
 constexpr char PREAMBLE[] =
@@ -42,3 +44,5 @@ bool write_text_table(const message_catalogue& catalogue, const std::string& fol
 bool write_message_tables(const message_catalogue& catalogue, const std::string& folder, std::string& fault) {
     return write_id_table(catalogue, folder, fault) && write_text_table(catalogue, folder, fault);
 }
+
+} // namespace velarion

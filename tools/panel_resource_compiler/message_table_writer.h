@@ -5,6 +5,8 @@
 
 #include <string>
 
+namespace velarion {
+
 /**
  * Writes the message id table and the text table as two C++ sources, message_id_table.cpp and
  * message_text_table.cpp, into a folder.
@@ -12,5 +14,7 @@
  * @param fault  receives the reason when it fails
  */
 bool write_message_tables(const message_catalogue& catalogue, const std::string& folder, std::string& fault);
+
+} // namespace velarion
 
 #endif

@@ -12,6 +12,8 @@
 #include <fstream>
 #include <set>
 
+namespace velarion {
+
 namespace fs = std::filesystem;
 
 constexpr char WARNING_FONTS[] = "fonts";
@@ -49,7 +51,7 @@ bool read_language_id(const std::string& folder, int& language_id) {
     const std::from_chars_result result = std::from_chars(name.data(), end, language_id);
     return result.ec == std::errc() && result.ptr == end && name == std::to_string(language_id) &&
            language_id > 0 && language_id <= HIGHEST_LANGUAGE_ID &&
-           language_id != velarion::DVC_PNL_RMG_PROPERTY::LANGUAGE_ID_OPTION;
+           language_id != DVC_PNL_RMG_PROPERTY::LANGUAGE_ID_OPTION;
 }
 
 bool is_standard_language(int language_id) {
@@ -303,3 +305,5 @@ bool write_option_pack(const option_pack& pack, const std::string& folder, std::
     return replace_written_files(folder, files_of_tree(pack), fault) &&
            write_tree(pack, output_folder(folder), fault) && write_library_source(pack, folder, fault);
 }
+
+} // namespace velarion

@@ -8,6 +8,8 @@
 #include <string>
 #include <vector>
 
+namespace velarion {
+
 /** Name of the warning class for fonts of a pack that are not installed. */
 extern const char WARNING_FONTS[];
 /** Name of the warning class for packs of standard languages, which the panel never asks. */
@@ -52,5 +54,7 @@ std::size_t fill_option_pack(const message_catalogue& catalogue, option_pack& pa
  * @param fault  receives the reason when it fails
  */
 bool write_option_pack(const option_pack& pack, const std::string& folder, std::string& fault);
+
+} // namespace velarion
 
 #endif

@@ -11,8 +11,9 @@
 #include <filesystem>
 #include <functional>
 
+namespace velarion {
+
 namespace fs = std::filesystem;
-using panel_platform::file_descriptor;
 
 namespace {
 
@@ -176,3 +177,5 @@ std::string output_folder::read(const std::string& name) const {
     }
     return contents;
 }
+
+} // namespace velarion

@@ -3,6 +3,8 @@
 
 #include <string>
 
+namespace velarion {
+
 /**
  * A folder that results are written to. Nothing outside of it is written or removed: names lead below it, and
  * a link in a name's folders is an error and never followed. Links in the folder's own path are.
@@ -37,5 +39,7 @@ public:
 private:
     std::string path_;
 };
+
+} // namespace velarion
 
 #endif

@@ -2,6 +2,8 @@
 
 #include "output_folder.h"
 
+namespace velarion {
+
 std::string cpp_literal(const std::string& text) {
     std::string literal = "\"";
     for (const char c : text) {
@@ -34,3 +36,5 @@ std::string cpp_literal(const std::string& text) {
 bool source_writer::finish(std::string& fault) const {
     return output_folder(folder_).write(name_, contents_.str(), fault);
 }
+
+} // namespace velarion

@@ -4,6 +4,8 @@
 #include <sstream>
 #include <string>
 
+namespace velarion {
+
 /** A text as a C++ string literal, quotation marks included. */
 std::string cpp_literal(const std::string& text);
 
@@ -25,5 +27,7 @@ private:
     std::string name_;
     std::ostringstream contents_;
 };
+
+} // namespace velarion
 
 #endif

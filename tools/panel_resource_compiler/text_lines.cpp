@@ -4,6 +4,8 @@
 
 #include <fstream>
 
+namespace velarion {
+
 namespace {
 
 constexpr char BYTE_ORDER_MARK[] = "\xEF\xBB\xBF";
@@ -63,7 +65,7 @@ void take_line(const source_place& place, std::string text, std::vector<text_lin
 } // namespace
 
 bool read_text_lines(const std::string& path, std::vector<text_line>& lines, diagnostics& report) {
-    if (velarion::is_special_file(path.c_str())) {
+    if (is_special_file(path.c_str())) {
         report.error({path, 0}, "is a pipe or device; put a file in its place");
         return false;
     }
@@ -99,3 +101,5 @@ bool is_valid_utf8(const std::string& text) {
     }
     return true;
 }
+
+} // namespace velarion

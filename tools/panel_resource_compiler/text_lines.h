@@ -6,6 +6,8 @@
 #include <string>
 #include <vector>
 
+namespace velarion {
+
 /** One line of a text file, without its end. */
 struct text_line {
     source_place place;
@@ -24,5 +26,7 @@ bool read_text_lines(const std::string& path, std::vector<text_line>& lines, dia
 
 /** Whether a text is well-formed UTF-8: no overlong forms, no surrogates, nothing above U+10FFFF. */
 bool is_valid_utf8(const std::string& text);
+
+} // namespace velarion
 
 #endif

@@ -5,6 +5,8 @@
 #include <algorithm>
 #include <charconv>
 
+namespace velarion {
+
 namespace {
 
 std::vector<std::string> split_at_tabs(const std::string& line) {
@@ -163,3 +165,5 @@ std::vector<tsv_record> read_tsv_table(const std::string& path, const std::vecto
                                        diagnostics& report) {
     return table_reader(path, columns, report).read();
 }
+
+} // namespace velarion

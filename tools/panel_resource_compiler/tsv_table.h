@@ -7,6 +7,8 @@
 #include <string>
 #include <vector>
 
+namespace velarion {
+
 /** One record of a table. */
 struct tsv_record {
     source_place place;
@@ -36,5 +38,7 @@ bool read_number_field(const tsv_record& record, std::size_t field, const std::s
  * @param last  the highest id before it, 0 at first; raised to @p id
  */
 void check_ascending_id(const source_place& place, std::int32_t id, std::int32_t& last, diagnostics& report);
+
+} // namespace velarion
 
 #endif

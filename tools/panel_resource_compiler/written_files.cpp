@@ -4,6 +4,8 @@
 
 #include <sstream>
 
+namespace velarion {
+
 namespace {
 
 constexpr char LIST[] = "written_files.txt";
@@ -27,3 +29,5 @@ bool replace_written_files(const std::string& folder, const std::set<std::string
     }
     return output.write(LIST, list, fault);
 }
+
+} // namespace velarion

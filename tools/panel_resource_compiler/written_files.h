@@ -4,6 +4,8 @@
 #include <set>
 #include <string>
 
+namespace velarion {
+
 /**
  * Removes from a folder the files that an earlier run wrote there and this one will not, and leaves the list
  * of this run's files, written_files.txt, for the next. Nothing is removed that the earlier list does not
@@ -14,5 +16,7 @@
  * @param fault  receives the reason when it fails
  */
 bool replace_written_files(const std::string& folder, const std::set<std::string>& names, std::string& fault);
+
+} // namespace velarion
 
 #endif

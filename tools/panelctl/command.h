@@ -3,6 +3,8 @@
 
 #include <QStringList>
 
+namespace velarion {
+
 /** One command: what it is called, and what it does with the words behind its name. */
 struct panelctl_command {
     const char* name;
@@ -28,5 +30,7 @@ int run_led_command(const QStringList& arguments);
 int run_key_command(const QStringList& arguments);
 int run_monitor_command(const QStringList& arguments);
 int run_service_command(const QStringList& arguments);
+
+} // namespace velarion
 
 #endif

@@ -9,6 +9,8 @@
 #include <cstdio>
 #include <limits>
 
+namespace velarion {
+
 void report_fault(const QString& text) {
     std::fprintf(stderr, "panelctl: %s\n", text.toUtf8().constData());
 }
@@ -75,7 +77,7 @@ bool read_number(const QString& command, const QString& text, int& number) {
 }
 
 bool read_language_option(const QCommandLineParser& parser, const QString& command,
-                          velarion::dvc_pnl_rmg_language_resource& language, int& language_id) {
+                          dvc_pnl_rmg_language_resource& language, int& language_id) {
     bool is_id = true;
     language_id = parser.isSet(QStringLiteral("language"))
                       ? parser.value(QStringLiteral("language")).toInt(&is_id)
@@ -105,3 +107,5 @@ int run_action(const QCommandLineParser& parser, const QString& command, const c
     }
     return action->run(words, parser.isSet(QLatin1String(JSON_OPTION)));
 }
+
+} // namespace velarion

@@ -8,8 +8,8 @@
 #include <cstddef>
 
 namespace velarion {
+
 class dvc_pnl_rmg_language_resource;
-}
 
 /** Exit codes of panelctl. */
 enum exit_status : int {
@@ -40,7 +40,7 @@ bool read_options(QCommandLineParser& parser, const QString& command, const QStr
  * @return false after a fault, which is reported
  */
 bool read_language_option(const QCommandLineParser& parser, const QString& command,
-                          velarion::dvc_pnl_rmg_language_resource& language, int& language_id);
+                          dvc_pnl_rmg_language_resource& language, int& language_id);
 
 /** What a command does with the words behind an action's name, and how many it takes. */
 struct command_action {
@@ -69,5 +69,7 @@ int usage_fault(const QString& command, const QString& fault);
 
 /** Reports a fault of any other kind, as "panelctl: text". */
 void report_fault(const QString& text);
+
+} // namespace velarion
 
 #endif

@@ -12,26 +12,26 @@
 
 #include <vector>
 
+namespace velarion {
+
 namespace {
 
 const QString COMMAND = QStringLiteral("data");
 constexpr int LARGEST_STREAM = 16777216; // bytes taken from a pipe or device, which need not end
 
-using velarion::dvc_pnl_rmg_image_resource_manager;
-
 QString reason_of(int error) {
     switch (error) {
-    case panel_platform::PLATFORM_NAME_REFUSED:
+    case PLATFORM_NAME_REFUSED:
         return QStringLiteral("the name is malformed, too long, or leads through a link or a file");
-    case panel_platform::PLATFORM_NOT_A_FILE:
+    case PLATFORM_NOT_A_FILE:
         return QStringLiteral("the name belongs to a folder, a link or a device");
-    case panel_platform::PLATFORM_NO_SPACE:
+    case PLATFORM_NO_SPACE:
         return QStringLiteral("there is no room; the earlier file is kept");
-    case panel_platform::PLATFORM_ACCESS_DENIED:
+    case PLATFORM_ACCESS_DENIED:
         return QStringLiteral("access is denied; check the rights of the store's folder");
-    case panel_platform::PLATFORM_NO_FOLDER:
+    case PLATFORM_NO_FOLDER:
         return QStringLiteral("there is no store; set PANEL_PLATFORM_DIR to a folder");
-    case panel_platform::PLATFORM_NOT_DURABLE:
+    case PLATFORM_NOT_DURABLE:
         return QStringLiteral("it is done, but a loss of power may undo it");
     default:
         return QStringLiteral("the store failed");
@@ -40,13 +40,13 @@ QString reason_of(int error) {
 
 int report_failure(const QString& name, int result, int error) {
     const QString code = error == 0 ? QString() : QStringLiteral(" (platform code %1)").arg(error);
-    if (result == velarion::DVC_PNL_RMG_RESULT_NOT_FOUND && error == panel_platform::PLATFORM_NOT_FOUND) {
+    if (result == DVC_PNL_RMG_RESULT_NOT_FOUND && error == PLATFORM_NOT_FOUND) {
         report_fault(QStringLiteral("there is no data file \"%1\"%2").arg(name, code));
         return EXIT_NOT_FOUND;
     }
     report_fault(QStringLiteral("data file \"%1\": %2 (result 0x%3%4)")
                      .arg(name, reason_of(error), QString::number(static_cast<uint>(result), 16), code));
-    return result == velarion::DVC_PNL_RMG_RESULT_INVALID_ARGUMENT ? EXIT_USAGE : EXIT_SERVICE;
+    return result == DVC_PNL_RMG_RESULT_INVALID_ARGUMENT ? EXIT_USAGE : EXIT_SERVICE;
 }
 
 /** @return false after a fault, which is reported */
@@ -87,14 +87,14 @@ int put_file(dvc_pnl_rmg_image_resource_manager& images, const QString& name, co
     int error = 0;
     const int result =
         images.dvc_pnl_rmg_set_image_data(name.toUtf8().constData(), bytes.data(), bytes.size(), error);
-    return result == velarion::DVC_PNL_RMG_RESULT_OK ? EXIT_FOUND : report_failure(name, result, error);
+    return result == DVC_PNL_RMG_RESULT_OK ? EXIT_FOUND : report_failure(name, result, error);
 }
 
 int get_file(dvc_pnl_rmg_image_resource_manager& images, const QString& name, const QString& path) {
     std::vector<unsigned char> bytes;
     int error = 0;
     const int result = images.dvc_pnl_rmg_get_image_data(name.toUtf8().constData(), bytes, error);
-    if (result != velarion::DVC_PNL_RMG_RESULT_OK) {
+    if (result != DVC_PNL_RMG_RESULT_OK) {
         return report_failure(name, result, error);
     }
     const auto* const contents = static_cast<const char*>(static_cast<const void*>(bytes.data()));
@@ -113,16 +113,16 @@ int test_file(dvc_pnl_rmg_image_resource_manager& images, const QString& name, b
     } else {
         print_line(exists ? QStringLiteral("yes") : QStringLiteral("no"));
     }
-    if (exists || error == panel_platform::PLATFORM_NOT_FOUND) {
+    if (exists || error == PLATFORM_NOT_FOUND) {
         return exists ? EXIT_FOUND : EXIT_NOT_FOUND;
     }
-    return report_failure(name, velarion::DVC_PNL_RMG_RESULT_IO_ERROR, error);
+    return report_failure(name, DVC_PNL_RMG_RESULT_IO_ERROR, error);
 }
 
 int remove_file(dvc_pnl_rmg_image_resource_manager& images, const QString& name) {
     int error = 0;
     const int result = images.dvc_pnl_rmg_remove_data_file(name.toUtf8().constData(), error);
-    return result == velarion::DVC_PNL_RMG_RESULT_OK ? EXIT_FOUND : report_failure(name, result, error);
+    return result == DVC_PNL_RMG_RESULT_OK ? EXIT_FOUND : report_failure(name, result, error);
 }
 
 } // namespace
@@ -159,3 +159,5 @@ int run_data_command(const QStringList& arguments) {
                ? test_file(session.images(), words.at(1), parser.isSet(QLatin1String(JSON_OPTION)))
                : remove_file(session.images(), words.at(1));
 }
+
+} // namespace velarion

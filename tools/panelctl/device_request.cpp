@@ -6,22 +6,22 @@
 #include "platform_codes.h"
 #include "platform_folder.h"
 
-namespace {
+namespace velarion {
 
-using panel_device::request_outcome;
+namespace {
 
 /** Why there is no answer: no service, one that cannot be used, or one that keeps silent. */
 QString describe_silence() {
-    const panel_device::service_sight sight = panel_device::look_at_service();
+    const service_sight sight = look_at_service();
     switch (sight.code) {
-    case panel_platform::PLATFORM_OK:
+    case PLATFORM_OK:
         return QStringLiteral("runs as process %1 but does not answer: it may be stopped (\"kill -CONT %1\" "
                               "lets it go on), have no connection free, or be ordered not to (\"panelctl "
                               "service status\" tells)")
             .arg(sight.process);
-    case panel_platform::PLATFORM_WOULD_BLOCK:
+    case PLATFORM_WOULD_BLOCK:
         return QStringLiteral("runs but does not answer, and many processes wait for it: it may be stopped");
-    case panel_platform::PLATFORM_NOT_READY:
+    case PLATFORM_NOT_READY:
         return QStringLiteral("does not run; start it with panel_device_service");
     default:
         return QStringLiteral("cannot be reached (platform code %1)").arg(sight.code);
@@ -30,14 +30,14 @@ QString describe_silence() {
 
 int report_no_answer(const QString& fault) {
     report_fault(QStringLiteral("the panel device service of %1 %2")
-                     .arg(QString::fromStdString(panel_platform::platform_folder()), fault));
+                     .arg(QString::fromStdString(platform_folder()), fault));
     return EXIT_SERVICE;
 }
 
 } // namespace
 
-int ask_device_service(const panel_device::device_message& request, panel_device::device_message& reply) {
-    switch (panel_device::send_request_when_ready(request, reply)) {
+int ask_device_service(const device_message& request, device_message& reply) {
+    switch (send_request_when_ready(request, reply)) {
     case request_outcome::NO_ANSWER:
         return report_no_answer(describe_silence());
     case request_outcome::NOT_UNDERSTOOD:
@@ -45,8 +45,7 @@ int ask_device_service(const panel_device::device_message& request, panel_device
     case request_outcome::ANSWERED:
         break;
     }
-    return reply.result == panel_device::DEVICE_OK ? static_cast<int>(EXIT_FOUND)
-                                                   : report_device_result(reply.result);
+    return reply.result == DEVICE_OK ? static_cast<int>(EXIT_FOUND) : report_device_result(reply.result);
 }
 
 int report_device_result(int result) {
@@ -54,9 +53,10 @@ int report_device_result(int result) {
         return report_no_answer(describe_silence());
     }
     report_fault(QStringLiteral("the panel device service refused the request: %1")
-                     .arg(QString::fromStdString(panel_device::result_text(result))));
-    const bool is_unknown = result == panel_device::DEVICE_UNKNOWN_LED ||
-                            result == panel_device::DEVICE_UNKNOWN_STATUS ||
-                            result == panel_device::DEVICE_UNKNOWN_KEY;
+                     .arg(QString::fromStdString(result_text(result))));
+    const bool is_unknown =
+        result == DEVICE_UNKNOWN_LED || result == DEVICE_UNKNOWN_STATUS || result == DEVICE_UNKNOWN_KEY;
     return is_unknown ? EXIT_NOT_FOUND : EXIT_SERVICE;
 }
+
+} // namespace velarion

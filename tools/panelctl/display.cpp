@@ -4,6 +4,8 @@
 #include <cstdio>
 #include <cwchar>
 
+namespace velarion {
+
 namespace {
 
 constexpr int COLUMN_GAP = 2;
@@ -65,3 +67,5 @@ void print_line(const QString& line) {
 void print_json(const QJsonDocument& document) {
     print_bytes(document.toJson(QJsonDocument::Indented));
 }
+
+} // namespace velarion

@@ -6,6 +6,8 @@
 
 #include <vector>
 
+namespace velarion {
+
 /** A text as one line for a terminal: line breaks as "\n", tabs as "\t", other control characters left out.
  */
 QString as_one_line(const QString& text);
@@ -17,5 +19,7 @@ void print_table(const std::vector<QStringList>& rows);
 void print_line(const QString& line);
 
 void print_json(const QJsonDocument& document);
+
+} // namespace velarion
 
 #endif

@@ -9,6 +9,8 @@
 #include <QFontInfo>
 #include <QJsonObject>
 
+namespace velarion {
+
 namespace {
 
 const QString FONT_COMMAND = QStringLiteral("font");
@@ -29,7 +31,7 @@ struct language_font {
     const char* name = nullptr; ///< as the library names the font; null when it does not
 };
 
-language_font read_font(velarion::dvc_pnl_rmg_language_resource& language, int language_id) {
+language_font read_font(dvc_pnl_rmg_language_resource& language, int language_id) {
     const QFont font = language.dvc_pnl_rmg_get_font(language_id);
     return {font.family(), QFontInfo(font).family(), font.pointSize(),
             language.dvc_pnl_rmg_get_font_name(language_id)};
@@ -61,8 +63,7 @@ bool read_attribute_number(const QCommandLineParser& parser, int& attribute) {
     return true;
 }
 
-int show_attribute(velarion::dvc_pnl_rmg_language_resource& language, int language_id, int attribute,
-                   bool as_json) {
+int show_attribute(dvc_pnl_rmg_language_resource& language, int language_id, int attribute, bool as_json) {
     int value = 0;
     const bool is_read = language.dvc_pnl_rmg_get_language_attribute(language_id, attribute, value);
     if (as_json) {
@@ -127,3 +128,5 @@ int run_attribute_command(const QStringList& arguments) {
     return show_attribute(session.language(), language_id, attribute,
                           parser.isSet(QLatin1String(JSON_OPTION)));
 }
+
+} // namespace velarion

@@ -8,6 +8,8 @@
 #include <QJsonArray>
 #include <QJsonObject>
 
+namespace velarion {
+
 namespace {
 
 const QString IMAGE_COMMAND = QStringLiteral("image");
@@ -27,7 +29,7 @@ QJsonObject to_json(const delivered_image& image, const QString& id) {
 int deliver(const QString& id, const QString& suffix, const QSize& size, const QString& file, bool as_json) {
     image_session session;
     const delivered_image image = session.request(id, suffix, size);
-    const bool is_found = image.result == velarion::DVC_PNL_RMG_IMAGE_OK;
+    const bool is_found = image.result == DVC_PNL_RMG_IMAGE_OK;
     const bool is_drawn = !image.pixmap.isNull(); // the placeholder of the test aid, also after a failure
     if (is_drawn && !write_picture(image.pixmap.toImage(), file)) {
         return EXIT_SERVICE;
@@ -137,3 +139,5 @@ int run_images_command(const QStringList& arguments) {
     }
     return images.empty() ? EXIT_NOT_FOUND : EXIT_FOUND;
 }
+
+} // namespace velarion

@@ -6,13 +6,15 @@
 
 #include <QBuffer>
 
+namespace velarion {
+
 image_session::image_session() {
     report_missing_device_tree();
-    images_ = velarion::dvc_pnl_rmg_image_resource_manager::dvc_pnl_rmg_create_instance();
+    images_ = dvc_pnl_rmg_image_resource_manager::dvc_pnl_rmg_create_instance();
 }
 
 image_session::~image_session() {
-    velarion::dvc_pnl_rmg_image_resource_manager::dvc_pnl_rmg_delete_instance();
+    dvc_pnl_rmg_image_resource_manager::dvc_pnl_rmg_delete_instance();
 }
 
 delivered_image image_session::request(const QString& id, const QString& suffix, const QSize& size) {
@@ -43,15 +45,15 @@ void report_no_match(const QString& text) {
 
 QString describe_image_result(int result) {
     switch (result) {
-    case velarion::DVC_PNL_RMG_IMAGE_OK:
+    case DVC_PNL_RMG_IMAGE_OK:
         return QStringLiteral("delivered");
-    case velarion::DVC_PNL_RMG_IMAGE_LOAD_FAILED:
+    case DVC_PNL_RMG_IMAGE_LOAD_FAILED:
         return QStringLiteral("no bitmap can be loaded");
-    case velarion::DVC_PNL_RMG_IMAGE_NO_IMAGE_NAME:
+    case DVC_PNL_RMG_IMAGE_NO_IMAGE_NAME:
         return QStringLiteral("the image has no name");
-    case velarion::DVC_PNL_RMG_IMAGE_SVG_FAILED:
+    case DVC_PNL_RMG_IMAGE_SVG_FAILED:
         return QStringLiteral("no SVG picture can be drawn");
-    case velarion::DVC_PNL_RMG_IMAGE_NOT_FOUND:
+    case DVC_PNL_RMG_IMAGE_NOT_FOUND:
         return QStringLiteral("there is no such image");
     default:
         return QStringLiteral("unknown result");
@@ -77,3 +79,5 @@ bool write_picture(const QImage& picture, const QString& file) {
     }
     return write_output_file(file, bytes);
 }
+
+} // namespace velarion

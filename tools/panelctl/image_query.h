@@ -11,6 +11,8 @@
 
 #include <vector>
 
+namespace velarion {
+
 /** What the library answered to an image request. */
 struct delivered_image {
     int result = 0;
@@ -26,13 +28,13 @@ public:
     image_session(const image_session&) = delete;
     image_session& operator=(const image_session&) = delete;
 
-    velarion::dvc_pnl_rmg_image_resource_manager& images() { return *images_; }
+    dvc_pnl_rmg_image_resource_manager& images() { return *images_; }
 
     /** @param size  in pixels; empty for the natural size */
     delivered_image request(const QString& id, const QString& suffix, const QSize& size);
 
 private:
-    velarion::dvc_pnl_rmg_image_resource_manager* images_;
+    dvc_pnl_rmg_image_resource_manager* images_;
 };
 
 /** The rows of the image table whose number, name or file holds a text, in any letter case; all for "". */
@@ -49,5 +51,7 @@ bool read_size(const QString& text, QSize& size);
 
 /** Writes a PNG file whole or not at all; a fault is reported. */
 bool write_picture(const QImage& picture, const QString& file);
+
+} // namespace velarion
 
 #endif

@@ -7,12 +7,14 @@
 
 #include <QJsonObject>
 
+namespace velarion {
+
 namespace {
 
 const QString COMMAND = QStringLiteral("key");
 
 int send_key_event(int key, int status, bool as_json) {
-    using namespace panel_device;
+    using namespace velarion;
     device_message reply;
     const int exit_code = ask_device_service(make_message(CONTROL_KEY_EVENT, {key, status}), reply);
     if (exit_code != EXIT_FOUND) {
@@ -51,7 +53,8 @@ int run_key_command(const QStringList& arguments) {
     if (!read_number(COMMAND, words.at(1), key)) {
         return EXIT_USAGE;
     }
-    return send_key_event(key,
-                          is_press ? velarion::DVC_PNL_DEC_KEY_PRESSED : velarion::DVC_PNL_DEC_KEY_RELEASED,
+    return send_key_event(key, is_press ? DVC_PNL_DEC_KEY_PRESSED : DVC_PNL_DEC_KEY_RELEASED,
                           parser.isSet(QLatin1String(JSON_OPTION)));
 }
+
+} // namespace velarion

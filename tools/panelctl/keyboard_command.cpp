@@ -10,9 +10,9 @@
 #include <QJsonArray>
 #include <QJsonObject>
 
-namespace {
+namespace velarion {
 
-using velarion::dvc_pnl_rmg_language_resource;
+namespace {
 
 const QString COMMAND = QStringLiteral("keyboard");
 
@@ -209,3 +209,5 @@ int run_keyboard_command(const QStringList& arguments) {
     }
     return show_report(report, parser.isSet(QLatin1String(JSON_OPTION)));
 }
+
+} // namespace velarion

@@ -4,6 +4,8 @@
 #include <QFileInfo>
 #include <QSet>
 
+namespace velarion {
+
 namespace {
 
 constexpr qint64 LARGEST_FILE = 1048576; // bytes
@@ -272,3 +274,5 @@ bool read_prohibitions(const QString& path, int language_id, prohibitions& rules
                return true;
            });
 }
+
+} // namespace velarion

@@ -8,6 +8,8 @@
 #include <utility>
 #include <vector>
 
+namespace velarion {
+
 /** A key: types text, or does what function names. */
 struct keyboard_key {
     QString text;
@@ -49,5 +51,7 @@ bool read_language_information(const QString& path, int language_id, language_in
                                QString& fault);
 /** The rules for all languages and those of the language; each value is the set of characters. */
 bool read_prohibitions(const QString& path, int language_id, prohibitions& rules, QString& fault);
+
+} // namespace velarion
 
 #endif

@@ -13,6 +13,8 @@
 #include <QJsonArray>
 #include <QJsonObject>
 
+namespace velarion {
+
 namespace {
 
 /** Names of the standard languages for people, by index. */
@@ -28,7 +30,7 @@ struct language_state {
 };
 
 /** Applies the preferred selection that --prefer asks for, "N" or "N,OPTION". */
-bool set_preferred_language(velarion::dvc_pnl_rmg_language_resource& language, const QString& selection) {
+bool set_preferred_language(dvc_pnl_rmg_language_resource& language, const QString& selection) {
     const QStringList ids = selection.split(QLatin1Char(','));
     bool is_id = false;
     bool is_option_id = true;
@@ -41,7 +43,7 @@ bool set_preferred_language(velarion::dvc_pnl_rmg_language_resource& language, c
     return true;
 }
 
-language_state read_state(velarion::dvc_pnl_rmg_language_resource& language) {
+language_state read_state(dvc_pnl_rmg_language_resource& language) {
     language_state state;
     state.in_force = language.dvc_pnl_rmg_get_language_id(); // first: it may change the selection for good
     state.is_preferred =
@@ -59,8 +61,7 @@ struct option_language {
 };
 
 /** @return false when a file of a pack is there but cannot be read, which is reported */
-bool read_option_languages(velarion::dvc_pnl_rmg_language_resource& language,
-                           std::vector<option_language>& options) {
+bool read_option_languages(dvc_pnl_rmg_language_resource& language, std::vector<option_language>& options) {
     std::vector<int> ids;
     language.dvc_pnl_rmg_get_option_language_id_array(ids);
     bool is_good = true;
@@ -82,7 +83,7 @@ bool read_option_languages(velarion::dvc_pnl_rmg_language_resource& language,
     return is_good;
 }
 
-void print_languages_as_json(velarion::dvc_pnl_rmg_language_resource& language,
+void print_languages_as_json(dvc_pnl_rmg_language_resource& language,
                              const std::vector<option_language>& options, const language_state& state) {
     QJsonArray standard_as_json;
     for (int i = 0; i < language.dvc_pnl_rmg_get_standard_language_number(); ++i) {
@@ -113,8 +114,8 @@ QString mark_of(int id, const language_state& state) {
     return id == state.in_force ? QStringLiteral("*") : QStringLiteral(" ");
 }
 
-void print_languages(velarion::dvc_pnl_rmg_language_resource& language,
-                     const std::vector<option_language>& options, const language_state& state) {
+void print_languages(dvc_pnl_rmg_language_resource& language, const std::vector<option_language>& options,
+                     const language_state& state) {
     std::vector<QStringList> rows{{QStringLiteral(" "), QStringLiteral("id"), QStringLiteral("language"),
                                    QStringLiteral("direction"), QStringLiteral("font family")}};
     for (int i = 0; i < language.dvc_pnl_rmg_get_standard_language_number(); ++i) {
@@ -167,3 +168,5 @@ int run_languages_command(const QStringList& arguments) {
     }
     return exit_code;
 }
+
+} // namespace velarion

@@ -13,13 +13,15 @@
 #include <cstddef>
 #include <string>
 
+namespace velarion {
+
 namespace {
 
 const QString COMMAND = QStringLiteral("led");
 constexpr std::size_t VALUES_PER_LED = 3;
 
-velarion::dvc_pnl_dec_facade& facade() {
-    return *velarion::dvc_pnl_dec_facade::dvc_pnl_dec_get_instance();
+dvc_pnl_dec_facade& facade() {
+    return *dvc_pnl_dec_facade::dvc_pnl_dec_get_instance();
 }
 
 int exit_code_of(int result) {
@@ -27,22 +29,21 @@ int exit_code_of(int result) {
 }
 
 void print_led_row(std::vector<QStringList>& rows, int led, int status, bool is_lit) {
-    rows.push_back({QString::number(led), QString::fromStdString(panel_device::led_name(led)),
-                    QString::fromStdString(panel_device::led_status_name(status)),
+    rows.push_back({QString::number(led), QString::fromStdString(led_name(led)),
+                    QString::fromStdString(led_status_name(status)),
                     is_lit ? QStringLiteral("lit") : QStringLiteral("dark")});
 }
 
 QJsonObject led_as_json(int led, int status, bool is_lit) {
     return {{QStringLiteral("led"), led},
-            {QStringLiteral("name"), QString::fromStdString(panel_device::led_name(led))},
-            {QStringLiteral("status"), QString::fromStdString(panel_device::led_status_name(status))},
+            {QStringLiteral("name"), QString::fromStdString(led_name(led))},
+            {QStringLiteral("status"), QString::fromStdString(led_status_name(status))},
             {QStringLiteral("lit"), is_lit}};
 }
 
 int list_leds(const QStringList&, bool as_json) {
-    panel_device::device_message reply;
-    const int exit_code =
-        ask_device_service(panel_device::make_message(panel_device::CONTROL_LIST_LEDS, {}), reply);
+    device_message reply;
+    const int exit_code = ask_device_service(make_message(CONTROL_LIST_LEDS, {}), reply);
     if (exit_code != EXIT_FOUND) {
         return exit_code;
     }
@@ -79,12 +80,11 @@ bool read_name(const QString& text, bool (*find)(const std::string&, int&), cons
 }
 
 bool read_led(const QString& text, int& led) {
-    return read_name(text, panel_device::find_led, QStringLiteral("LED"), panel_device::known_leds(), led);
+    return read_name(text, find_led, QStringLiteral("LED"), known_leds(), led);
 }
 
 bool read_status(const QString& text, int& status) {
-    return read_name(text, panel_device::find_led_status, QStringLiteral("status"),
-                     panel_device::known_led_statuses(), status);
+    return read_name(text, find_led_status, QStringLiteral("status"), known_led_statuses(), status);
 }
 
 int set_led(const QStringList& arguments, bool) {
@@ -93,9 +93,8 @@ int set_led(const QStringList& arguments, bool) {
     if (!read_led(arguments.at(0), led) || !read_status(arguments.at(1), status)) {
         return EXIT_USAGE;
     }
-    return exit_code_of(
-        facade().dvc_pnl_dec_set_led_status(static_cast<velarion::DVC_PNL_DEC_LED_ID>(led),
-                                            static_cast<velarion::DVC_PNL_DEC_LED_STATUS_ID>(status)));
+    return exit_code_of(facade().dvc_pnl_dec_set_led_status(static_cast<DVC_PNL_DEC_LED_ID>(led),
+                                                            static_cast<DVC_PNL_DEC_LED_STATUS_ID>(status)));
 }
 
 int set_all_leds_on(const QStringList&, bool) {
@@ -148,3 +147,5 @@ int run_led_command(const QStringList& arguments) {
     }
     return run_action(parser, COMMAND, "list", ACTIONS);
 }
+
+} // namespace velarion

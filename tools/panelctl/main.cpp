@@ -6,6 +6,8 @@
 
 #include <cstdio>
 
+namespace velarion {
+
 namespace {
 
 constexpr panelctl_command COMMANDS[] = {
@@ -72,7 +74,10 @@ int finish_output(int exit_code) {
 
 } // namespace
 
+} // namespace velarion
+
 int main(int argc, char** argv) {
+    using namespace velarion;
     if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM")) {
         qputenv("QT_QPA_PLATFORM",
                 "offscreen"); // nothing is shown; the library needs an application all the same

@@ -12,9 +12,9 @@
 
 #include <algorithm>
 
-namespace {
+namespace velarion {
 
-using velarion::dvc_pnl_rmg_language_resource;
+namespace {
 
 const QString COMMAND = QStringLiteral("message");
 
@@ -33,8 +33,8 @@ bool holds_file(dvc_pnl_rmg_language_resource& language, const QByteArray& key, 
     std::string text;
     int error = 0;
     const int result = language.dvc_pnl_rmg_get_message_data(key.constData(), text, error);
-    exit_code = result == velarion::DVC_PNL_RMG_RESULT_IO_ERROR ? EXIT_SERVICE : EXIT_NOT_FOUND;
-    return result == velarion::DVC_PNL_RMG_RESULT_OK;
+    exit_code = result == DVC_PNL_RMG_RESULT_IO_ERROR ? EXIT_SERVICE : EXIT_NOT_FOUND;
+    return result == DVC_PNL_RMG_RESULT_OK;
 }
 
 message_entry look_up(dvc_pnl_rmg_language_resource& language, const QString& key,
@@ -43,8 +43,7 @@ message_entry look_up(dvc_pnl_rmg_language_resource& language, const QString& ke
     entry.key = key;
     const QByteArray bytes = key.toUtf8();
     DVC_PNL_RMG_IMPL_MESSAGE wanted = {0, "", 0};
-    entry.is_table_message =
-        velarion::dvc_pnl_common_utility::string_to_int(bytes.constData(), wanted.message_id);
+    entry.is_table_message = dvc_pnl_common_utility::string_to_int(bytes.constData(), wanted.message_id);
     entry.is_found = entry.is_table_message ? language.search_message_element(wanted, entry.record)
                                             : holds_file(language, bytes, entry.exit_code);
     if (entry.is_found) {
@@ -124,7 +123,7 @@ bool read_id(const QCommandLineParser& parser, const QString& option, int& id, Q
 /** The languages that the options ask for; the language in force when they ask for none. */
 bool choose_languages(const QCommandLineParser& parser, dvc_pnl_rmg_language_resource& language,
                       std::vector<int>& ids, QString& fault) {
-    const int option_language = velarion::DVC_PNL_RMG_PROPERTY::LANGUAGE_ID_OPTION;
+    const int option_language = DVC_PNL_RMG_PROPERTY::LANGUAGE_ID_OPTION;
     int id = parser.isSet(QStringLiteral("option")) ? option_language : 0;
     int option_id = 0;
     if (!read_id(parser, QStringLiteral("language"), id, fault) ||
@@ -200,3 +199,5 @@ int run_message_command(const QStringList& arguments) {
     return show_messages(session.language(), parser.positionalArguments(), ids,
                          parser.isSet(QLatin1String(JSON_OPTION)));
 }
+
+} // namespace velarion

@@ -14,9 +14,9 @@
 #include <mutex>
 #include <vector>
 
-namespace {
+namespace velarion {
 
-using namespace panel_device;
+namespace {
 
 const QString COMMAND = QStringLiteral("monitor");
 constexpr std::int32_t CONNECTED = 0; // not a number of the service: the connection itself
@@ -85,8 +85,7 @@ QString field_text(field_kind kind, std::int32_t value) {
     case FIELD_FLAG:
         return value != 0 ? QStringLiteral("lit") : QStringLiteral("dark");
     case FIELD_KEY_STATUS:
-        return value == velarion::DVC_PNL_DEC_KEY_PRESSED ? QStringLiteral("pressed")
-                                                          : QStringLiteral("released");
+        return value == DVC_PNL_DEC_KEY_PRESSED ? QStringLiteral("pressed") : QStringLiteral("released");
     case FIELD_RESULT:
         return QString::fromStdString(result_text(value));
     case FIELD_FAULT:
@@ -125,7 +124,7 @@ QString event_as_json(const event_form& form, const device_message& message) {
 }
 
 /** Prints what the service tells, on the thread that delivers it. */
-class event_printer : public velarion::facade_template {
+class event_printer : public facade_template {
 public:
     /** @param count  lines after which wait() returns; 0: never */
     event_printer(bool as_json, int count)
@@ -138,14 +137,14 @@ public:
     }
 
     void dispatch(long, char* rcv_buf, unsigned int rcv_buflen, gen_ipc_msghdr) override {
-        panel_platform::ipc_header header;
+        ipc_header header;
         device_message message;
-        if (!panel_platform::read_ipc_header(rcv_buf, rcv_buflen, header)) {
+        if (!read_ipc_header(rcv_buf, rcv_buflen, header)) {
             return;
         }
-        if (header.kind == panel_platform::IPC_GREETING) {
+        if (header.kind == IPC_GREETING) {
             message.func_id = CONNECTED;
-        } else if (header.kind == panel_platform::IPC_LOST) {
+        } else if (header.kind == IPC_LOST) {
             message.func_id = LOST;
         } else if (decode_message(rcv_buf, rcv_buflen, message) != DEVICE_OK) {
             return;
@@ -196,9 +195,11 @@ int run_monitor_command(const QStringList& arguments) {
         return usage_fault(COMMAND, QStringLiteral("--count takes a number; no other words are expected"));
     }
     event_printer printer(parser.isSet(QLatin1String(JSON_OPTION)), count);
-    const panel_platform::message_delivery delivery(
-        printer, velarion::DVC_PNL_DEC_SERVICE_NAME,
-        parser.isSet(QStringLiteral("edges")) ? ATTACH_EVENTS_AND_EDGES : ATTACH_EVENTS);
+    const message_delivery delivery(printer, DVC_PNL_DEC_SERVICE_NAME,
+                                    parser.isSet(QStringLiteral("edges")) ? ATTACH_EVENTS_AND_EDGES
+                                                                          : ATTACH_EVENTS);
     printer.wait();
     return EXIT_FOUND;
 }
+
+} // namespace velarion

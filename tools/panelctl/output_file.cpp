@@ -6,6 +6,8 @@
 #include <QFileInfo>
 #include <QSaveFile>
 
+namespace velarion {
+
 bool write_output_file(const QString& path, const QByteArray& contents) {
     const QFileInfo place(path);
     QSaveFile replacement(path);
@@ -19,3 +21,5 @@ bool write_output_file(const QString& path, const QByteArray& contents) {
     report_fault(QStringLiteral("%1 cannot be written: %2").arg(path, file.errorString()));
     return false;
 }
+
+} // namespace velarion

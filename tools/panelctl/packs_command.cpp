@@ -16,9 +16,11 @@
 
 #include <algorithm>
 
+namespace velarion {
+
 namespace {
 
-using pack_manager = velarion::dvc_pnl_rmg_option_language_attribute_manager;
+using pack_manager = dvc_pnl_rmg_option_language_attribute_manager;
 
 /** What one slot holds. */
 struct slot_state {
@@ -34,8 +36,7 @@ struct slot_state {
 
 bool library_loads(const std::string& path) {
     void* library = nullptr;
-    return velarion::is_safe_to_load(path.c_str()) && emwOSWLoadLibrary(&library, path.c_str()) == 0 &&
-           library;
+    return is_safe_to_load(path.c_str()) && emwOSWLoadLibrary(&library, path.c_str()) == 0 && library;
 }
 
 int count_rows(pack_manager& packs, int language_id) {
@@ -50,8 +51,7 @@ slot_state read_slot(pack_manager& packs, int number) {
     slot_state slot;
     slot.number = number;
     std::uint16_t language_id = 0;
-    ent_set_get_status(velarion::SETTING_GROUP, pack_manager::OPTION_LANGUAGE_MEMBER[number - 1],
-                       &language_id);
+    ent_set_get_status(SETTING_GROUP, pack_manager::OPTION_LANGUAGE_MEMBER[number - 1], &language_id);
     slot.language_id = language_id;
     if (slot.language_id == 0) {
         return slot;
@@ -99,7 +99,7 @@ QStringList to_row(const slot_state& slot) {
 }
 
 std::vector<slot_state> read_slots() {
-    const velarion::dvc_pnl_rmg_standard_language_attribute_manager font_directory;
+    const dvc_pnl_rmg_standard_language_attribute_manager font_directory;
     pack_manager packs;
     std::vector<slot_state> states;
     for (int number = 1; number <= pack_manager::OPTION_LANGUAGE_MEMBER_NUM; ++number) {
@@ -151,3 +151,5 @@ int run_packs_command(const QStringList& arguments) {
     });
     return is_complete ? EXIT_FOUND : EXIT_NOT_FOUND;
 }
+
+} // namespace velarion

@@ -13,6 +13,8 @@
 
 #include <cstdio>
 
+namespace velarion {
+
 namespace {
 
 bool is_from_font_command(const QByteArray& line) {
@@ -20,7 +22,7 @@ bool is_from_font_command(const QByteArray& line) {
 }
 
 bool is_device_tree_in_place() {
-    using manager = velarion::dvc_pnl_rmg_standard_language_attribute_manager;
+    using manager = dvc_pnl_rmg_standard_language_attribute_manager;
     return QFileInfo(QString::fromStdString(manager::BASE_PATH)).isDir();
 }
 
@@ -79,7 +81,7 @@ panel_session::panel_session() {
     report_missing_device_tree();
     {
         const font_command_silence silence;
-        language_ = velarion::dvc_pnl_rmg_language_resource::dvc_pnl_rmg_create_instance();
+        language_ = dvc_pnl_rmg_language_resource::dvc_pnl_rmg_create_instance();
     }
     if (!is_device_tree_in_place()) {
         report_font_links_left();
@@ -87,9 +89,11 @@ panel_session::panel_session() {
 }
 
 panel_session::~panel_session() {
-    velarion::dvc_pnl_rmg_language_resource::dvc_pnl_rmg_delete_instance();
+    dvc_pnl_rmg_language_resource::dvc_pnl_rmg_delete_instance();
 }
 
 QString describe_direction(int direction) {
     return direction == 0 ? QStringLiteral("right to left") : QStringLiteral("left to right");
 }
+
+} // namespace velarion

@@ -4,8 +4,8 @@
 #include <QString>
 
 namespace velarion {
+
 class dvc_pnl_rmg_language_resource;
-}
 
 /**
  * Says on standard error when the device's folders are not in place: the library then has no packs
@@ -37,13 +37,15 @@ public:
     panel_session(const panel_session&) = delete;
     panel_session& operator=(const panel_session&) = delete;
 
-    velarion::dvc_pnl_rmg_language_resource& language() { return *language_; }
+    dvc_pnl_rmg_language_resource& language() { return *language_; }
 
 private:
-    velarion::dvc_pnl_rmg_language_resource* language_;
+    dvc_pnl_rmg_language_resource* language_;
 };
 
 /** "left to right" or "right to left" for a layout direction value. */
 QString describe_direction(int direction);
+
+} // namespace velarion
 
 #endif

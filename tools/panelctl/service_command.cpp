@@ -8,9 +8,9 @@
 
 #include <QJsonObject>
 
-namespace {
+namespace velarion {
 
-using namespace panel_device;
+namespace {
 
 const QString COMMAND = QStringLiteral("service");
 
@@ -150,3 +150,5 @@ int run_service_command(const QStringList& arguments) {
     }
     return usage_fault(COMMAND, QStringLiteral("unknown action \"%1\", or words too many").arg(name));
 }
+
+} // namespace velarion

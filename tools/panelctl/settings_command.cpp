@@ -8,21 +8,19 @@
 #include <QJsonArray>
 #include <QJsonObject>
 
-namespace {
+namespace velarion {
 
-using panel_platform::LANGUAGE_ATTRIBUTE;
-using panel_platform::SETTING;
-using panel_platform::settings_database;
+namespace {
 
 const QString COMMAND = QStringLiteral("settings");
 
 int report_failure(int code, const std::string& fault) {
     report_fault(QString::fromUtf8(fault.c_str()));
     switch (code) {
-    case panel_platform::PLATFORM_UNKNOWN_ITEM:
-    case panel_platform::PLATFORM_NOT_FOUND:
+    case PLATFORM_UNKNOWN_ITEM:
+    case PLATFORM_NOT_FOUND:
         return EXIT_NOT_FOUND;
-    case panel_platform::PLATFORM_OUT_OF_RANGE:
+    case PLATFORM_OUT_OF_RANGE:
         return EXIT_USAGE;
     default:
         return EXIT_SERVICE;
@@ -61,10 +59,10 @@ int list_settings(const QStringList&, bool as_json) {
     std::vector<LANGUAGE_ATTRIBUTE> attributes;
     std::string fault;
     int code = database.list(settings, fault);
-    if (code == panel_platform::PLATFORM_OK) {
+    if (code == PLATFORM_OK) {
         code = database.list_attributes(attributes, fault);
     }
-    if (code != panel_platform::PLATFORM_OK) {
+    if (code != PLATFORM_OK) {
         return report_failure(code, fault);
     }
     if (as_json) {
@@ -101,7 +99,7 @@ int get_setting(const QStringList& arguments, bool as_json) {
     SETTING setting;
     std::string fault;
     const int code = database.find(arguments.at(0).toUtf8().constData(), setting, fault);
-    if (code != panel_platform::PLATFORM_OK) {
+    if (code != PLATFORM_OK) {
         return report_failure(code, fault);
     }
     if (as_json) {
@@ -120,7 +118,7 @@ int set_setting(const QStringList& arguments, bool as_json) {
     }
     std::string fault;
     const int code = database.write(arguments.at(0).toUtf8().constData(), value, fault);
-    if (code != panel_platform::PLATFORM_OK) {
+    if (code != PLATFORM_OK) {
         return report_failure(code, fault);
     }
     return as_json ? get_setting(arguments, as_json) : EXIT_FOUND;
@@ -130,7 +128,7 @@ int reset_setting(const QStringList& arguments, bool as_json) {
     settings_database database;
     std::string fault;
     const int code = database.reset(arguments.at(0).toUtf8().constData(), fault);
-    if (code != panel_platform::PLATFORM_OK) {
+    if (code != PLATFORM_OK) {
         return report_failure(code, fault);
     }
     return as_json ? get_setting(arguments, as_json) : EXIT_FOUND;
@@ -160,7 +158,7 @@ int get_attribute(const QStringList& arguments, bool as_json) {
     std::string fault;
     const int code =
         database.get_attribute(attribute.language_id, attribute.attribute, attribute.text, fault);
-    if (code != panel_platform::PLATFORM_OK) {
+    if (code != PLATFORM_OK) {
         return report_failure(code, fault);
     }
     if (as_json) {
@@ -180,7 +178,7 @@ int set_attribute(const QStringList& arguments, bool as_json) {
     attribute.text = arguments.at(2).toUtf8().constData();
     std::string fault;
     const int code = database.set_attribute(attribute, fault);
-    if (code != panel_platform::PLATFORM_OK) {
+    if (code != PLATFORM_OK) {
         return report_failure(code, fault);
     }
     return as_json ? get_attribute(arguments, as_json) : EXIT_FOUND;
@@ -195,7 +193,7 @@ int remove_attribute(const QStringList& arguments, bool) {
     }
     std::string fault;
     const int code = database.remove_attribute(language_id, attribute, fault);
-    return code == panel_platform::PLATFORM_OK ? EXIT_FOUND : report_failure(code, fault);
+    return code == PLATFORM_OK ? EXIT_FOUND : report_failure(code, fault);
 }
 
 const command_action ACTIONS[] = {
@@ -230,3 +228,5 @@ int run_settings_command(const QStringList& arguments) {
     }
     return run_action(parser, COMMAND, "list", ACTIONS);
 }
+
+} // namespace velarion

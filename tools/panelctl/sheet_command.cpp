@@ -12,6 +12,8 @@
 #include <algorithm>
 #include <cstdio>
 
+namespace velarion {
+
 namespace {
 
 const QString COMMAND = QStringLiteral("sheet");
@@ -76,7 +78,7 @@ private:
     void draw_cell(QPainter& painter, const QPoint& corner, const DVC_PNL_RMG_IMPL_IMAGE_NAME& row) {
         const QRect frame(corner, QSize(grid_.picture, grid_.picture));
         const delivered_image image = session_.request(QString::number(row.image_id), QString(), QSize(0, 0));
-        if (image.result == velarion::DVC_PNL_RMG_IMAGE_OK) {
+        if (image.result == DVC_PNL_RMG_IMAGE_OK) {
             draw_picture(painter, frame, row, image.pixmap);
         } else {
             painter.fillRect(frame, SURFACE);
@@ -195,3 +197,5 @@ int run_sheet_command(const QStringList& arguments) {
     return draw_sheets(rows, size, parser.value(QStringLiteral("o")),
                        parser.isSet(QLatin1String(JSON_OPTION)));
 }
+
+} // namespace velarion

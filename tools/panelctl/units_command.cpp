@@ -9,9 +9,9 @@
 
 #include <cmath>
 
-namespace {
+namespace velarion {
 
-using velarion::dvc_pnl_common_utility;
+namespace {
 
 const QString COMMAND = QStringLiteral("units");
 
@@ -104,3 +104,5 @@ int run_units_command(const QStringList& arguments) {
     }
     return EXIT_FOUND;
 }
+
+} // namespace velarion

@@ -15,17 +15,17 @@
 
 #pragma GCC diagnostic ignored "-Wdeprecated-declarations" // the library's SAX reader
 
-namespace {
+namespace velarion {
 
-using velarion::dvc_pnl_utl_xml_parameter_handler;
+namespace {
 
 const QString XML_COMMAND = QStringLiteral("xml");
 const QString STRINGS_COMMAND = QStringLiteral("strings");
 constexpr int RESULT_READ = 1;
 
 /** Reads a file; what is wrong with its contents stands on standard error already, from the library. */
-bool read_document(dvc_pnl_utl_xml_parameter_handler& events,
-                   velarion::dvc_pnl_utl_xml_handler_base& document, const QString& path) {
+bool read_document(dvc_pnl_utl_xml_parameter_handler& events, dvc_pnl_utl_xml_handler_base& document,
+                   const QString& path) {
     const QByteArray name = QFile::encodeName(path);
     if (events.dvc_pnl_utl_execute(&document, name.constData()) == RESULT_READ) {
         return true;
@@ -35,8 +35,7 @@ bool read_document(dvc_pnl_utl_xml_parameter_handler& events,
     return false;
 }
 
-template <typename HANDLER>
-bool collect(const QStringList& paths, velarion::dvc_pnl_rmg_xml_parameter& collector) {
+template <typename HANDLER> bool collect(const QStringList& paths, dvc_pnl_rmg_xml_parameter& collector) {
     bool is_complete = true;
     HANDLER handler(&collector);
     for (const QString& path : paths) {
@@ -87,8 +86,8 @@ void print_map(const std::map<std::string, VALUE>& contents, bool is_complete, b
 
 /** @return whether all of the documents was read */
 bool show_messages(const QStringList& paths, bool as_json) {
-    velarion::dvc_pnl_rmg_xml_parameter collector;
-    const bool is_complete = collect<velarion::dvc_pnl_rmg_language_resource_xml_handler>(paths, collector);
+    dvc_pnl_rmg_xml_parameter collector;
+    const bool is_complete = collect<dvc_pnl_rmg_language_resource_xml_handler>(paths, collector);
     std::map<std::string, int> contents;
     collector.dvc_pnl_rmg_xml_set_language_contens(contents);
     print_map(contents, is_complete, as_json);
@@ -97,8 +96,8 @@ bool show_messages(const QStringList& paths, bool as_json) {
 
 /** @return whether all of the documents was read */
 bool show_images(const QStringList& paths, bool as_json) {
-    velarion::dvc_pnl_rmg_xml_parameter collector;
-    const bool is_complete = collect<velarion::dvc_pnl_rmg_image_resource_xml_handler>(paths, collector);
+    dvc_pnl_rmg_xml_parameter collector;
+    const bool is_complete = collect<dvc_pnl_rmg_image_resource_xml_handler>(paths, collector);
     std::map<std::string, std::string> contents;
     collector.dvc_pnl_rmg_xml_set_image_contens(contents);
     print_map(contents, is_complete, as_json);
@@ -106,10 +105,9 @@ bool show_images(const QStringList& paths, bool as_json) {
 }
 
 /** Brings the elements of a document, with their attributes, to a string collector. */
-class string_document : public dvc_pnl_utl_xml_parameter_handler,
-                        public velarion::dvc_pnl_utl_xml_handler_base {
+class string_document : public dvc_pnl_utl_xml_parameter_handler, public dvc_pnl_utl_xml_handler_base {
 public:
-    explicit string_document(velarion::dvc_pnl_rmg_xml_perform& strings)
+    explicit string_document(dvc_pnl_rmg_xml_perform& strings)
         : strings_(strings) {}
 
     bool startElement(const QString& namespace_uri, const QString& local_name, const QString& name,
@@ -127,11 +125,11 @@ public:
     }
 
 private:
-    velarion::dvc_pnl_rmg_xml_perform& strings_;
+    dvc_pnl_rmg_xml_perform& strings_;
 };
 
 /** @return whether the document has the string; @p text then receives it */
-bool find_string(velarion::dvc_pnl_rmg_xml_perform& strings, const QString& id, QString& text) {
+bool find_string(dvc_pnl_rmg_xml_perform& strings, const QString& id, QString& text) {
     std::string key = id.toStdString();
     std::string first = "a";
     std::string second = "b";
@@ -144,7 +142,7 @@ bool find_string(velarion::dvc_pnl_rmg_xml_perform& strings, const QString& id, 
 
 /** Prints the texts of a document that have these names. @return the exit code */
 int show_strings(const QString& file, const QStringList& names, bool as_json) {
-    velarion::dvc_pnl_rmg_xml_perform strings;
+    dvc_pnl_rmg_xml_perform strings;
     string_document document(strings);
     int exit_code = read_document(document, document, file) ? EXIT_FOUND : EXIT_SERVICE;
     QJsonObject texts;
@@ -211,3 +209,5 @@ int run_strings_command(const QStringList& arguments) {
     const QString file = words.takeFirst();
     return show_strings(file, words, parser.isSet(QLatin1String(JSON_OPTION)));
 }
+
+} // namespace velarion

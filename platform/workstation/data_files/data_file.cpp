@@ -6,7 +6,7 @@
 #include <fcntl.h>
 #include <utility>
 
-namespace panel_platform {
+namespace velarion {
 
 PLATFORM_CODE data_file::open_for_reading(FILE_PLACE place, std::shared_ptr<data_file>& file) {
     struct stat status = {};
@@ -100,4 +100,4 @@ PLATFORM_CODE data_file::close() {
     return PLATFORM_OK;
 }
 
-} // namespace panel_platform
+} // namespace velarion

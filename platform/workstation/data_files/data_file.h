@@ -7,7 +7,7 @@
 #include <memory>
 #include <mutex>
 
-namespace panel_platform {
+namespace velarion {
 
 /** One open file of the data-file store, for reading or for writing its whole content anew. Any thread. */
 class data_file {
@@ -35,6 +35,6 @@ private:
     std::unique_ptr<replacement_file> writing_;
 };
 
-} // namespace panel_platform
+} // namespace velarion
 
 #endif

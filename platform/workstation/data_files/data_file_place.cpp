@@ -8,7 +8,7 @@
 #include <utility>
 #include <vector>
 
-namespace panel_platform {
+namespace velarion {
 
 namespace {
 
@@ -105,4 +105,4 @@ PLATFORM_CODE read_data_file_status(const FILE_PLACE& place, struct stat& status
     return S_ISREG(status.st_mode) ? PLATFORM_OK : PLATFORM_NOT_A_FILE;
 }
 
-} // namespace panel_platform
+} // namespace velarion

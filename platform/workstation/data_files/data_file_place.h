@@ -5,7 +5,7 @@
 
 #include <sys/stat.h>
 
-namespace panel_platform {
+namespace velarion {
 
 /**
  * Finds the place of a data file without following a symbolic link below the platform folder.
@@ -26,6 +26,6 @@ PLATFORM_CODE find_data_file_place(int area, int group, const char* name, bool m
  */
 PLATFORM_CODE read_data_file_status(const FILE_PLACE& place, struct stat& status);
 
-} // namespace panel_platform
+} // namespace velarion
 
 #endif

@@ -15,7 +15,7 @@
 #include <unistd.h>
 #include <utility>
 
-using namespace panel_platform;
+using namespace velarion;
 
 namespace {
 

@@ -2,7 +2,7 @@
 
 #include <cstring>
 
-namespace panel_platform {
+namespace velarion {
 
 namespace {
 
@@ -54,4 +54,4 @@ bool read_ipc_header(const void* message, std::size_t length, ipc_header& header
     return true;
 }
 
-} // namespace panel_platform
+} // namespace velarion

@@ -7,7 +7,7 @@
 #include <cstddef>
 #include <cstdint>
 
-namespace panel_platform {
+namespace velarion {
 
 /**
  * The header that the workstation's message layer puts before every message. Functions keep nothing: any
@@ -50,6 +50,6 @@ PANEL_PLATFORM_EXPORT void write_ipc_header(const ipc_header& header, void* mess
  */
 PANEL_PLATFORM_EXPORT bool read_ipc_header(const void* message, std::size_t length, ipc_header& header);
 
-} // namespace panel_platform
+} // namespace velarion
 
 #endif

@@ -9,7 +9,7 @@
 #include <sys/eventfd.h>
 #include <utility>
 
-namespace panel_platform {
+namespace velarion {
 
 namespace {
 
@@ -18,8 +18,7 @@ constexpr int FOR_EVER = -1;
 
 } // namespace
 
-message_delivery::message_delivery(velarion::facade_template& receiver, std::string name,
-                                   std::uint32_t interest)
+message_delivery::message_delivery(facade_template& receiver, std::string name, std::uint32_t interest)
     : receiver_(receiver)
     , name_(std::move(name))
     , interest_(interest)
@@ -100,4 +99,4 @@ void message_delivery::dispatch(const ipc_header& header, char* message) {
     receiver_.dispatch(header.func_id, message, header.length, head);
 }
 
-} // namespace panel_platform
+} // namespace velarion

@@ -11,7 +11,7 @@
 #include <string>
 #include <thread>
 
-namespace panel_platform {
+namespace velarion {
 
 /**
  * Hands what a service notifies to a facade, for as long as this object lives.
@@ -29,7 +29,7 @@ public:
      * @param name      the service; a name that nobody serves is tried again ten times a second
      * @param interest  what the service is told to be of interest; 0: notifications for this process
      */
-    message_delivery(velarion::facade_template& receiver, std::string name, std::uint32_t interest = 0);
+    message_delivery(facade_template& receiver, std::string name, std::uint32_t interest = 0);
     /**
      * Ends the thread, which calls dispatch() once more with IPC_LOST if it was connected; waits for it.
      * Neither from dispatch() nor while holding a lock that dispatch() takes.
@@ -46,7 +46,7 @@ private:
     void serve_connection(int socket);
     void dispatch(const ipc_header& header, char* message);
 
-    velarion::facade_template& receiver_;
+    facade_template& receiver_;
     const std::string name_;
     const std::uint32_t interest_;
     file_descriptor stop_; ///< wakes the thread; none when the process had no descriptor left
@@ -54,6 +54,6 @@ private:
     std::thread thread_;
 };
 
-} // namespace panel_platform
+} // namespace velarion
 
 #endif

@@ -20,7 +20,7 @@ bmc_mc_client::bmc_mc_client() {}
 bmc_mc_client::~bmc_mc_client() {}
 
 long bmc_mc_client::bmc_mc_check_facade(const char* name, long) {
-    return name && panel_platform::connection_to_service(name).is_ready() ? 1 : 0;
+    return name && connection_to_service(name).is_ready() ? 1 : 0;
 }
 
 long bmc_mc_client::bmc_mc_send_sync_message(long, long func_id, char* send_buf, unsigned int send_len,
@@ -28,15 +28,14 @@ long bmc_mc_client::bmc_mc_send_sync_message(long, long func_id, char* send_buf,
     const bool is_func_id = func_id >= std::numeric_limits<std::int32_t>::min() &&
                             func_id <= std::numeric_limits<std::int32_t>::max();
     if (!rcv_len) {
-        return panel_platform::PLATFORM_INVALID_ARGUMENT;
+        return PLATFORM_INVALID_ARGUMENT;
     }
-    if (!is_func_id || !send_buf || send_len < panel_platform::IPC_HEADER_LENGTH || !name ||
-        (!rcv_buf && *rcv_len > 0)) {
+    if (!is_func_id || !send_buf || send_len < IPC_HEADER_LENGTH || !name || (!rcv_buf && *rcv_len > 0)) {
         *rcv_len = 0;
-        return panel_platform::PLATFORM_INVALID_ARGUMENT;
+        return PLATFORM_INVALID_ARGUMENT;
     }
-    return panel_platform::connection_to_service(name).exchange(static_cast<std::int32_t>(func_id), send_buf,
-                                                                send_len, rcv_buf, *rcv_len);
+    return connection_to_service(name).exchange(static_cast<std::int32_t>(func_id), send_buf, send_len,
+                                                rcv_buf, *rcv_len);
 }
 
 } // namespace velarion

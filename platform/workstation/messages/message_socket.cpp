@@ -19,7 +19,7 @@
 #include <sys/uio.h>
 #include <sys/un.h>
 
-namespace panel_platform {
+namespace velarion {
 
 namespace {
 
@@ -253,4 +253,4 @@ int message_listener::accept(file_descriptor& socket, pid_t& process) {
     return PLATFORM_OK;
 }
 
-} // namespace panel_platform
+} // namespace velarion

@@ -9,7 +9,7 @@
 #include <string>
 #include <sys/types.h>
 
-namespace panel_platform {
+namespace velarion {
 
 /**
  * Connects to a named service of this user; never waits.
@@ -94,6 +94,6 @@ private:
     file_descriptor listener_;
 };
 
-} // namespace panel_platform
+} // namespace velarion
 
 #endif

@@ -10,7 +10,7 @@
 #include <poll.h>
 #include <utility>
 
-namespace panel_platform {
+namespace velarion {
 
 namespace {
 
@@ -283,4 +283,4 @@ service_connection& connection_to_service(const std::string& name) {
     return *connection;
 }
 
-} // namespace panel_platform
+} // namespace velarion

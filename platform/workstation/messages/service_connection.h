@@ -10,7 +10,7 @@
 #include <string>
 #include <sys/types.h>
 
-namespace panel_platform {
+namespace velarion {
 
 /**
  * The one connection of this process to a service: made when it is first asked for, kept, and made
@@ -80,6 +80,6 @@ private:
 /** @return the connection to a service, the same for the same name; never destroyed */
 service_connection& connection_to_service(const std::string& name);
 
-} // namespace panel_platform
+} // namespace velarion
 
 #endif

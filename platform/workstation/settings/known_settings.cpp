@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <iterator>
 
-namespace panel_platform {
+namespace velarion {
 
 namespace {
 
@@ -38,4 +38,4 @@ const KNOWN_SETTING* find_known_setting(const std::string& name) {
     return find_if([&](const KNOWN_SETTING& setting) { return name == setting.name; });
 }
 
-} // namespace panel_platform
+} // namespace velarion

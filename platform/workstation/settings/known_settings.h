@@ -5,7 +5,7 @@
 #include <cstdint>
 #include <string>
 
-namespace panel_platform {
+namespace velarion {
 
 /** A setting of the machine that exists without being stored. */
 struct KNOWN_SETTING {
@@ -23,6 +23,6 @@ extern const std::size_t KNOWN_SETTING_NUMBER;
 const KNOWN_SETTING* find_known_setting(std::uint32_t group, std::uint32_t item);
 const KNOWN_SETTING* find_known_setting(const std::string& name);
 
-} // namespace panel_platform
+} // namespace velarion
 
 #endif

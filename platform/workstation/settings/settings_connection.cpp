@@ -3,7 +3,7 @@
 #include <cstring>
 #include <sqlite3.h>
 
-namespace panel_platform {
+namespace velarion {
 
 namespace {
 
@@ -207,4 +207,4 @@ PLATFORM_CODE settings_connection::fail_by_database(int result) {
     return fail(code, reason);
 }
 
-} // namespace panel_platform
+} // namespace velarion

@@ -13,7 +13,7 @@
 struct sqlite3;
 struct sqlite3_stmt;
 
-namespace panel_platform {
+namespace velarion {
 
 /** What a statement's placeholders take. */
 using sql_value = std::variant<std::int64_t, std::string>;
@@ -98,6 +98,6 @@ private:
     std::unique_ptr<sqlite3, close_database> database_;
 };
 
-} // namespace panel_platform
+} // namespace velarion
 
 #endif

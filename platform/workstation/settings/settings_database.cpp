@@ -8,7 +8,7 @@
 
 #include <algorithm>
 
-namespace panel_platform {
+namespace velarion {
 
 namespace {
 
@@ -295,7 +295,7 @@ PLATFORM_CODE settings_database::remove_attribute(int language_id, int attribute
         return failure;
     }
     if (const PLATFORM_CODE failure =
-            panel_platform::remove_attribute(session.connection(), language_id, attribute)) {
+            velarion::remove_attribute(session.connection(), language_id, attribute)) {
         return failure;
     }
     return session.connection().changed_rows() == 0 ? fail_not_stored(language_id, attribute, fault)
@@ -314,4 +314,4 @@ PLATFORM_CODE settings_database::begin_change(settings_session& session) const {
     return session.begin_writing();
 }
 
-} // namespace panel_platform
+} // namespace velarion

@@ -8,7 +8,7 @@
 #include <string>
 #include <vector>
 
-namespace panel_platform {
+namespace velarion {
 
 class settings_session;
 
@@ -100,6 +100,6 @@ private:
     std::string file_;
 };
 
-} // namespace panel_platform
+} // namespace velarion
 
 #endif

@@ -6,7 +6,7 @@
 #include <cstdio>
 #include <cstdlib>
 
-namespace panel_platform {
+namespace velarion {
 
 namespace {
 
@@ -60,4 +60,4 @@ std::int64_t largest_of(int width) {
     return (std::int64_t(1) << width) - 1;
 }
 
-} // namespace panel_platform
+} // namespace velarion

@@ -6,7 +6,7 @@
 #include <cstdint>
 #include <string>
 
-namespace panel_platform {
+namespace velarion {
 
 /** What names a setting or attribute to people, and whether it may. */
 
@@ -22,6 +22,6 @@ bool is_name(const std::string& name);
 bool is_width(std::int64_t width);
 std::int64_t largest_of(int width);
 
-} // namespace panel_platform
+} // namespace velarion
 
 #endif

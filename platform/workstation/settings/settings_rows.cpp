@@ -6,7 +6,7 @@
 
 #include <limits>
 
-namespace panel_platform {
+namespace velarion {
 
 namespace {
 
@@ -155,4 +155,4 @@ PLATFORM_CODE remove_attribute(settings_connection& connection, int language_id,
                           numbers(language_id, attribute));
 }
 
-} // namespace panel_platform
+} // namespace velarion

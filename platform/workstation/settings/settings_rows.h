@@ -8,7 +8,7 @@
 #include <functional>
 #include <string>
 
-namespace panel_platform {
+namespace velarion {
 
 /**
  * The rows of the settings store's tables as settings and attributes. A row that cannot be one is
@@ -43,6 +43,6 @@ PLATFORM_CODE read_attribute(settings_connection& connection, int language_id, i
 PLATFORM_CODE store_attribute(settings_connection& connection, const LANGUAGE_ATTRIBUTE& attribute);
 PLATFORM_CODE remove_attribute(settings_connection& connection, int language_id, int attribute);
 
-} // namespace panel_platform
+} // namespace velarion
 
 #endif

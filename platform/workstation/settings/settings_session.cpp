@@ -16,7 +16,7 @@
 #include <thread>
 #include <utility>
 
-namespace panel_platform {
+namespace velarion {
 
 namespace {
 
@@ -300,4 +300,4 @@ bool settings_session::has_unfinished_change() const {
                        [this](const char* suffix) { return is_unfinished(file_ + suffix); });
 }
 
-} // namespace panel_platform
+} // namespace velarion

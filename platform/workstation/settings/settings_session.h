@@ -6,7 +6,7 @@
 
 #include <string>
 
-namespace panel_platform {
+namespace velarion {
 
 class replacement_file;
 
@@ -65,6 +65,6 @@ private:
     settings_connection connection_;
 };
 
-} // namespace panel_platform
+} // namespace velarion
 
 #endif

@@ -7,7 +7,7 @@
 #include <cstdio>
 #include <cstring>
 
-using namespace panel_platform;
+using namespace velarion;
 
 namespace {
 

@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <cstddef>
 
-namespace panel_platform {
+namespace velarion {
 
 namespace {
 
@@ -150,4 +150,4 @@ PLATFORM_CODE check_structure(settings_connection& connection) {
     return code == PLATFORM_OK ? connection.run("PRAGMA ignore_check_constraints = 0", {}) : code;
 }
 
-} // namespace panel_platform
+} // namespace velarion

@@ -3,7 +3,7 @@
 
 #include "settings_connection.h"
 
-namespace panel_platform {
+namespace velarion {
 
 /** Makes the tables in a database that has none. */
 PLATFORM_CODE make_tables(settings_connection& connection);
@@ -23,6 +23,6 @@ PLATFORM_CODE check_tables(settings_connection& connection, bool& is_empty);
  */
 PLATFORM_CODE check_structure(settings_connection& connection);
 
-} // namespace panel_platform
+} // namespace velarion
 
 #endif

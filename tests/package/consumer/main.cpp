@@ -15,14 +15,13 @@ using velarion::dvc_pnl_rmg_language_resource;
 
 int main(int argc, char** argv) {
     std::string fault;
-    if (panel_platform::settings_database().write("panel_language", 49, fault) !=
-        panel_platform::PLATFORM_OK) {
+    if (velarion::settings_database().write("panel_language", 49, fault) != velarion::PLATFORM_OK) {
         std::fprintf(stderr, "%s\n", fault.c_str());
         return 1;
     }
     const QApplication application(argc, argv);
-    host_receiver receiver;
-    const panel_platform::message_delivery delivery(receiver, "NOBODY");
+    velarion::host_receiver receiver;
+    const velarion::message_delivery delivery(receiver, "NOBODY");
     dvc_pnl_rmg_language_resource* language = dvc_pnl_rmg_language_resource::dvc_pnl_rmg_create_instance();
     const std::string id = std::to_string(dvc_pnl_rmg_impl_message_table[0].message_id);
     std::puts(language->dvc_pnl_rmg_get_message(id.c_str()).toUtf8().constData());

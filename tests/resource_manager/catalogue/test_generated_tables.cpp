@@ -7,6 +7,8 @@
 
 #include <iostream>
 
+using namespace velarion;
+
 // The tables as this processor lays them into memory, against the catalogue's files, whose order the compiler
 // checks.
 

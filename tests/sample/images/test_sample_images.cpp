@@ -14,6 +14,8 @@
 #include <set>
 #include <sstream>
 
+using namespace velarion;
+
 namespace {
 
 const std::string IMAGES = std::string(IMAGE_DIRECTORY) + '/';

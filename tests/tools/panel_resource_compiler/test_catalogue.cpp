@@ -7,6 +7,8 @@
 #include <filesystem>
 #include <sys/stat.h>
 
+using namespace velarion;
+
 namespace {
 
 /** A good file of the catalogue, to which a third line is put. */

@@ -5,6 +5,8 @@
 #include <filesystem>
 #include <iostream>
 
+using namespace velarion;
+
 const scratch_folder& device::tree() {
     static const scratch_folder tree;
     static bool is_empty = true;

@@ -5,6 +5,8 @@
 
 #include <sys/stat.h>
 
+using namespace velarion;
+
 namespace {
 
 class keyboard_file : public testing::Test {

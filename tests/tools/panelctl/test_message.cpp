@@ -7,6 +7,8 @@
 #include <iostream>
 #include <map>
 
+using namespace velarion;
+
 namespace {
 
 using panel_message = device;

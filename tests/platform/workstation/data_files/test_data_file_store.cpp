@@ -14,7 +14,7 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
-using namespace panel_platform;
+using namespace velarion;
 namespace fs = std::filesystem;
 
 namespace {

@@ -17,7 +17,7 @@
 
 namespace {
 
-using namespace panel_platform;
+using namespace velarion;
 namespace fs = std::filesystem;
 
 constexpr char NAME[] = "TEST_SRV";

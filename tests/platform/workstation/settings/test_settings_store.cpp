@@ -14,7 +14,7 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
-using namespace panel_platform;
+using namespace velarion;
 
 namespace {
 
