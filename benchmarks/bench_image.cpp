@@ -23,10 +23,10 @@ namespace {
 
 using velarion::dvc_pnl_rmg_image_resource_manager;
 
-const int ROUNDS = 9;
-const int ICON_EDGE = 48;
-const int PICTURES = 400; // about what the cache holds at 96 by 96
-const int PICTURE_EDGE = 96;
+constexpr int ROUNDS = 9;
+constexpr int ICON_EDGE = 48;
+constexpr int PICTURES = 400; // about what the cache holds at 96 by 96
+constexpr int PICTURE_EDGE = 96;
 
 /** The median time of a round in nanoseconds per item. */
 double measure(int items, const std::function<void()>& round) {
@@ -65,7 +65,7 @@ std::vector<QString> navigation_icons() {
     std::vector<QString> paths;
     for (int i = 0; i < dvc_pnl_rmg_imple_image_name_table_size; ++i) {
         const char* file_name = dvc_pnl_rmg_impl_image_name_table[i].file_name;
-        if (std::strstr(file_name, "ico_globalnavi") != nullptr) {
+        if (std::strstr(file_name, "ico_globalnavi")) {
             paths.push_back(path_of(file_name));
         }
     }

@@ -17,7 +17,7 @@
 
 namespace {
 
-const int ROUNDS = 9;
+constexpr int ROUNDS = 9;
 
 volatile std::size_t g_sink; // keeps the work from being optimised away
 

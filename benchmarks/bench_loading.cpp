@@ -18,7 +18,7 @@
 
 namespace {
 
-const int RUNS = 15;
+constexpr int RUNS = 15;
 
 struct loading_cost {
     double microseconds = 0;
@@ -96,7 +96,7 @@ int main(int argc, char** argv) {
         loading_cost cost;
         struct stat file;
         char* const path = realpath(argv[i], nullptr);
-        if (path == nullptr || stat(path, &file) != 0 || !measure(path, cost)) {
+        if (!path || stat(path, &file) != 0 || !measure(path, cost)) {
             std::fprintf(stderr, "bench_loading: %s cannot be loaded\n", argv[i]);
             return 3;
         }

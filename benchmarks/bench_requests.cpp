@@ -24,10 +24,10 @@
 
 namespace {
 
-const int ROUNDS = 9;
-const int REQUESTS = 4000;
-const std::size_t REQUEST_LENGTH = 104;
-const std::size_t REPLY_LENGTH = 88;
+constexpr int ROUNDS = 9;
+constexpr int REQUESTS = 4000;
+constexpr std::size_t REQUEST_LENGTH = 104;
+constexpr std::size_t REPLY_LENGTH = 88;
 
 /** The median time of a round in microseconds per request; negative when one failed. */
 double measure(const std::function<bool()>& request) {
@@ -105,7 +105,7 @@ void stay_on_this_processor() {
 int main() {
     stay_on_this_processor();
     std::string folder = "/tmp/bench_requests_XXXXXX";
-    if (mkdtemp(&folder[0]) == nullptr) {
+    if (!mkdtemp(&folder[0])) {
         std::perror("bench_requests: /tmp");
         return 3;
     }

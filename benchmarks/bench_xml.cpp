@@ -25,8 +25,8 @@
 
 namespace {
 
-const int ROUNDS = 15;
-const int ENTRIES = 10000;
+constexpr int ROUNDS = 15;
+constexpr int ENTRIES = 10000;
 
 volatile std::size_t g_sink; // keeps the work from being optimised away
 

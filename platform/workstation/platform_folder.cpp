@@ -11,7 +11,7 @@ namespace velarion {
 
 namespace {
 
-const mode_t FOLDER_MODE = 0700;
+constexpr mode_t FOLDER_MODE = 0700;
 
 std::string environment(const char* name) {
     const char* value = std::getenv(name);

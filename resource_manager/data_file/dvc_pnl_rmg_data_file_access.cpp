@@ -12,11 +12,11 @@ namespace velarion {
 
 namespace {
 
-const int MODE_READ = 0;
-const int MODE_WRITE = 1;
+constexpr int MODE_READ = 0;
+constexpr int MODE_WRITE = 1;
 
 bool is_name(const char* name) {
-    return name != nullptr && *name != '\0';
+    return name && *name != '\0';
 }
 
 /** Stores a platform code that is a failure. @return whether it is success */
@@ -88,7 +88,7 @@ int dvc_pnl_rmg_data_file_access::remove(const char* name, int& error) const {
 int dvc_pnl_rmg_data_file_access::write(const char* name, const unsigned char* bytes, unsigned long count,
                                         int& error) const {
     error = 0;
-    if (!is_name(name) || (bytes == nullptr && count != 0)) {
+    if (!is_name(name) || (!bytes && count != 0)) {
         return DVC_PNL_RMG_RESULT_INVALID_ARGUMENT;
     }
     if (count > std::numeric_limits<std::uint32_t>::max()) {

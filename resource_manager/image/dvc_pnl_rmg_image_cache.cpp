@@ -10,9 +10,9 @@ namespace velarion {
 
 namespace {
 
-const int DEFAULT_LIMIT = 16777216;
-const int BYTES_PER_KILOBYTE = 1024;
-const int BITS_PER_BYTE = 8;
+constexpr int DEFAULT_LIMIT = 16777216;
+constexpr int BYTES_PER_KILOBYTE = 1024;
+constexpr int BITS_PER_BYTE = 8;
 
 int saturated(std::int64_t value) {
     if (value > std::numeric_limits<int>::max()) {
@@ -51,7 +51,7 @@ bool dvc_pnl_rmg_image_cache::dvc_pnl_rmg_image_insert(const QString& key, QPixm
 
 QPixmap* dvc_pnl_rmg_image_cache::dvc_pnl_rmg_image_get_pixmap(const QString& key) const {
     const dvc_pnl_rmg_image_cache_entry* entry = cache_.object(key);
-    return entry == nullptr ? nullptr : entry->get_pixmap();
+    return !entry ? nullptr : entry->get_pixmap();
 }
 
 void dvc_pnl_rmg_image_cache::dvc_pnl_rmg_set_no_cache() {

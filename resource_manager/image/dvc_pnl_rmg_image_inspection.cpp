@@ -17,8 +17,8 @@ namespace velarion {
 
 namespace {
 
-const char VECTOR_FORMAT[] = "svg";
-const char* const COMPRESSED_EXTENSIONS[] = {".svgz", ".svg.gz"};
+constexpr char VECTOR_FORMAT[] = "svg";
+constexpr const char* COMPRESSED_EXTENSIONS[] = {".svgz", ".svg.gz"};
 
 bool is_compressed_name(const QString& path) {
     for (const char* extension : COMPRESSED_EXTENSIONS) {

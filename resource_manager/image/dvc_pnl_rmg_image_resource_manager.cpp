@@ -17,21 +17,21 @@ namespace velarion {
 
 namespace {
 
-const int NO_IMAGE_ID = -1;
-const char EXTERNAL_MARK = ':';
-const char SVG_EXTENSION[] = ".svg";
-const char PRELOADED_NAME[] = "ico_globalnavi";
-const char* const CACHED_NAMES[] = {"background_setting_i", "list_globalnavi"};
+constexpr int NO_IMAGE_ID = -1;
+constexpr char EXTERNAL_MARK = ':';
+constexpr char SVG_EXTENSION[] = ".svg";
+constexpr char PRELOADED_NAME[] = "ico_globalnavi";
+constexpr const char* CACHED_NAMES[] = {"background_setting_i", "list_globalnavi"};
 
-const int TRACE_MODULE = 0x5302;
-const int TRACE_GROUP = 0x102;
-const int TRACE_PERFORMANCE = 0x102;
+constexpr int TRACE_MODULE = 0x5302;
+constexpr int TRACE_GROUP = 0x102;
+constexpr int TRACE_PERFORMANCE = 0x102;
 
 struct FILE_TYPE {
     const char* extension;
     int type;
 };
-const FILE_TYPE FILE_TYPES[] = {
+constexpr FILE_TYPE FILE_TYPES[] = {
     {".png", DVC_PNL_RMG_IMAGE_TYPE_STILL},
     {".gif", DVC_PNL_RMG_IMAGE_TYPE_MOVIE},
     {SVG_EXTENSION, DVC_PNL_RMG_IMAGE_TYPE_STILL},
@@ -47,7 +47,7 @@ bool is_number(const QString& id, int& number) {
 }
 
 bool is_empty(const char* text) {
-    return text == nullptr || *text == '\0';
+    return !text || *text == '\0';
 }
 
 bool is_svg(const QString& file_name) {
@@ -97,7 +97,7 @@ const std::string dvc_pnl_rmg_image_resource_manager::RESOURCE_SHEETEXTENSION_DI
 dvc_pnl_rmg_image_resource_manager* dvc_pnl_rmg_image_resource_manager::instance_ = nullptr;
 
 dvc_pnl_rmg_image_resource_manager* dvc_pnl_rmg_image_resource_manager::dvc_pnl_rmg_create_instance() {
-    if (instance_ == nullptr) {
+    if (!instance_) {
         instance_ = new dvc_pnl_rmg_image_resource_manager;
         instance_->dvc_pnl_rmg_initilize_error_image();
     }
@@ -133,7 +133,7 @@ void dvc_pnl_rmg_image_resource_manager::dvc_pnl_rmg_initialize() {
                     "[PERFORM]: Resource Manager Init. (START)");
     for (int i = 0; i < dvc_pnl_rmg_imple_image_name_table_size; ++i) {
         const char* file_name = dvc_pnl_rmg_impl_image_name_table[i].file_name;
-        if (std::strstr(file_name, PRELOADED_NAME) != nullptr) {
+        if (std::strstr(file_name, PRELOADED_NAME)) {
             preload(dvc_pnl_utl_from_8bit(file_name));
         }
     }
@@ -243,7 +243,7 @@ bool dvc_pnl_rmg_image_resource_manager::take_cached(REQUEST& request, const QSt
     QString key;
     dvc_pnl_rmg_create_image_id(name, request.width, request.height, key);
     const QPixmap* cached = image_cache_->dvc_pnl_rmg_image_get_pixmap(key);
-    if (cached == nullptr) {
+    if (!cached) {
         return false;
     }
     request.pixmap = *cached;
@@ -349,10 +349,10 @@ int dvc_pnl_rmg_image_resource_manager::judgement_image_type(const DVC_PNL_RMG_I
 }
 
 int dvc_pnl_rmg_image_resource_manager::dvc_pnl_rmg_search_image_id_info(const char* id) {
-    if (id == nullptr) {
+    if (!id) {
         return DVC_PNL_RMG_IMAGE_TYPE_NONE;
     }
-    if (std::strchr(id, EXTERNAL_MARK) != nullptr) {
+    if (std::strchr(id, EXTERNAL_MARK)) {
         external_name_ = std::string(id); // a copy first: id may be the name itself
         current_image_ = {NO_IMAGE_ID, nullptr, external_name_.c_str()};
         return DVC_PNL_RMG_IMAGE_TYPE_STILL;

@@ -12,7 +12,7 @@ namespace velarion {
 
 int dvc_pnl_rmg_image_resource_manager::dvc_pnl_rmg_set_machine_specific_path(const char* path, int& error) {
     error = 0;
-    if (path == nullptr || *path == '\0') {
+    if (!path || *path == '\0') {
         return DVC_PNL_RMG_RESULT_NOT_FOUND;
     }
     machine_data_file_ = std::string(path); // a copy first: path may be the stored one
@@ -46,7 +46,7 @@ int dvc_pnl_rmg_image_resource_manager::dvc_pnl_rmg_get_image_data(const char* n
 int dvc_pnl_rmg_image_resource_manager::dvc_pnl_rmg_set_external_image(const std::string& id,
                                                                        unsigned char* bytes,
                                                                        unsigned long count) {
-    if (bytes == nullptr || count > static_cast<unsigned long>(std::numeric_limits<int>::max())) {
+    if (!bytes || count > static_cast<unsigned long>(std::numeric_limits<int>::max())) {
         return DVC_PNL_RMG_RESULT_IMAGE_ERROR;
     }
     const int size = static_cast<int>(count);

@@ -22,9 +22,9 @@ namespace velarion {
 
 namespace {
 
-const char ERROR_IMAGE_FILE[] = "ERROR_IMAGE.png";
-const char ERROR_MOVIE_FILE[] = "ERROR_MOVIE.gif";
-const int PLACEHOLDER_TEXT_LINES = 5;
+constexpr char ERROR_IMAGE_FILE[] = "ERROR_IMAGE.png";
+constexpr char ERROR_MOVIE_FILE[] = "ERROR_MOVIE.gif";
+constexpr int PLACEHOLDER_TEXT_LINES = 5;
 
 /** @return the size of the view box as an integer rectangle; an empty one when integers cannot hold it */
 QSize natural_size(const QSvgRenderer& renderer) {
@@ -94,10 +94,10 @@ void dvc_pnl_rmg_image_resource_manager::dvc_pnl_rmg_qpixmap_size_convert(QPixma
 }
 
 void dvc_pnl_rmg_image_resource_manager::get_error_image(QPixmap* pixmap) {
-    if (std::getenv(DVC_PNL_RMG_TEST_AID) == nullptr) {
+    if (!std::getenv(DVC_PNL_RMG_TEST_AID)) {
         return;
     }
-    if (error_image_ == nullptr) {
+    if (!error_image_) {
         error_image_ = new QPixmap;
         static_cast<void>(
             dvc_pnl_rmg_load_image_file(resource_dir_ + QLatin1String(ERROR_IMAGE_FILE), *error_image_));
@@ -122,7 +122,7 @@ QString dvc_pnl_rmg_image_resource_manager::error_movie_path() const {
 }
 
 void dvc_pnl_rmg_image_resource_manager::get_error_movie(QMovie*& movie, QObject* parent) {
-    if (error_movie_ == nullptr) {
+    if (!error_movie_) {
         error_movie_ = new QMovie(parent);
         error_movie_->setFileName(error_movie_path());
     }

@@ -8,7 +8,7 @@ namespace velarion {
 
 namespace {
 
-const char DECLARATION[] = "<?xml version=\"1.0\" encoding=\"UTF-8\"?>";
+constexpr char DECLARATION[] = "<?xml version=\"1.0\" encoding=\"UTF-8\"?>";
 
 /** What the next bytes have to be compared for. */
 enum BYTE_CLASS : unsigned char { PLAIN, TAG, EQUALS, WORD_D, WORD_H, UNDECIDED };

@@ -10,7 +10,7 @@ namespace velarion {
 
 namespace {
 
-const char REFERENCE[] = "xlink:href";
+constexpr char REFERENCE[] = "xlink:href";
 
 bool is_relative(const QString& reference) {
     return !reference.isEmpty() && !reference.startsWith(QLatin1String("data")) &&

@@ -9,8 +9,8 @@ namespace velarion {
 
 namespace {
 
-const char INHERIT[] = "inherit";
-const char NONE[] = "none";
+constexpr char INHERIT[] = "inherit";
+constexpr char NONE[] = "none";
 constexpr int MOST_DASHES = 32; // the toolkit takes no more of a pattern
 
 bool is_hexadecimal(QChar character) {

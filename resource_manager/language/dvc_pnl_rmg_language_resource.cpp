@@ -24,14 +24,14 @@ namespace velarion {
 
 namespace {
 
-const int LEFT_TO_RIGHT = 1;
-const int RIGHT_TO_LEFT = 0;
+constexpr int LEFT_TO_RIGHT = 1;
+constexpr int RIGHT_TO_LEFT = 0;
 
 using FILE_POINTER = std::unique_ptr<FILE, int (*)(FILE*)>;
 
 /** What a key without a message comes out as. */
 QString missing_message(const char* key) {
-    return dvc_pnl_utl_from_8bit(std::getenv(DVC_PNL_RMG_TEST_AID) == nullptr ? "" : key);
+    return dvc_pnl_utl_from_8bit(!std::getenv(DVC_PNL_RMG_TEST_AID) ? "" : key);
 }
 
 /** @return whether the file has a size that a text can have */
@@ -60,7 +60,7 @@ const std::string dvc_pnl_rmg_language_resource::RESOURCE_SHEETEXTENSION_DIR = "
 dvc_pnl_rmg_language_resource* dvc_pnl_rmg_language_resource::instance_ = nullptr;
 
 dvc_pnl_rmg_language_resource* dvc_pnl_rmg_language_resource::dvc_pnl_rmg_create_instance() {
-    if (instance_ == nullptr) {
+    if (!instance_) {
         instance_ = new dvc_pnl_rmg_language_resource;
     }
     return instance_;
@@ -123,7 +123,7 @@ QString dvc_pnl_rmg_language_resource::dvc_pnl_rmg_get_message(const char* key, 
         return missing_message(key);
     }
     const char* text = choose_text(message.message_table_index, language_id);
-    if (text == nullptr) {
+    if (!text) {
         return dvc_pnl_utl_from_8bit(message.message_name);
     }
     return QString::fromUtf8(text);
@@ -166,7 +166,7 @@ bool dvc_pnl_rmg_language_resource::get_text_in(int row, int language_id, const 
 
 int dvc_pnl_rmg_language_resource::dvc_pnl_rmg_get_message_data(const char* file_name, std::string& text,
                                                                 int& error) {
-    if (file_name == nullptr || *file_name == '\0') {
+    if (!file_name || *file_name == '\0') {
         error = 0;
         return DVC_PNL_RMG_RESULT_INVALID_ARGUMENT;
     }
@@ -197,7 +197,7 @@ bool dvc_pnl_rmg_language_resource::search_message_element(const DVC_PNL_RMG_IMP
     const void* record = std::bsearch(&key, dvc_pnl_rmg_impl_message_table,
                                       static_cast<std::size_t>(dvc_pnl_rmg_imple_message_table_size),
                                       sizeof(DVC_PNL_RMG_IMPL_MESSAGE), compare);
-    if (record == nullptr) {
+    if (!record) {
         return false;
     }
     found = *static_cast<const DVC_PNL_RMG_IMPL_MESSAGE*>(record);

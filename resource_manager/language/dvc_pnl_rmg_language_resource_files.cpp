@@ -14,11 +14,11 @@ namespace velarion {
 
 namespace {
 
-const int LANGUAGE_ID_SIMPLIFIED_CHINESE = 86;
-const int LANGUAGE_ID_TRADITIONAL_CHINESE = 886;
-const char ATTRIBUTE_SET[] = "YES";
-const unsigned int CONVERTING_DESTINATIONS = 0x1D8; // bit n: destination code n
-const unsigned int HIGHEST_CONVERTING_DESTINATION = 8;
+constexpr int LANGUAGE_ID_SIMPLIFIED_CHINESE = 86;
+constexpr int LANGUAGE_ID_TRADITIONAL_CHINESE = 886;
+constexpr char ATTRIBUTE_SET[] = "YES";
+constexpr unsigned int CONVERTING_DESTINATIONS = 0x1D8; // bit n: destination code n
+constexpr unsigned int HIGHEST_CONVERTING_DESTINATION = 8;
 
 } // namespace
 
@@ -50,7 +50,7 @@ const char* dvc_pnl_rmg_language_resource::dvc_pnl_rmg_get_font_name(int languag
 void dvc_pnl_rmg_language_resource::dvc_pnl_rmg_get_standard_font_family(int language_id,
                                                                          std::string& family) {
     const char* name = standard_language_manager_->dvc_pnl_rmg_get_standard_font_family(language_id);
-    family = name == nullptr ? "" : name;
+    family = !name ? "" : name;
 }
 
 const char* dvc_pnl_rmg_language_resource::dvc_pnl_rmg_get_option_font_family(int language_id) {
@@ -136,7 +136,7 @@ int dvc_pnl_rmg_language_resource::dvc_pnl_rmg_remove_data_file(const char* file
 
 int dvc_pnl_rmg_language_resource::dvc_pnl_rmg_set_machine_specific_path(const char* path, int& error) {
     error = 0;
-    if (path == nullptr || *path == '\0') {
+    if (!path || *path == '\0') {
         return DVC_PNL_RMG_RESULT_NOT_FOUND;
     }
     machine_data_file_ = path;

@@ -22,9 +22,9 @@ namespace velarion {
 
 namespace {
 
-const std::size_t FONT_FILE_EXT_LENGTH = 4;
-const char DIRECTION_KEY[] = "il_ae";
-const char LEFT_TO_RIGHT_VALUE[] = "1";
+constexpr std::size_t FONT_FILE_EXT_LENGTH = 4;
+constexpr char DIRECTION_KEY[] = "il_ae";
+constexpr char LEFT_TO_RIGHT_VALUE[] = "1";
 
 /** Looks a pack function up by name; null when the platform leaves no address. */
 template <typename FUNCTION> FUNCTION get_pack_function(void* library, const char* name) {
@@ -177,7 +177,7 @@ const char* dvc_pnl_rmg_option_language_attribute_manager::dvc_pnl_rmg_get_optio
         return nullptr;
     }
     const MESSAGE_FUNCTION function = message_function_map_[slot];
-    return function == nullptr ? nullptr : function(row, language_id);
+    return !function ? nullptr : function(row, language_id);
 }
 
 const char*
@@ -187,12 +187,12 @@ dvc_pnl_rmg_option_language_attribute_manager::dvc_pnl_rmg_get_option_font_famil
         return nullptr;
     }
     const FONT_FAMILY_FUNCTION function = font_family_function_map_[slot];
-    return function == nullptr ? nullptr : function(0, language_id);
+    return !function ? nullptr : function(0, language_id);
 }
 
 QFont dvc_pnl_rmg_option_language_attribute_manager::dvc_pnl_rmg_get_font(int language_id) {
     const char* family = dvc_pnl_rmg_get_option_font_family(language_id);
-    if (family == nullptr) {
+    if (!family) {
         return QApplication::font();
     }
     return QFont(dvc_pnl_utl_from_8bit(family), -1, -1, false);

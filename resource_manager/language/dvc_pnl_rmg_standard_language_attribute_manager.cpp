@@ -11,7 +11,7 @@ namespace velarion {
 
 namespace {
 
-const char* const FONT_DIRECTORY_COMMANDS[] = {
+constexpr const char* FONT_DIRECTORY_COMMANDS[] = {
     "mkdir /tmp/fonts",
     "ln -sf /usr/local/vuk_plp/lib/qt/lib/stdfonts/UniversOTS_ArabicHebrew.ttf /tmp/fonts",
     "ln -sf /usr/local/vuk_plp/lib/qt/lib/stdfonts/HeiseiKakuGothW5_213_C.ttf /tmp/fonts",
@@ -91,7 +91,7 @@ dvc_pnl_rmg_standard_language_attribute_manager::dvc_pnl_rmg_get_standard_font_f
 
 QFont dvc_pnl_rmg_standard_language_attribute_manager::dvc_pnl_rmg_get_font(int language_id) {
     const char* family = dvc_pnl_rmg_get_standard_font_family(language_id);
-    if (family == nullptr) {
+    if (!family) {
         return QApplication::font();
     }
     return QFont(dvc_pnl_utl_from_8bit(family), -1, -1, false);

@@ -158,7 +158,7 @@ const std::array<const char*, 21> CHAPTER_GLYPHS = {
     "printer",  "server",  "address", "glass", "tray",          "size",  "toner",
     "paperjam", "stapler", "job",     "login", "energy",        "clean", "keyboard"};
 
-const area SCREEN{16, 14, 222, 150};
+constexpr area SCREEN{16, 14, 222, 150};
 
 /** The part of the screen that a figure is about, and what surrounds it: tiles, a list, a dialogue, keys. */
 area draw_screen_parts(svg_canvas& canvas, int figure, const std::string& glyph, const glyph_book& book,

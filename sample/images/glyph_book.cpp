@@ -11,8 +11,8 @@ namespace velarion {
 
 namespace {
 
-const char ROLES[] = "laowedfkGWEDst";
-const double STROKE = 2.5;
+constexpr char ROLES[] = "laowedfkGWEDst";
+constexpr double STROKE = 2.5;
 
 std::vector<std::string> split(const std::string& text, char separator) {
     std::vector<std::string> parts;
@@ -51,7 +51,7 @@ void glyph_book::take_record(const source_place& place, const std::string& words
 }
 
 bool glyph_book::read_shape(const std::string& source, shape& read) {
-    if (source.size() < 4 || std::strchr(ROLES, source[0]) == nullptr || source[1] != ' ') {
+    if (source.size() < 4 || !std::strchr(ROLES, source[0]) || source[1] != ' ') {
         return false;
     }
     read.role = source[0];
@@ -68,7 +68,7 @@ bool glyph_book::read_shape(const std::string& source, shape& read) {
         read.numbers.push_back(number);
     }
     source_of_numbers >> read.text;
-    return std::strchr("ort", read.form) != nullptr && read.numbers.size() == wanted;
+    return std::strchr("ort", read.form) && read.numbers.size() == wanted;
 }
 
 paint glyph_book::paint_of(char role, const palette& colors, double stroke_width) {

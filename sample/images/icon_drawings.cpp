@@ -11,11 +11,11 @@ namespace velarion {
 
 namespace {
 
-const double PI = 3.14159265358979;
-const double SIZE = GLYPH_SIZE;
-const double BADGE_PLACE = 38;
-const double BADGE_RADIUS = 7.5;
-const char FALLBACK_GLYPH[] = "picture";
+constexpr double PI = 3.14159265358979;
+constexpr double SIZE = GLYPH_SIZE;
+constexpr double BADGE_PLACE = 38;
+constexpr double BADGE_RADIUS = 7.5;
+constexpr char FALLBACK_GLYPH[] = "picture";
 
 struct mark_sign {
     std::string palette::*plate;

@@ -9,9 +9,9 @@ namespace velarion {
 
 namespace {
 
-const int COLORS = 256;
-const int TRANSPARENT_INDEX = 0;
-const unsigned char REPEAT_FOR_EVER[] = {1, 0, 0};
+constexpr int COLORS = 256;
+constexpr int TRANSPARENT_INDEX = 0;
+constexpr unsigned char REPEAT_FOR_EVER[] = {1, 0, 0};
 
 /** At most 255 colours for all frames, and the index of each colour that occurs. */
 class color_table {

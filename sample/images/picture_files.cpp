@@ -15,11 +15,11 @@ namespace velarion {
 
 namespace {
 
-const char SELECTED_SUFFIX[] = "_on";
-const char OFF_SUFFIX[] = "_off";
+constexpr char SELECTED_SUFFIX[] = "_on";
+constexpr char OFF_SUFFIX[] = "_off";
 
-const char IMAGE_PLACEHOLDER[] = "ERROR_IMAGE.png";
-const char MOVIE_PLACEHOLDER[] = "ERROR_MOVIE.gif";
+constexpr char IMAGE_PLACEHOLDER[] = "ERROR_IMAGE.png";
+constexpr char MOVIE_PLACEHOLDER[] = "ERROR_MOVIE.gif";
 
 bool begins_with(const std::string& text, const std::string& beginning) {
     return text.compare(0, beginning.size(), beginning) == 0;
@@ -95,7 +95,7 @@ std::string on_plate(const std::string& document) {
     return result;
 }
 
-const char PLACEHOLDER[] =
+constexpr char PLACEHOLDER[] =
     "<svg xmlns=\"http://www.w3.org/2000/svg\" width=\"100\" height=\"60\" viewBox=\"0 0 100 60\">"
     "<rect width=\"100\" height=\"60\" fill=\"#e5484d\"/>"
     "<rect x=\"2\" y=\"2\" width=\"96\" height=\"56\" fill=\"%1\"/>"

@@ -12,7 +12,7 @@ struct named_kind {
     picture_kind kind;
 };
 
-const picture_kind ICON = {draw_icon, 48, 48, 4.0 / 3, 8, 12};
+constexpr picture_kind ICON = {draw_icon, 48, 48, 4.0 / 3, 8, 12};
 
 /** The first that fits counts. */
 const std::array<named_kind, 19> KINDS = {{

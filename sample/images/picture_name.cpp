@@ -9,7 +9,7 @@ namespace velarion {
 
 namespace {
 
-const std::size_t MOST_WORDS_OF_A_GLYPH = 3;
+constexpr std::size_t MOST_WORDS_OF_A_GLYPH = 3;
 
 const std::map<std::string, picture_state> STATES = {{"on", picture_state::SELECTED},
                                                      {"selected", picture_state::SELECTED},

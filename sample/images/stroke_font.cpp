@@ -8,9 +8,9 @@ namespace velarion {
 
 namespace {
 
-const double CELL_WIDTH = 4;
-const double CELL_HEIGHT = 6;
-const double ADVANCE = 6;
+constexpr double CELL_WIDTH = 4;
+constexpr double CELL_HEIGHT = 6;
+constexpr double ADVANCE = 6;
 
 /** Polylines on a cell of 4 by 6: two digits a point, a blank before each further line. */
 const std::map<char, const char*> LETTERS = {

@@ -82,9 +82,9 @@ struct fake_platform_call {
 
 namespace {
 
-const int MODE_READ = 0;
-const int MODE_WRITE = 1;
-const std::size_t LONGEST_TRACE = 16384; // with the terminating NUL; more is cut
+constexpr int MODE_READ = 0;
+constexpr int MODE_WRITE = 1;
+constexpr std::size_t LONGEST_TRACE = 16384; // with the terminating NUL; more is cut
 
 void record(const char* function) {
     fake_platform_call call({function, {}, "", ""});
@@ -154,7 +154,7 @@ int dvu_dio_fopen(int area, int group, const char* name, int mode, DVU_DIO_HANDL
 int dvu_dio_fread(void* buffer, std::uint32_t size, DVU_DIO_HANDLE handle, std::uint32_t* count) {
     fake_platform_call call({"dvu_dio_fread", {size}, "", ""});
     fake_platform_call::OPEN_FILE* const file = call.open_file(handle, MODE_READ);
-    const int code = call.code_when(file != nullptr);
+    const int code = call.code_when(file);
     *count = 0;
     if (code == 0) {
         const std::size_t delivered = file->bytes.copy(static_cast<char*>(buffer),
@@ -168,7 +168,7 @@ int dvu_dio_fread(void* buffer, std::uint32_t size, DVU_DIO_HANDLE handle, std::
 int dvu_dio_fwrite(const void* data, std::uint32_t size, DVU_DIO_HANDLE handle, std::uint32_t* count) {
     fake_platform_call call({"dvu_dio_fwrite", {size}, "", ""});
     fake_platform_call::OPEN_FILE* const file = call.open_file(handle, MODE_WRITE);
-    const int code = call.code_when(file != nullptr);
+    const int code = call.code_when(file);
     *count = 0;
     if (code == 0) {
         file->bytes.append(static_cast<const char*>(data), size);
@@ -197,12 +197,12 @@ int dvu_dio_fclose(DVU_DIO_HANDLE handle) {
 
 int dvu_dio_existfile(int area, int group, const char* name) {
     fake_platform_call call({"dvu_dio_existfile", {area, group}, name, ""});
-    return call.code_when(call.file(area, group, name) != nullptr);
+    return call.code_when(call.file(area, group, name));
 }
 
 int dvu_dio_remove(int area, int group, const char* name) {
     fake_platform_call call({"dvu_dio_remove", {area, group}, name, ""});
-    const int code = call.code_when(call.file(area, group, name) != nullptr);
+    const int code = call.code_when(call.file(area, group, name));
     if (code == 0) {
         call.state.files.erase({area, group, name});
     }
@@ -212,7 +212,7 @@ int dvu_dio_remove(int area, int group, const char* name) {
 int dvu_dio_stat(int area, int group, const char* name, DVU_DIO_STATUS* status) {
     fake_platform_call call({"dvu_dio_stat", {area, group}, name, ""});
     const std::string* const file = call.file(area, group, name);
-    const int code = call.code_when(file != nullptr);
+    const int code = call.code_when(file);
     if (code == 0) {
         status->size = scripted(call.state.stat_size, file->size());
     }

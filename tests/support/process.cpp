@@ -7,7 +7,7 @@
 
 namespace {
 
-const int CANNOT_RUN = 127;
+constexpr int CANNOT_RUN = 127;
 
 std::string take_contents(int file) {
     std::string contents;

@@ -24,7 +24,7 @@ std::string file_contents(const std::string& path) {
 
 scratch_folder::scratch_folder()
     : path_(TEST_SCRATCH_PARENT "/scratch_XXXXXX") {
-    if (mkdtemp(&path_[0]) == nullptr) {
+    if (!mkdtemp(&path_[0])) {
         throw std::runtime_error(path_ + " cannot be made");
     }
 }

@@ -7,7 +7,8 @@ namespace fs = std::filesystem;
 
 namespace {
 
-const char* const DEVICE_FOLDERS[] = {"/mnt/optlang", "/mnt/sheetext", "/tmp/fonts", "/usr/local/vuk_app"};
+constexpr const char* DEVICE_FOLDERS[] = {"/mnt/optlang", "/mnt/sheetext", "/tmp/fonts",
+                                          "/usr/local/vuk_app"};
 
 void empty_device() {
     for (const char* folder : DEVICE_FOLDERS) {
@@ -22,7 +23,7 @@ void empty_device() {
 } // namespace
 
 void scratch_tree::SetUp() {
-    if (std::getenv("PANEL_DEVICE_SCRATCH") == nullptr) {
+    if (!std::getenv("PANEL_DEVICE_SCRATCH")) {
         FAIL() << "run this test through scripts/device-shell --scratch";
     }
     platform_.reset();

@@ -196,7 +196,7 @@ int remove_attribute(const QStringList& arguments, bool) {
     return code == PLATFORM_OK ? EXIT_FOUND : report_failure(code, fault);
 }
 
-const command_action ACTIONS[] = {
+constexpr command_action ACTIONS[] = {
     {"list", 0, list_settings},
     {"get", 1, get_setting},
     {"set", 2, set_setting},

@@ -7,7 +7,7 @@ namespace velarion {
 
 namespace {
 
-const std::uint32_t PANEL_GROUP = 0x04050300;
+constexpr std::uint32_t PANEL_GROUP = 0x04050300;
 
 template <typename CONDITION> const KNOWN_SETTING* find_if(CONDITION condition) {
     const KNOWN_SETTING* const end = KNOWN_SETTINGS + KNOWN_SETTING_NUMBER;

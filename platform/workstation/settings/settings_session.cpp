@@ -24,7 +24,7 @@ constexpr int READ_WAIT = 2000;   // milliseconds that a reader waits for a chan
 constexpr int WRITE_WAIT = 10000; // milliseconds that a writer waits for other writers
 constexpr int MOST_LINKS = 40;
 constexpr char BEING_CHANGED[] = "is being changed by another process; try again later";
-const char* const JOURNAL_SUFFIXES[] = {"-journal", "-wal"};
+constexpr const char* JOURNAL_SUFFIXES[] = {"-journal", "-wal"};
 
 /** Calls @p attempt until it no longer returns PLATFORM_STORE_BUSY or the time is over. */
 template <typename ATTEMPT> PLATFORM_CODE retry(int milliseconds, const ATTEMPT& attempt) {

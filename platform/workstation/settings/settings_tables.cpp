@@ -10,7 +10,7 @@ namespace {
 constexpr std::int64_t SCHEMA_VERSION = 1;
 constexpr char START_ANEW[] = "; move the file away to start with the defaults";
 
-const char* const SCHEMA[] = {
+constexpr const char* SCHEMA[] = {
     "CREATE TABLE setting (grp INTEGER NOT NULL, item INTEGER NOT NULL,"
     " width INTEGER NOT NULL CHECK (width IN (8, 16, 32)), name TEXT NOT NULL UNIQUE,"
     " value INTEGER NOT NULL CHECK (typeof(value) = 'integer' AND value >= 0 AND value < (1 << width)),"

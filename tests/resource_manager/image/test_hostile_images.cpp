@@ -12,7 +12,7 @@ namespace fs = std::filesystem;
 
 namespace {
 
-const long MEMORY_ALLOWANCE = 384L * 1024; // kilobytes beyond what was used before
+constexpr long MEMORY_ALLOWANCE = 384L * 1024; // kilobytes beyond what was used before
 
 long peak_memory() {
     rusage usage;
@@ -24,10 +24,10 @@ std::string repeated(const std::string& text, int count) {
     return QByteArray(text.c_str()).repeated(count).constData();
 }
 
-const char SHAPE[] = "<rect width=\"9\" height=\"9\" fill=\"red\"/>";
+constexpr char SHAPE[] = "<rect width=\"9\" height=\"9\" fill=\"red\"/>";
 
 /** A compressed document of one shape. */
-const char COMPRESSED[] =
+constexpr char COMPRESSED[] =
     "\x1f\x8b\x08\x00\x00\x00\x00\x00\x02\x03\x15\xca\x41\x0a\x80 \x10\x00\xc0\xaf,\xfb\x00w\xa9"
     "\x93\xa1\x1e\xba\xf7\x88\xa0\xd0\xa0RR\x5c\xe9\xf5\xd9u\x18\x93\xab\x87v\x9dw\xb6\x18JI\x13"
     "\x91\x88(\x19U|<\x0d\xccL} \xd4\x63\x97\x39\x36\x8b\x0c\x0c\x1a\x34:\x93\xd6\x12`\xb3\xb8t"

@@ -11,7 +11,7 @@ namespace {
 
 using namespace velarion;
 
-const char NAME[] = "logo.dat";
+constexpr char NAME[] = "logo.dat";
 
 class image_data : public image_device {
 protected:

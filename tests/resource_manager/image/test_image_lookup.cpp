@@ -14,8 +14,8 @@ namespace fs = std::filesystem;
 
 namespace {
 
-const char LIST_FILE[] = "d_gra_component_list_globalnavi.svg";
-const char QUICK_FILE[] = "ico_globalnavi_quick.svg";
+constexpr char LIST_FILE[] = "d_gra_component_list_globalnavi.svg";
+constexpr char QUICK_FILE[] = "ico_globalnavi_quick.svg";
 
 /** A picture of that natural size, green to its middle. */
 std::string svg_picture(int width, int height) {
@@ -59,7 +59,7 @@ TEST_F(image_lookup, tells_identifiers_apart_and_moves_the_current_element_or_no
         {"84", 0, " "},
     };
     for (const auto& row : rows) {
-        SCOPED_TRACE(row.id == nullptr ? "null" : row.id);
+        SCOPED_TRACE(!row.id ? "null" : row.id);
         EXPECT_EQ(manager_->dvc_pnl_rmg_get_image_type(row.id), row.type);
         EXPECT_EQ(current_file(), row.current_file);
     }

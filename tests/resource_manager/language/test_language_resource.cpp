@@ -16,8 +16,8 @@ namespace {
 
 const Qt::LayoutDirection LEFT = Qt::LeftToRight;
 const Qt::LayoutDirection RIGHT = Qt::RightToLeft;
-const char LOAD_PAPER[] = "\xE7\xB4\x99\n\xE7\x84\xA1\xE3\x81\x97";
-const char RUSSIAN_COPY[] =
+constexpr char LOAD_PAPER[] = "\xE7\xB4\x99\n\xE7\x84\xA1\xE3\x81\x97";
+constexpr char RUSSIAN_COPY[] =
     "\xD0\x9A\xD0\xBE\xD0\xBF\xD0\xB8\xD1\x80\xD0\xBE\xD0\xB2\xD0\xB0\xD0\xBD\xD0\xB8\xD0\xB5";
 
 using SELECTION = std::pair<int, int>;
@@ -143,7 +143,7 @@ TEST_F(language_resource, message_data_goes_before_what_the_text_held) {
         {"a", DVC_PNL_RMG_RESULT_OK, "caf\xE9-", 4711},
     };
     for (const auto& row : rows) {
-        SCOPED_TRACE(row.file == nullptr ? "null" : row.file);
+        SCOPED_TRACE(!row.file ? "null" : row.file);
         std::string text = "-";
         int error = 4711;
         EXPECT_EQ(create().dvc_pnl_rmg_get_message_data(row.file, text, error), row.result);

@@ -17,10 +17,10 @@ struct table {
     const char* lines;
 };
 
-const table MESSAGES = {"messages.tsv", "id\tname\trow\n5\tA\t1\n"};
-const table TEXTS = {"texts/en.tsv", "row\ttext\n2\ta\n"};
-const table IMAGES = {"images.tsv", "id\tname\tfile\n5\tA\ta_1.0.svg\n"};
-const table PROPERTIES = {"packs/86/pack.conf", "font_family = F\ndirection=rtl\n"};
+constexpr table MESSAGES = {"messages.tsv", "id\tname\trow\n5\tA\t1\n"};
+constexpr table TEXTS = {"texts/en.tsv", "row\ttext\n2\ta\n"};
+constexpr table IMAGES = {"images.tsv", "id\tname\tfile\n5\tA\ta_1.0.svg\n"};
+constexpr table PROPERTIES = {"packs/86/pack.conf", "font_family = F\ndirection=rtl\n"};
 
 /** Lines that are refused alone in their file, and what the report of each holds. */
 const struct {

@@ -18,7 +18,7 @@ const struct {
     {"?\?=?\?/?\?(!?\?", "?\?=?\?/?\?(!?\?"},
     {"\x01\x1A\x7F .\xE3\x82\xB3\xF0\x9F\x96\xA8 1", "\x01\x1A\x7F .\xE3\x82\xB3\xF0\x9F\x96\xA8 1"},
 };
-const int FIRST_ROW = 2;
+constexpr int FIRST_ROW = 2;
 
 std::string table_of_texts() {
     std::string table = "row\ttext\n";
@@ -44,7 +44,7 @@ void* load_compiled(const scratch_catalogue& catalogue, const std::vector<std::s
 }
 
 template <typename TYPE> TYPE symbol(void* library, const char* name) {
-    return reinterpret_cast<TYPE>(library == nullptr ? nullptr : dlsym(library, name));
+    return reinterpret_cast<TYPE>(!library ? nullptr : dlsym(library, name));
 }
 
 } // namespace
@@ -59,7 +59,7 @@ TEST(generated_source, message_tables_hold_what_the_catalogue_says) {
     const auto* size = symbol<const int*>(library, "dvc_pnl_rmg_imple_message_table_size");
     using ROW = const char* const[DVC_PNL_RMG_STANDARD_LANGUAGE_COUNT];
     const auto* rows = symbol<const ROW*>(library, "standard_language_message_table");
-    ASSERT_TRUE(ids != nullptr && size != nullptr && rows != nullptr);
+    ASSERT_TRUE(ids && size && rows);
     ASSERT_EQ(*size, 2);
     EXPECT_EQ(ids[0].message_id, 7);
     EXPECT_STREQ(ids[0].message_name, "NAME \"\\ ?\?=\t");
@@ -92,7 +92,7 @@ TEST(generated_source, a_pack_answers_for_its_own_language_and_rows) {
     const auto is_valid = symbol<int (*)(int)>(library, "isValidOptionLanguage");
     const auto message = symbol<const char* (*)(long, int)>(library, "optionMessage");
     const auto family = symbol<const char* (*)(int, int)>(library, "optionFontFamily");
-    ASSERT_TRUE(is_valid != nullptr && message != nullptr && family != nullptr);
+    ASSERT_TRUE(is_valid && message && family);
     int row = FIRST_ROW;
     for (const auto& text : TEXTS) {
         EXPECT_STREQ(message(row++, 86), text.text);

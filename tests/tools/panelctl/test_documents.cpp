@@ -10,8 +10,8 @@ namespace {
 using documents = device;
 using sample_documents = sample_catalogue_device;
 
-const char MESSAGES[] = "/mnt/sheetext/message_data.xml";
-const char STRINGS[] = "/mnt/sheetext/strings.xml";
+constexpr char MESSAGES[] = "/mnt/sheetext/message_data.xml";
+constexpr char STRINGS[] = "/mnt/sheetext/strings.xml";
 
 /** The characters that a keyboard types, held ones and compositions included. */
 std::set<QString> typed_by(const QJsonObject& board) {

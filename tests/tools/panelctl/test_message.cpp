@@ -15,7 +15,7 @@ using panel_message = device;
 using sample_message = sample_catalogue_device;
 using texts_by_language = std::vector<std::pair<int, std::string>>;
 
-const int LANGUAGE_IDS[] = {81, 1, 49, 33, 34, 39, 31, 7}; // in the order of the catalogue's languages
+constexpr int LANGUAGE_IDS[] = {81, 1, 49, 33, 34, 39, 31, 7}; // in the order of the catalogue's languages
 
 texts_by_language texts_of(const QJsonValue& entry) {
     texts_by_language texts;

@@ -9,12 +9,12 @@ namespace velarion {
 
 namespace {
 
-const double DP_TO_PX = 9.0 / 7.0;
-const float HALF = 0.5F;
-const int HIGHEST_TABLE_DP = static_cast<int>(dvc_pnl_common_utility::DP2PX_TABLE_SIZE) - 1;
-const double PX_PER_MM[] = {5.2002, 5.6053};
-const char DP_SUFFIX[] = "dp";
-const char FAILURE_TEXT[] = "0";
+constexpr double DP_TO_PX = 9.0 / 7.0;
+constexpr float HALF = 0.5F;
+constexpr int HIGHEST_TABLE_DP = static_cast<int>(dvc_pnl_common_utility::DP2PX_TABLE_SIZE) - 1;
+constexpr double PX_PER_MM[] = {5.2002, 5.6053};
+constexpr char DP_SUFFIX[] = "dp";
+constexpr char FAILURE_TEXT[] = "0";
 
 /** dp * 9/7 plus half of @p doubled_addend, rounded down. */
 constexpr std::int32_t table_entry(std::int32_t dp, std::int32_t doubled_addend) {

@@ -21,7 +21,7 @@ namespace velarion {
  * @return the text, never a null QString
  */
 inline QString dvc_pnl_utl_from_8bit(const char* text) {
-    if (text == nullptr || *text == '\0') {
+    if (!text || *text == '\0') {
         return QString::fromLatin1("");
     }
 #if QT_VERSION < 0x050000

@@ -12,13 +12,13 @@ namespace velarion {
 
 namespace {
 
-const int READINESS_CHECKS = 1024;
-const unsigned long READINESS_PAUSE = 300; // platform time units
-const long CHECK_MODE = 1;
-const long SEND_MODE = 1;
-const int FREE_MUTEX = 1;
-const int RESULT_OK = 0;
-const int RESULT_NONE = -1;
+constexpr int READINESS_CHECKS = 1024;
+constexpr unsigned long READINESS_PAUSE = 300; // platform time units
+constexpr long CHECK_MODE = 1;
+constexpr long SEND_MODE = 1;
+constexpr int FREE_MUTEX = 1;
+constexpr int RESULT_OK = 0;
+constexpr int RESULT_NONE = -1;
 
 static_assert(sizeof(int) == sizeof(std::int32_t), "an argument fills the value of a record");
 static_assert(sizeof(OSW_Timer_Control) >= sizeof(std::int32_t),

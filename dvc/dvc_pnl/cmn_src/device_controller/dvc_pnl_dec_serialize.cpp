@@ -7,8 +7,8 @@ namespace velarion {
 
 namespace {
 
-const unsigned long TIMER_CONTROL_KIND = 0x24000;
-const std::int32_t UNDECODED = 1;
+constexpr unsigned long TIMER_CONTROL_KIND = 0x24000;
+constexpr std::int32_t UNDECODED = 1;
 
 } // namespace
 

@@ -4,8 +4,8 @@ namespace velarion {
 
 namespace {
 
-const char STRING_ELEMENT[] = "string";
-const char NAME_ATTRIBUTE[] = "name";
+constexpr char STRING_ELEMENT[] = "string";
+constexpr char NAME_ATTRIBUTE[] = "name";
 
 } // namespace
 

@@ -18,15 +18,15 @@ namespace velarion {
 
 namespace {
 
-const int RESULT_READ = 1;
-const int RESULT_FAILURE = -65536;
-const int HANDLER_GOES_ON = 1;
-const int TRACE_MODULE = 0x5302;
-const int TRACE_GROUP = 0x102;
-const int TRACE_KIND_ERROR = 5;
-const char SOURCE_NAME[] = "dvc_pnl_utl_xml_parameter_handler";
-const int TEXT_MEMORY = 256;            // characters of the buffer at first
-const int MOST_KEPT_TEXT_MEMORY = 4096; // a buffer that grew beyond is given back at the element's end
+constexpr int RESULT_READ = 1;
+constexpr int RESULT_FAILURE = -65536;
+constexpr int HANDLER_GOES_ON = 1;
+constexpr int TRACE_MODULE = 0x5302;
+constexpr int TRACE_GROUP = 0x102;
+constexpr int TRACE_KIND_ERROR = 5;
+constexpr char SOURCE_NAME[] = "dvc_pnl_utl_xml_parameter_handler";
+constexpr int TEXT_MEMORY = 256;            // characters of the buffer at first
+constexpr int MOST_KEPT_TEXT_MEMORY = 4096; // a buffer that grew beyond is given back at the element's end
 
 bool is_ascii_space(ushort unit) {
     return unit == ' ' || (unit >= '\t' && unit <= '\r');

@@ -19,8 +19,8 @@ namespace fs = std::filesystem;
 
 namespace {
 
-const int AREA = 4;
-const int GROUP = 33;
+constexpr int AREA = 4;
+constexpr int GROUP = 33;
 
 int (*at_sync)(bool is_folder) = nullptr; // comes before the system's; not 0: in its place
 std::vector<pid_t> children;

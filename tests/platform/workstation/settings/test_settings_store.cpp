@@ -18,9 +18,9 @@ using namespace velarion;
 
 namespace {
 
-const std::uint32_t GROUP = 0x04050300;
-const std::uint32_t PANEL_LANGUAGE = 0x8500AB20;
-const std::uint32_t DESTINATION = 0x85005350;
+constexpr std::uint32_t GROUP = 0x04050300;
+constexpr std::uint32_t PANEL_LANGUAGE = 0x8500AB20;
+constexpr std::uint32_t DESTINATION = 0x85005350;
 
 /** @return the setting; -1 when there is none or the read touched more than its own bytes */
 template <typename NUMBER> std::int64_t read_setting(std::uint32_t item) {

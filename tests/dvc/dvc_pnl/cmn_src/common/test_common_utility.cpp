@@ -17,8 +17,8 @@ namespace {
 const utility::ROUNDING_TYPE CEIL = utility::ROUNDING_CEIL;
 const utility::ROUNDING_TYPE FLOOR = utility::ROUNDING_FLOOR;
 const utility::ROUNDING_TYPE ROUND = utility::ROUNDING_ROUND;
-const int INT_LEAST = std::numeric_limits<int>::min();
-const int INT_MOST = std::numeric_limits<int>::max();
+constexpr int INT_LEAST = std::numeric_limits<int>::min();
+constexpr int INT_MOST = std::numeric_limits<int>::max();
 
 } // namespace
 

@@ -18,10 +18,10 @@ using namespace velarion;
 
 namespace {
 
-const int MOST = std::numeric_limits<int>::max();
-const int LEAST = std::numeric_limits<int>::min();
-const int NO_RESULT = 4711;
-const int TIMER_FUNCTION = 108;
+constexpr int MOST = std::numeric_limits<int>::max();
+constexpr int LEAST = std::numeric_limits<int>::min();
+constexpr int NO_RESULT = 4711;
+constexpr int TIMER_FUNCTION = 108;
 
 using numbers = std::vector<std::int64_t>;
 

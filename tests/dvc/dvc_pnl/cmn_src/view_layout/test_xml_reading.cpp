@@ -23,8 +23,8 @@ using event_names = std::vector<std::string>;
 
 namespace {
 
-const int READ = 1;
-const int FAILURE = -65536;
+constexpr int READ = 1;
+constexpr int FAILURE = -65536;
 
 /** Writes events down, "<name" for a start and "name>text" for an end, and stops at one when asked to. */
 class event_list : public velarion::dvc_pnl_utl_xml_handler_base {
