@@ -4,7 +4,7 @@
 
 namespace velarion {
 
-PLATFORM_CODE platform_code_of_errno(int error) {
+platform_code platform_code_of_errno(int error) {
     switch (error) {
     case ENOENT:
         return PLATFORM_NOT_FOUND;

@@ -4,7 +4,7 @@
 namespace velarion {
 
 /** Results of the workstation's platform services. The numbers are fixed: callers store and print them. */
-enum [[nodiscard]] PLATFORM_CODE : int{
+enum [[nodiscard]] platform_code : int{
     PLATFORM_OK = 0,
     PLATFORM_INVALID_ARGUMENT = 1, ///< such as a null pointer, an empty name, an unknown mode or width
     PLATFORM_NOT_FOUND = 2,        ///< no such file or language attribute
@@ -34,7 +34,7 @@ enum [[nodiscard]] PLATFORM_CODE : int{
 };
 
 /** Any thread. @return the code that stands for @p error, a non-zero value of errno */
-PLATFORM_CODE platform_code_of_errno(int error);
+platform_code platform_code_of_errno(int error);
 
 } // namespace velarion
 

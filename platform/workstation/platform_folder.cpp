@@ -19,14 +19,14 @@ std::string environment(const char* name) {
 }
 
 /** A parent that cannot be read leaves it to the system when the new folder reaches the storage device. */
-PLATFORM_CODE sync_parent(const std::string& path) {
+platform_code sync_parent(const std::string& path) {
     const std::string::size_type slash = path.rfind('/');
     const std::string parent = slash == std::string::npos ? "." : path.substr(0, slash + 1);
     const file_descriptor folder(::open(parent.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
     return folder.get() >= 0 ? sync_folder(folder.get()) : PLATFORM_OK;
 }
 
-PLATFORM_CODE make_folder(const std::string& path) {
+platform_code make_folder(const std::string& path) {
     if (::mkdir(path.c_str(), FOLDER_MODE) == 0) {
         if (sync_parent(path) == PLATFORM_OK) {
             return PLATFORM_OK;
@@ -57,21 +57,21 @@ std::string platform_folder() {
     return home.empty() ? home : home + "/.local/state/panel_platform";
 }
 
-PLATFORM_CODE make_platform_folder() {
+platform_code make_platform_folder() {
     const std::string folder = platform_folder();
     if (folder.empty()) {
         return PLATFORM_NO_FOLDER;
     }
     for (std::string::size_type end = folder.find('/', 1); end != std::string::npos;
          end = folder.find('/', end + 1)) {
-        if (const PLATFORM_CODE failure = make_folder(folder.substr(0, end))) {
+        if (const platform_code failure = make_folder(folder.substr(0, end))) {
             return failure;
         }
     }
     return make_folder(folder);
 }
 
-PLATFORM_CODE sync_folder(int folder) {
+platform_code sync_folder(int folder) {
     return ::fsync(folder) == 0 || errno == EINVAL ? PLATFORM_OK : PLATFORM_NOT_DURABLE;
 }
 

@@ -21,13 +21,13 @@ PANEL_PLATFORM_EXPORT std::string platform_folder();
  * Creates the folder, and whatever is missing above it, for the owner alone (mode 0700).
  * @return PLATFORM_OK also when it exists; PLATFORM_NO_FOLDER, or why it cannot be created
  */
-PLATFORM_CODE make_platform_folder();
+platform_code make_platform_folder();
 
 /**
  * Waits until what was made, renamed or removed in a folder is on the storage device.
  * @param folder  the folder, open; a file system that has no such step counts as done
  */
-PLATFORM_CODE sync_folder(int folder);
+platform_code sync_folder(int folder);
 
 } // namespace velarion
 

@@ -61,16 +61,16 @@ std::string new_temporary_name() {
 
 } // namespace
 
-PLATFORM_CODE replacement_file::create(FILE_PLACE place, std::unique_ptr<replacement_file>& file) {
+platform_code replacement_file::create(file_place place, std::unique_ptr<replacement_file>& file) {
     std::unique_ptr<replacement_file> made(new replacement_file(std::move(place)));
-    const PLATFORM_CODE code = made->make();
+    const platform_code code = made->make();
     if (code == PLATFORM_OK) {
         file = std::move(made);
     }
     return code;
 }
 
-replacement_file::replacement_file(FILE_PLACE place)
+replacement_file::replacement_file(file_place place)
     : place_(std::move(place))
     , failure_(PLATFORM_OK) {}
 
@@ -81,7 +81,7 @@ replacement_file::~replacement_file() {
 }
 
 /** Another writer's cleaning may take a new file before it is locked: then another one, without waiting. */
-PLATFORM_CODE replacement_file::make() {
+platform_code replacement_file::make() {
     const int folder = place_.folder.get();
     remove_abandoned_files(folder);
     for (int attempt = 0; attempt < CREATE_ATTEMPTS; ++attempt) {
@@ -108,7 +108,7 @@ PLATFORM_CODE replacement_file::make() {
     return PLATFORM_IO_ERROR;
 }
 
-PLATFORM_CODE replacement_file::write(const void* data, std::size_t size, std::size_t& count) {
+platform_code replacement_file::write(const void* data, std::size_t size, std::size_t& count) {
     count = 0;
     while (count < size) {
         const ssize_t put = ::write(file_.get(), static_cast<const char*>(data) + count, size - count);
@@ -120,11 +120,11 @@ PLATFORM_CODE replacement_file::write(const void* data, std::size_t size, std::s
     return PLATFORM_OK;
 }
 
-PLATFORM_CODE replacement_file::sync() {
+platform_code replacement_file::sync() {
     return ::fsync(file_.get()) == 0 ? PLATFORM_OK : note(platform_code_of_errno(errno));
 }
 
-PLATFORM_CODE replacement_file::take_rights_of(const struct stat& replaced) {
+platform_code replacement_file::take_rights_of(const struct stat& replaced) {
     struct stat own = {};
     if (::fstat(file_.get(), &own) != 0) {
         return note(platform_code_of_errno(errno));
@@ -137,11 +137,11 @@ PLATFORM_CODE replacement_file::take_rights_of(const struct stat& replaced) {
     return PLATFORM_OK;
 }
 
-PLATFORM_CODE replacement_file::commit() {
+platform_code replacement_file::commit() {
     if (failure_ != PLATFORM_OK) {
         return failure_;
     }
-    if (const PLATFORM_CODE failure = sync()) {
+    if (const platform_code failure = sync()) {
         return failure;
     }
     const int folder = place_.folder.get();
@@ -152,7 +152,7 @@ PLATFORM_CODE replacement_file::commit() {
     return sync_folder(folder);
 }
 
-PLATFORM_CODE replacement_file::note(PLATFORM_CODE code) {
+platform_code replacement_file::note(platform_code code) {
     failure_ = failure_ == PLATFORM_OK ? code : failure_;
     return code;
 }

@@ -15,7 +15,7 @@ namespace velarion {
 constexpr char TEMPORARY_PREFIX[] = ".panel_platform_tmp.";
 
 /** Where a file is or will be: its folder, held open, and its name in it. */
-struct FILE_PLACE {
+struct file_place {
     file_descriptor folder;
     std::string name;
 };
@@ -31,34 +31,34 @@ public:
      * Starts an empty replacement (mode 0600) and removes those whose writers died.
      * @param file  receives it; unchanged on failure
      */
-    static PLATFORM_CODE create(FILE_PLACE place, std::unique_ptr<replacement_file>& file);
+    static platform_code create(file_place place, std::unique_ptr<replacement_file>& file);
 
     ~replacement_file(); ///< discards what was not committed
     replacement_file(const replacement_file&) = delete;
     replacement_file& operator=(const replacement_file&) = delete;
 
     /** Appends all of @p data. @param count  receives the bytes written. A failure makes commit() fail. */
-    PLATFORM_CODE write(const void* data, std::size_t size, std::size_t& count);
+    platform_code write(const void* data, std::size_t size, std::size_t& count);
     /** Waits until what was written is on the storage device. A failure makes commit() fail. */
-    PLATFORM_CODE sync();
+    platform_code sync();
     /** Takes over owner, group and mode of the file that is replaced. A failure makes commit() fail. */
-    PLATFORM_CODE take_rights_of(const struct stat& replaced);
+    platform_code take_rights_of(const struct stat& replaced);
     /**
      * Puts the content in the file's place.
      * @return the first failure, with the earlier file kept; PLATFORM_NOT_DURABLE when the new content is in
      *         place and only the folder did not reach the storage device
      */
-    PLATFORM_CODE commit();
+    platform_code commit();
 
 private:
-    explicit replacement_file(FILE_PLACE place);
-    PLATFORM_CODE make();
-    PLATFORM_CODE note(PLATFORM_CODE code);
+    explicit replacement_file(file_place place);
+    platform_code make();
+    platform_code note(platform_code code);
 
-    FILE_PLACE place_;
+    file_place place_;
     file_descriptor file_;
     std::string temporary_name_; // empty when there is none
-    PLATFORM_CODE failure_;      // the first one
+    platform_code failure_;      // the first one
 };
 
 } // namespace velarion

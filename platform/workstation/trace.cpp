@@ -92,7 +92,7 @@ std::string record_head(int module, int group, int kind) {
 }
 
 /** One call of write() for the whole line, so that records of several processes stay whole. */
-PLATFORM_CODE write_line(int descriptor, const std::string& line) {
+platform_code write_line(int descriptor, const std::string& line) {
     static std::mutex* const writing = new std::mutex;
     const std::lock_guard<std::mutex> lock(*writing);
     ssize_t written = -1;
@@ -114,7 +114,7 @@ void report_once(const char* file, int error) {
     }
 }
 
-PLATFORM_CODE write_record(const std::string& line) {
+platform_code write_record(const std::string& line) {
     const char* const file = std::getenv("PANEL_TRACE_FILE");
     if (!file || !*file) {
         return write_line(STDERR_FILENO, line);
@@ -131,10 +131,10 @@ PLATFORM_CODE write_record(const std::string& line) {
     return write_line(descriptor.get(), line);
 }
 
-PLATFORM_CODE trace(int module, int group, int kind, const char* format, va_list arguments)
+platform_code trace(int module, int group, int kind, const char* format, va_list arguments)
     __attribute__((format(printf, 4, 0)));
 
-PLATFORM_CODE trace(int module, int group, int kind, const char* format, va_list arguments) {
+platform_code trace(int module, int group, int kind, const char* format, va_list arguments) {
     std::string text = "(null)";
     if (format && !format_text(text, format, arguments)) {
         return PLATFORM_INVALID_ARGUMENT;

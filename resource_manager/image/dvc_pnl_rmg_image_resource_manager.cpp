@@ -27,11 +27,11 @@ constexpr int TRACE_MODULE = 0x5302;
 constexpr int TRACE_GROUP = 0x102;
 constexpr int TRACE_PERFORMANCE = 0x102;
 
-struct FILE_TYPE {
+struct file_type {
     const char* extension;
     int type;
 };
-constexpr FILE_TYPE FILE_TYPES[] = {
+constexpr file_type FILE_TYPES[] = {
     {".png", DVC_PNL_RMG_IMAGE_TYPE_STILL},
     {".gif", DVC_PNL_RMG_IMAGE_TYPE_MOVIE},
     {SVG_EXTENSION, DVC_PNL_RMG_IMAGE_TYPE_STILL},
@@ -82,7 +82,7 @@ void add_with_darker_name(QStringList& candidates, const QString& name) {
 } // namespace
 
 /** One image request: what is asked for and where the answer goes. */
-struct dvc_pnl_rmg_image_resource_manager::REQUEST {
+struct dvc_pnl_rmg_image_resource_manager::image_request {
     const QString& id;
     const QString& suffix;
     int width;
@@ -159,7 +159,7 @@ int dvc_pnl_rmg_image_resource_manager::dvc_pnl_rmg_get_image(const QString& id,
                                                               const QString& suffix, std::string& found_name,
                                                               int width, int height) {
     found_name.clear();
-    REQUEST request = {id, suffix, width, height, *pixmap, found_name};
+    image_request request = {id, suffix, width, height, *pixmap, found_name};
     if (id.contains(QLatin1Char(EXTERNAL_MARK))) {
         return get_external_image(request);
     }
@@ -173,7 +173,7 @@ int dvc_pnl_rmg_image_resource_manager::dvc_pnl_rmg_get_image(const QString& id,
     return dvc_pnl_rmg_get_image(id, pixmap, QString(), found_name, width, height);
 }
 
-int dvc_pnl_rmg_image_resource_manager::get_external_image(REQUEST& request) {
+int dvc_pnl_rmg_image_resource_manager::get_external_image(image_request& request) {
     const std::string id = to_utf8(request.id);
     const auto image = external_images_.find(id);
     if (image == external_images_.end()) {
@@ -186,7 +186,7 @@ int dvc_pnl_rmg_image_resource_manager::get_external_image(REQUEST& request) {
     return DVC_PNL_RMG_IMAGE_OK;
 }
 
-int dvc_pnl_rmg_image_resource_manager::get_file_image(REQUEST& request) {
+int dvc_pnl_rmg_image_resource_manager::get_file_image(image_request& request) {
     const QString name = get_image_name_with_state_suffix(request.id, request.suffix);
     QStringList candidates;
     add_with_darker_name(candidates, name);
@@ -205,7 +205,7 @@ int dvc_pnl_rmg_image_resource_manager::get_file_image(REQUEST& request) {
     return fail(request, is_svg_request ? DVC_PNL_RMG_IMAGE_SVG_FAILED : DVC_PNL_RMG_IMAGE_LOAD_FAILED);
 }
 
-int dvc_pnl_rmg_image_resource_manager::get_table_image(REQUEST& request, int number) {
+int dvc_pnl_rmg_image_resource_manager::get_table_image(image_request& request, int number) {
     if (!find_current_image(request.id, number)) {
         return fail(request, DVC_PNL_RMG_IMAGE_NOT_FOUND);
     }
@@ -239,7 +239,7 @@ bool dvc_pnl_rmg_image_resource_manager::find_current_image(const QString& id, i
            dvc_pnl_rmg_search_image_id_info(id.toUtf8().constData()) != DVC_PNL_RMG_IMAGE_TYPE_NONE;
 }
 
-bool dvc_pnl_rmg_image_resource_manager::take_cached(REQUEST& request, const QString& name) {
+bool dvc_pnl_rmg_image_resource_manager::take_cached(image_request& request, const QString& name) {
     QString key;
     dvc_pnl_rmg_create_image_id(name, request.width, request.height, key);
     const QPixmap* cached = image_cache_->dvc_pnl_rmg_image_get_pixmap(key);
@@ -251,7 +251,7 @@ bool dvc_pnl_rmg_image_resource_manager::take_cached(REQUEST& request, const QSt
     return true;
 }
 
-bool dvc_pnl_rmg_image_resource_manager::take_rendered(REQUEST& request, const QString& name,
+bool dvc_pnl_rmg_image_resource_manager::take_rendered(image_request& request, const QString& name,
                                                        bool is_cacheable) {
     std::unique_ptr<QPixmap> picture(dvc_pnl_rmg_create_svg_image_data(name, request.width, request.height));
     if (picture->isNull()) {
@@ -267,7 +267,7 @@ bool dvc_pnl_rmg_image_resource_manager::take_rendered(REQUEST& request, const Q
     return true;
 }
 
-bool dvc_pnl_rmg_image_resource_manager::take_loaded(REQUEST& request, const QString& directory,
+bool dvc_pnl_rmg_image_resource_manager::take_loaded(image_request& request, const QString& directory,
                                                      const QString& name) {
     QPixmap picture;
     if (!dvc_pnl_rmg_load_image_file(directory + name, picture)) {
@@ -282,7 +282,7 @@ bool dvc_pnl_rmg_image_resource_manager::take_loaded(REQUEST& request, const QSt
     return true;
 }
 
-int dvc_pnl_rmg_image_resource_manager::fail(REQUEST& request, int result) {
+int dvc_pnl_rmg_image_resource_manager::fail(image_request& request, int result) {
     get_error_image(&request.pixmap);
     return result;
 }
@@ -340,7 +340,7 @@ bool dvc_pnl_rmg_image_resource_manager::search_image_element(const DVC_PNL_RMG_
 
 int dvc_pnl_rmg_image_resource_manager::judgement_image_type(const DVC_PNL_RMG_IMPL_IMAGE_NAME& image) {
     const QString name = dvc_pnl_utl_from_8bit(image.file_name).toLower();
-    for (const FILE_TYPE& file_type : FILE_TYPES) {
+    for (const file_type& file_type : FILE_TYPES) {
         if (name.endsWith(QLatin1String(file_type.extension))) {
             return file_type.type;
         }

@@ -236,19 +236,19 @@ public:
     void dvc_pnl_rmg_clear_external_image(const std::string& id);
 
 private:
-    struct REQUEST;
+    struct image_request;
 
     dvc_pnl_rmg_image_resource_manager();
     ~dvc_pnl_rmg_image_resource_manager() override;
 
-    int get_external_image(REQUEST& request);
-    int get_file_image(REQUEST& request);
-    int get_table_image(REQUEST& request, int number);
+    int get_external_image(image_request& request);
+    int get_file_image(image_request& request);
+    int get_table_image(image_request& request, int number);
     bool find_current_image(const QString& id, int number);
-    bool take_cached(REQUEST& request, const QString& name);
-    bool take_rendered(REQUEST& request, const QString& name, bool is_cacheable);
-    bool take_loaded(REQUEST& request, const QString& directory, const QString& name);
-    int fail(REQUEST& request, int result);
+    bool take_cached(image_request& request, const QString& name);
+    bool take_rendered(image_request& request, const QString& name, bool is_cacheable);
+    bool take_loaded(image_request& request, const QString& directory, const QString& name);
+    int fail(image_request& request, int result);
     static bool is_requested_size(int width, int height);
     static QSize requested_size(int width, int height);
     QString error_movie_path() const;

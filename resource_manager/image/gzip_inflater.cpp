@@ -300,7 +300,7 @@ bool is_gzip(const QByteArray& bytes) {
     return bytes.startsWith("\x1F\x8B");
 }
 
-GZIP_RESULT inflate_gzip(const QByteArray& compressed, int limit, QByteArray& inflated) {
+gzip_result inflate_gzip(const QByteArray& compressed, int limit, QByteArray& inflated) {
     const OUTCOME outcome = gzip_inflater(compressed, static_cast<std::size_t>(limit), inflated).run();
     return outcome == BROKEN ? GZIP_BROKEN : (outcome == TOO_LARGE ? GZIP_TOO_LARGE : GZIP_INFLATED);
 }

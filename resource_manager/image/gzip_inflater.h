@@ -9,7 +9,7 @@ namespace velarion {
 bool is_gzip(const QByteArray& bytes);
 
 /** A result of inflate_gzip(). */
-enum GZIP_RESULT { GZIP_INFLATED, GZIP_BROKEN, GZIP_TOO_LARGE };
+enum gzip_result { GZIP_INFLATED, GZIP_BROKEN, GZIP_TOO_LARGE };
 
 /**
  * Inflates gzip data, of one member or several, as the toolkit does for compressed SVG documents: data that
@@ -19,7 +19,7 @@ enum GZIP_RESULT { GZIP_INFLATED, GZIP_BROKEN, GZIP_TOO_LARGE };
  * @param limit     most bytes that may come out; no more are held
  * @param inflated  receives the bytes; undefined on failure
  */
-[[nodiscard]] GZIP_RESULT inflate_gzip(const QByteArray& compressed, int limit, QByteArray& inflated);
+[[nodiscard]] gzip_result inflate_gzip(const QByteArray& compressed, int limit, QByteArray& inflated);
 
 } // namespace velarion
 

@@ -30,7 +30,7 @@ bool take_document(QImageReader& reader, svg_budget& budget, QByteArray& documen
     }
     document = bytes;
     if (is_gzip(bytes)) {
-        const GZIP_RESULT result = inflate_gzip(bytes, SVG_BYTES_LIMIT, document);
+        const gzip_result result = inflate_gzip(bytes, SVG_BYTES_LIMIT, document);
         if (result != GZIP_INFLATED) {
             document.clear();
             return result == GZIP_BROKEN; // the toolkit draws nothing

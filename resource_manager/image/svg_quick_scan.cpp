@@ -11,7 +11,7 @@ namespace {
 constexpr char DECLARATION[] = "<?xml version=\"1.0\" encoding=\"UTF-8\"?>";
 
 /** What the next bytes have to be compared for. */
-enum BYTE_CLASS : unsigned char { PLAIN, TAG, EQUALS, WORD_D, WORD_H, UNDECIDED };
+enum byte_class : unsigned char { PLAIN, TAG, EQUALS, WORD_D, WORD_H, UNDECIDED };
 
 struct byte_classes {
     byte_classes() {

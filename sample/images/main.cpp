@@ -13,7 +13,7 @@ namespace velarion {
 
 namespace {
 
-enum EXIT_CODE { EXIT_GOOD = 0, EXIT_SOURCE_FAULT = 1, EXIT_USAGE = 2, EXIT_FILE_FAULT = 3 };
+enum exit_status { EXIT_GOOD = 0, EXIT_SOURCE_FAULT = 1, EXIT_USAGE = 2, EXIT_FILE_FAULT = 3 };
 
 constexpr char HELP[] =
     R"(sample_images_builder - makes every picture of the image list for the sample device

@@ -19,10 +19,10 @@ fake_platform& fake_platform_instance() {
     return *instance;
 }
 
-std::vector<FAKE_CALL> fake_platform::calls_of(const std::string& function) const {
-    std::vector<FAKE_CALL> found;
+std::vector<fake_call> fake_platform::calls_of(const std::string& function) const {
+    std::vector<fake_call> found;
     std::copy_if(state_.calls.begin(), state_.calls.end(), std::back_inserter(found),
-                 [&](const FAKE_CALL& call) { return call.function == function; });
+                 [&](const fake_call& call) { return call.function == function; });
     return found;
 }
 
@@ -50,7 +50,7 @@ bool fake_platform::get_file(int area, int group, const std::string& name, std::
 struct fake_platform_call {
     using OPEN_FILE = fake_platform::OPEN_FILE;
 
-    explicit fake_platform_call(FAKE_CALL call)
+    explicit fake_platform_call(fake_call call)
         : lock(fake_platform_instance().mutex_)
         , state(fake_platform_instance().state_) {
         const auto failure = state.failures.find(call.function);

@@ -27,7 +27,7 @@ constexpr int FAKE_FAILURE = 0x0FA1;
  * bytes:    exactly the bytes handed over for sending
  * format:   a trace: its format, without the arguments
  */
-struct FAKE_CALL {
+struct fake_call {
     std::string function;
     std::vector<std::int64_t> numbers;
     std::string text;
@@ -48,8 +48,8 @@ public:
     /** Forgets calls, scripts, files and open handles; timers count from 1 again. */
     void reset() { state_ = STATE(); }
 
-    std::vector<FAKE_CALL> calls() const { return state_.calls; }
-    std::vector<FAKE_CALL> calls_of(const std::string& function) const;
+    std::vector<fake_call> calls() const { return state_.calls; }
+    std::vector<fake_call> calls_of(const std::string& function) const;
     std::size_t count(const std::string& function) const { return calls_of(function).size(); }
     void forget_calls() { state_.calls.clear(); }
     /** Waits, a minute at most, until other threads have made so many calls. @return whether they have */
@@ -124,7 +124,7 @@ private:
     };
     /** All that reset() puts back. */
     struct STATE {
-        std::vector<FAKE_CALL> calls;
+        std::vector<fake_call> calls;
         std::map<std::string, int> failures;
         std::map<std::pair<std::uint32_t, std::uint32_t>, SETTING> settings;
         std::map<std::pair<int, int>, std::string> attributes;

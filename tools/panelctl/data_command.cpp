@@ -109,7 +109,7 @@ int test_file(dvc_pnl_rmg_image_resource_manager& images, const QString& name, b
     if (as_json) {
         print_json(QJsonDocument(QJsonObject{{QStringLiteral("name"), name},
                                              {QStringLiteral("exists"), exists},
-                                             {QStringLiteral("PLATFORM_CODE"), error}}));
+                                             {QStringLiteral("platform_code"), error}}));
     } else {
         print_line(exists ? QStringLiteral("yes") : QStringLiteral("no"));
     }

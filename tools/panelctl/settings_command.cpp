@@ -31,7 +31,7 @@ QString hexadecimal(std::uint32_t number) {
     return QStringLiteral("0x%1").arg(number, 8, 16, QLatin1Char('0'));
 }
 
-QJsonObject to_json(const SETTING& setting) {
+QJsonObject to_json(const device_setting& setting) {
     return {{QStringLiteral("group"), hexadecimal(setting.group)},
             {QStringLiteral("item"), hexadecimal(setting.item)},
             {QStringLiteral("name"), QString::fromUtf8(setting.name.c_str())},
@@ -40,14 +40,14 @@ QJsonObject to_json(const SETTING& setting) {
             {QStringLiteral("stored"), setting.is_stored}};
 }
 
-QStringList to_row(const SETTING& setting) {
+QStringList to_row(const device_setting& setting) {
     return {QString::fromUtf8(setting.name.c_str()), QString::number(setting.value),
             setting.is_stored ? QStringLiteral("stored") : QStringLiteral("default"),
             QStringLiteral("%1 bits").arg(setting.width),
             hexadecimal(setting.group) + QLatin1Char(':') + hexadecimal(setting.item)};
 }
 
-QJsonObject to_json(const LANGUAGE_ATTRIBUTE& attribute) {
+QJsonObject to_json(const language_attribute& attribute) {
     return {{QStringLiteral("language"), attribute.language_id},
             {QStringLiteral("attribute"), attribute.attribute},
             {QStringLiteral("text"), QString::fromUtf8(attribute.text.c_str())}};
@@ -55,8 +55,8 @@ QJsonObject to_json(const LANGUAGE_ATTRIBUTE& attribute) {
 
 int list_settings(const QStringList&, bool as_json) {
     settings_database database;
-    std::vector<SETTING> settings;
-    std::vector<LANGUAGE_ATTRIBUTE> attributes;
+    std::vector<device_setting> settings;
+    std::vector<language_attribute> attributes;
     std::string fault;
     int code = database.list(settings, fault);
     if (code == PLATFORM_OK) {
@@ -67,11 +67,11 @@ int list_settings(const QStringList&, bool as_json) {
     }
     if (as_json) {
         QJsonArray settings_as_json;
-        for (const SETTING& setting : settings) {
+        for (const device_setting& setting : settings) {
             settings_as_json.append(to_json(setting));
         }
         QJsonArray attributes_as_json;
-        for (const LANGUAGE_ATTRIBUTE& attribute : attributes) {
+        for (const language_attribute& attribute : attributes) {
             attributes_as_json.append(to_json(attribute));
         }
         print_json(
@@ -81,10 +81,10 @@ int list_settings(const QStringList&, bool as_json) {
         return EXIT_FOUND;
     }
     std::vector<QStringList> rows;
-    for (const SETTING& setting : settings) {
+    for (const device_setting& setting : settings) {
         rows.push_back(to_row(setting));
     }
-    for (const LANGUAGE_ATTRIBUTE& attribute : attributes) {
+    for (const language_attribute& attribute : attributes) {
         rows.push_back({QStringLiteral("attribute %1 of language %2")
                             .arg(attribute.attribute)
                             .arg(attribute.language_id),
@@ -96,7 +96,7 @@ int list_settings(const QStringList&, bool as_json) {
 
 int get_setting(const QStringList& arguments, bool as_json) {
     settings_database database;
-    SETTING setting;
+    device_setting setting;
     std::string fault;
     const int code = database.find(arguments.at(0).toUtf8().constData(), setting, fault);
     if (code != PLATFORM_OK) {
@@ -151,7 +151,7 @@ bool read_attribute_key(const QStringList& arguments, int& language_id, int& att
 
 int get_attribute(const QStringList& arguments, bool as_json) {
     settings_database database;
-    LANGUAGE_ATTRIBUTE attribute;
+    language_attribute attribute;
     if (!read_attribute_key(arguments, attribute.language_id, attribute.attribute)) {
         return EXIT_USAGE;
     }
@@ -171,7 +171,7 @@ int get_attribute(const QStringList& arguments, bool as_json) {
 
 int set_attribute(const QStringList& arguments, bool as_json) {
     settings_database database;
-    LANGUAGE_ATTRIBUTE attribute;
+    language_attribute attribute;
     if (!read_attribute_key(arguments, attribute.language_id, attribute.attribute)) {
         return EXIT_USAGE;
     }

@@ -8,9 +8,9 @@
 
 namespace velarion {
 
-PLATFORM_CODE data_file::open_for_reading(FILE_PLACE place, std::shared_ptr<data_file>& file) {
+platform_code data_file::open_for_reading(file_place place, std::shared_ptr<data_file>& file) {
     struct stat status = {};
-    if (const PLATFORM_CODE failure = read_data_file_status(place, status)) {
+    if (const platform_code failure = read_data_file_status(place, status)) {
         return failure;
     }
     file_descriptor reading(::openat(place.folder.get(), place.name.c_str(),
@@ -25,14 +25,14 @@ PLATFORM_CODE data_file::open_for_reading(FILE_PLACE place, std::shared_ptr<data
     return PLATFORM_OK;
 }
 
-PLATFORM_CODE data_file::open_for_writing(FILE_PLACE place, std::shared_ptr<data_file>& file) {
+platform_code data_file::open_for_writing(file_place place, std::shared_ptr<data_file>& file) {
     struct stat status = {};
-    const PLATFORM_CODE earlier_file = read_data_file_status(place, status);
+    const platform_code earlier_file = read_data_file_status(place, status);
     if (earlier_file != PLATFORM_OK && earlier_file != PLATFORM_NOT_FOUND) {
         return earlier_file;
     }
     std::unique_ptr<replacement_file> writing;
-    if (const PLATFORM_CODE failure = replacement_file::create(std::move(place), writing)) {
+    if (const platform_code failure = replacement_file::create(std::move(place), writing)) {
         return failure;
     }
     file = std::make_shared<data_file>(std::move(writing));
@@ -45,7 +45,7 @@ data_file::data_file(file_descriptor reading)
 data_file::data_file(std::unique_ptr<replacement_file> writing)
     : writing_(std::move(writing)) {}
 
-PLATFORM_CODE data_file::read(void* buffer, std::uint32_t size, std::uint32_t& count) {
+platform_code data_file::read(void* buffer, std::uint32_t size, std::uint32_t& count) {
     const std::lock_guard<std::mutex> lock(mutex_);
     count = 0;
     if (reading_.get() < 0) {
@@ -66,19 +66,19 @@ PLATFORM_CODE data_file::read(void* buffer, std::uint32_t size, std::uint32_t& c
     return PLATFORM_OK;
 }
 
-PLATFORM_CODE data_file::write(const void* data, std::uint32_t size, std::uint32_t& count) {
+platform_code data_file::write(const void* data, std::uint32_t size, std::uint32_t& count) {
     const std::lock_guard<std::mutex> lock(mutex_);
     count = 0;
     if (!writing_) {
         return reading_.get() >= 0 ? PLATFORM_WRONG_MODE : PLATFORM_BAD_HANDLE;
     }
     std::size_t written = 0;
-    const PLATFORM_CODE code = writing_->write(data, size, written);
+    const platform_code code = writing_->write(data, size, written);
     count = static_cast<std::uint32_t>(written);
     return code;
 }
 
-PLATFORM_CODE data_file::flush() {
+platform_code data_file::flush() {
     const std::lock_guard<std::mutex> lock(mutex_);
     if (writing_) {
         return writing_->sync();
@@ -86,10 +86,10 @@ PLATFORM_CODE data_file::flush() {
     return reading_.get() >= 0 ? PLATFORM_OK : PLATFORM_BAD_HANDLE;
 }
 
-PLATFORM_CODE data_file::close() {
+platform_code data_file::close() {
     const std::lock_guard<std::mutex> lock(mutex_);
     if (writing_) {
-        const PLATFORM_CODE code = writing_->commit();
+        const platform_code code = writing_->commit();
         writing_.reset();
         return code;
     }

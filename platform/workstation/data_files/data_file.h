@@ -13,21 +13,21 @@ namespace velarion {
 class data_file {
 public:
     /** @param file  receives the open file; unchanged on failure */
-    static PLATFORM_CODE open_for_reading(FILE_PLACE place, std::shared_ptr<data_file>& file);
+    static platform_code open_for_reading(file_place place, std::shared_ptr<data_file>& file);
     /** @param file  receives the open file; unchanged on failure */
-    static PLATFORM_CODE open_for_writing(FILE_PLACE place, std::shared_ptr<data_file>& file);
+    static platform_code open_for_writing(file_place place, std::shared_ptr<data_file>& file);
 
     explicit data_file(file_descriptor reading);
     explicit data_file(std::unique_ptr<replacement_file> writing);
 
     /** Reads until @p size bytes or the end. @param count  receives the bytes read; 0 on failure */
-    PLATFORM_CODE read(void* buffer, std::uint32_t size, std::uint32_t& count);
+    platform_code read(void* buffer, std::uint32_t size, std::uint32_t& count);
     /** Writes all of @p data. @param count  receives the bytes written. A failure makes close() fail. */
-    PLATFORM_CODE write(const void* data, std::uint32_t size, std::uint32_t& count);
+    platform_code write(const void* data, std::uint32_t size, std::uint32_t& count);
     /** Waits until what was written is on the storage device. A failure makes close() fail. */
-    PLATFORM_CODE flush();
+    platform_code flush();
     /** Ends the use of the file and puts a written one in its place. @return as replacement_file::commit() */
-    PLATFORM_CODE close();
+    platform_code close();
 
 private:
     std::mutex mutex_;

@@ -33,7 +33,7 @@ bool split_name(const std::string& name, std::vector<std::string>& components) {
     return true;
 }
 
-PLATFORM_CODE make_folder_in(int parent, const char* name) {
+platform_code make_folder_in(int parent, const char* name) {
     if (::mkdirat(parent, name, FOLDER_MODE) == 0) {
         if (sync_folder(parent) == PLATFORM_OK) {
             return PLATFORM_OK;
@@ -44,9 +44,9 @@ PLATFORM_CODE make_folder_in(int parent, const char* name) {
     return errno == EEXIST ? PLATFORM_OK : platform_code_of_errno(errno);
 }
 
-PLATFORM_CODE enter_folder(const std::string& name, bool make_folders, file_descriptor& folder) {
+platform_code enter_folder(const std::string& name, bool make_folders, file_descriptor& folder) {
     if (make_folders) {
-        if (const PLATFORM_CODE failure = make_folder_in(folder.get(), name.c_str())) {
+        if (const platform_code failure = make_folder_in(folder.get(), name.c_str())) {
             return failure;
         }
     }
@@ -58,9 +58,9 @@ PLATFORM_CODE enter_folder(const std::string& name, bool make_folders, file_desc
     return PLATFORM_OK;
 }
 
-PLATFORM_CODE open_platform_folder(bool make_folders, file_descriptor& folder) {
+platform_code open_platform_folder(bool make_folders, file_descriptor& folder) {
     if (make_folders) {
-        if (const PLATFORM_CODE failure = make_platform_folder()) {
+        if (const platform_code failure = make_platform_folder()) {
             return failure;
         }
     }
@@ -74,8 +74,8 @@ PLATFORM_CODE open_platform_folder(bool make_folders, file_descriptor& folder) {
 
 } // namespace
 
-PLATFORM_CODE find_data_file_place(int area, int group, const char* name, bool make_folders,
-                                   FILE_PLACE& place) {
+platform_code find_data_file_place(int area, int group, const char* name, bool make_folders,
+                                   file_place& place) {
     if (!name) {
         return PLATFORM_INVALID_ARGUMENT;
     }
@@ -86,11 +86,11 @@ PLATFORM_CODE find_data_file_place(int area, int group, const char* name, bool m
     std::string leaf = path.back();
     path.pop_back();
     file_descriptor folder;
-    if (const PLATFORM_CODE failure = open_platform_folder(make_folders, folder)) {
+    if (const platform_code failure = open_platform_folder(make_folders, folder)) {
         return failure;
     }
     for (const std::string& component : path) {
-        if (const PLATFORM_CODE failure = enter_folder(component, make_folders, folder)) {
+        if (const platform_code failure = enter_folder(component, make_folders, folder)) {
             return failure;
         }
     }
@@ -98,7 +98,7 @@ PLATFORM_CODE find_data_file_place(int area, int group, const char* name, bool m
     return PLATFORM_OK;
 }
 
-PLATFORM_CODE read_data_file_status(const FILE_PLACE& place, struct stat& status) {
+platform_code read_data_file_status(const file_place& place, struct stat& status) {
     if (::fstatat(place.folder.get(), place.name.c_str(), &status, AT_SYMLINK_NOFOLLOW) != 0) {
         return platform_code_of_errno(errno);
     }

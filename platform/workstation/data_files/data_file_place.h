@@ -16,15 +16,15 @@ namespace velarion {
  * @return PLATFORM_OK, PLATFORM_INVALID_ARGUMENT (null name), PLATFORM_NAME_REFUSED, PLATFORM_NO_FOLDER
  *         or the code of the operating system's failure
  */
-PLATFORM_CODE find_data_file_place(int area, int group, const char* name, bool make_folders,
-                                   FILE_PLACE& place);
+platform_code find_data_file_place(int area, int group, const char* name, bool make_folders,
+                                   file_place& place);
 
 /**
  * Reads the status of the file at a place.
  * @param status  undefined on failure
  * @return PLATFORM_OK for a plain file, PLATFORM_NOT_A_FILE for anything else that is there, or why not
  */
-PLATFORM_CODE read_data_file_status(const FILE_PLACE& place, struct stat& status);
+platform_code read_data_file_status(const file_place& place, struct stat& status);
 
 } // namespace velarion
 

@@ -62,18 +62,18 @@ handle_registry& registry() {
     return *handles;
 }
 
-PLATFORM_CODE find_file(int area, int group, const char* name, FILE_PLACE& place, struct stat& status) {
-    const PLATFORM_CODE code = find_data_file_place(area, group, name, false, place);
+platform_code find_file(int area, int group, const char* name, file_place& place, struct stat& status) {
+    const platform_code code = find_data_file_place(area, group, name, false, place);
     return code == PLATFORM_OK ? read_data_file_status(place, status) : code;
 }
 
-PLATFORM_CODE open_file(int area, int group, const char* name, int mode, DVU_DIO_HANDLE& handle) {
-    FILE_PLACE place;
-    if (const PLATFORM_CODE failure = find_data_file_place(area, group, name, mode == MODE_WRITE, place)) {
+platform_code open_file(int area, int group, const char* name, int mode, DVU_DIO_HANDLE& handle) {
+    file_place place;
+    if (const platform_code failure = find_data_file_place(area, group, name, mode == MODE_WRITE, place)) {
         return failure;
     }
     std::shared_ptr<data_file> file;
-    const PLATFORM_CODE code = mode == MODE_WRITE ? data_file::open_for_writing(std::move(place), file)
+    const platform_code code = mode == MODE_WRITE ? data_file::open_for_writing(std::move(place), file)
                                                   : data_file::open_for_reading(std::move(place), file);
     if (code == PLATFORM_OK) {
         handle = registry().add(std::move(file));
@@ -81,10 +81,10 @@ PLATFORM_CODE open_file(int area, int group, const char* name, int mode, DVU_DIO
     return code;
 }
 
-PLATFORM_CODE remove_file(int area, int group, const char* name) {
-    FILE_PLACE place;
+platform_code remove_file(int area, int group, const char* name) {
+    file_place place;
     struct stat status = {};
-    if (const PLATFORM_CODE failure = find_file(area, group, name, place, status)) {
+    if (const platform_code failure = find_file(area, group, name, place, status)) {
         return failure;
     }
     if (::unlinkat(place.folder.get(), place.name.c_str(), 0) != 0) {
@@ -93,10 +93,10 @@ PLATFORM_CODE remove_file(int area, int group, const char* name) {
     return sync_folder(place.folder.get());
 }
 
-PLATFORM_CODE read_status(int area, int group, const char* name, DVU_DIO_STATUS& status) {
-    FILE_PLACE place;
+platform_code read_status(int area, int group, const char* name, DVU_DIO_STATUS& status) {
+    file_place place;
     struct stat found = {};
-    if (const PLATFORM_CODE failure = find_file(area, group, name, place, found)) {
+    if (const platform_code failure = find_file(area, group, name, place, found)) {
         return failure;
     }
     if (found.st_size > std::numeric_limits<std::uint32_t>::max()) {
@@ -150,7 +150,7 @@ int dvu_dio_fclose(DVU_DIO_HANDLE handle) {
 }
 
 int dvu_dio_existfile(int area, int group, const char* name) {
-    FILE_PLACE place;
+    file_place place;
     struct stat status = {};
     return at_c_edge([&] { return find_file(area, group, name, place, status); });
 }

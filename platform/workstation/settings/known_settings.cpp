@@ -9,15 +9,15 @@ namespace {
 
 constexpr std::uint32_t PANEL_GROUP = 0x04050300;
 
-template <typename CONDITION> const KNOWN_SETTING* find_if(CONDITION condition) {
-    const KNOWN_SETTING* const end = KNOWN_SETTINGS + KNOWN_SETTING_NUMBER;
-    const KNOWN_SETTING* const found = std::find_if(KNOWN_SETTINGS, end, condition);
+template <typename CONDITION> const known_setting* find_if(CONDITION condition) {
+    const known_setting* const end = KNOWN_SETTINGS + KNOWN_SETTING_NUMBER;
+    const known_setting* const found = std::find_if(KNOWN_SETTINGS, end, condition);
     return found == end ? nullptr : found;
 }
 
 } // namespace
 
-const KNOWN_SETTING KNOWN_SETTINGS[] = {
+const known_setting KNOWN_SETTINGS[] = {
     {PANEL_GROUP, 0x8500AB20, 16, "panel_language", 1},
     {PANEL_GROUP, 0x85024328, 16, "panel_option_language", 0},
     {PANEL_GROUP, 0x85005350, 8, "destination", 1},
@@ -29,13 +29,13 @@ const KNOWN_SETTING KNOWN_SETTINGS[] = {
 };
 const std::size_t KNOWN_SETTING_NUMBER = std::size(KNOWN_SETTINGS);
 
-const KNOWN_SETTING* find_known_setting(std::uint32_t group, std::uint32_t item) {
+const known_setting* find_known_setting(std::uint32_t group, std::uint32_t item) {
     return find_if(
-        [=](const KNOWN_SETTING& setting) { return setting.group == group && setting.item == item; });
+        [=](const known_setting& setting) { return setting.group == group && setting.item == item; });
 }
 
-const KNOWN_SETTING* find_known_setting(const std::string& name) {
-    return find_if([&](const KNOWN_SETTING& setting) { return name == setting.name; });
+const known_setting* find_known_setting(const std::string& name) {
+    return find_if([&](const known_setting& setting) { return name == setting.name; });
 }
 
 } // namespace velarion

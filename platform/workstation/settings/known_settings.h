@@ -8,7 +8,7 @@
 namespace velarion {
 
 /** A setting of the machine that exists without being stored. */
-struct KNOWN_SETTING {
+struct known_setting {
     std::uint32_t group;
     std::uint32_t item;
     int width; // bits
@@ -16,12 +16,12 @@ struct KNOWN_SETTING {
     std::uint32_t default_value;
 };
 
-extern const KNOWN_SETTING KNOWN_SETTINGS[];
+extern const known_setting KNOWN_SETTINGS[];
 extern const std::size_t KNOWN_SETTING_NUMBER;
 
 /** @return the known setting, or null */
-const KNOWN_SETTING* find_known_setting(std::uint32_t group, std::uint32_t item);
-const KNOWN_SETTING* find_known_setting(const std::string& name);
+const known_setting* find_known_setting(std::uint32_t group, std::uint32_t item);
+const known_setting* find_known_setting(const std::string& name);
 
 } // namespace velarion
 

@@ -16,7 +16,7 @@ struct end_statement {
 };
 using statement_owner = std::unique_ptr<sqlite3_stmt, end_statement>;
 
-PLATFORM_CODE code_of_database(int result) {
+platform_code code_of_database(int result) {
     switch (result & 0xff) { // the primary result
     case SQLITE_BUSY:
     case SQLITE_LOCKED:
@@ -86,7 +86,7 @@ std::string settings_row::text(int column) const {
     return bytes ? std::string(static_cast<const char*>(bytes), static_cast<std::size_t>(length)) : "";
 }
 
-void DATABASE_BYTES::release::operator()(unsigned char* bytes) const {
+void database_bytes::release::operator()(unsigned char* bytes) const {
     sqlite3_free(bytes);
 }
 
@@ -100,26 +100,26 @@ settings_connection::settings_connection(const std::string& file, std::string& f
 
 settings_connection::~settings_connection() = default;
 
-PLATFORM_CODE settings_connection::open(SETTINGS_ACCESS access, int wait) {
+platform_code settings_connection::open(settings_access access, int wait) {
     std::string name = uri_of(file_);
-    name += access == SETTINGS_ACCESS::READ_UNCHANGED ? "?immutable=1" : "";
-    const int flags = access == SETTINGS_ACCESS::WRITE ? SQLITE_OPEN_READWRITE : SQLITE_OPEN_READONLY;
-    if (const PLATFORM_CODE failure = open(name.c_str(), flags | SQLITE_OPEN_URI)) {
+    name += access == settings_access::READ_UNCHANGED ? "?immutable=1" : "";
+    const int flags = access == settings_access::WRITE ? SQLITE_OPEN_READWRITE : SQLITE_OPEN_READONLY;
+    if (const platform_code failure = open(name.c_str(), flags | SQLITE_OPEN_URI)) {
         return failure;
     }
-    if (access == SETTINGS_ACCESS::WRITE && sqlite3_db_readonly(database_.get(), nullptr) == 1) {
+    if (access == settings_access::WRITE && sqlite3_db_readonly(database_.get(), nullptr) == 1) {
         return fail(PLATFORM_ACCESS_DENIED, "may only be read; check the rights of the file and its folder");
     }
     sqlite3_busy_timeout(database_.get(), wait);
     return PLATFORM_OK;
 }
 
-PLATFORM_CODE settings_connection::open_in_memory() {
+platform_code settings_connection::open_in_memory() {
     return open(":memory:", SQLITE_OPEN_READWRITE | SQLITE_OPEN_MEMORY);
 }
 
-PLATFORM_CODE settings_connection::open_copy(DATABASE_BYTES content) {
-    if (const PLATFORM_CODE failure = open_in_memory()) {
+platform_code settings_connection::open_copy(database_bytes content) {
+    if (const platform_code failure = open_in_memory()) {
         return failure;
     }
     // A database in memory has no write-ahead log; SQLite's documentation names these bytes for this purpose.
@@ -134,7 +134,7 @@ PLATFORM_CODE settings_connection::open_copy(DATABASE_BYTES content) {
     return result == SQLITE_OK ? PLATFORM_OK : fail_by_database(result);
 }
 
-PLATFORM_CODE settings_connection::run(const char* sql, const std::vector<sql_value>& values,
+platform_code settings_connection::run(const char* sql, const std::vector<sql_value>& values,
                                        const take_row& take) {
     statement_owner statement;
     int result = prepare(database_.get(), sql, values, statement);
@@ -142,14 +142,14 @@ PLATFORM_CODE settings_connection::run(const char* sql, const std::vector<sql_va
         return fail_by_database(result);
     }
     while ((result = sqlite3_step(statement.get())) == SQLITE_ROW) {
-        if (const PLATFORM_CODE end = take ? take(settings_row(statement.get())) : PLATFORM_OK) {
+        if (const platform_code end = take ? take(settings_row(statement.get())) : PLATFORM_OK) {
             return end;
         }
     }
     return result == SQLITE_DONE ? PLATFORM_OK : fail_by_database(result);
 }
 
-PLATFORM_CODE settings_connection::serialize(DATABASE_BYTES& bytes) {
+platform_code settings_connection::serialize(database_bytes& bytes) {
     sqlite3_int64 size = 0;
     unsigned char* const serialized = sqlite3_serialize(database_.get(), "main", &size, 0);
     if (!serialized) {
@@ -160,7 +160,7 @@ PLATFORM_CODE settings_connection::serialize(DATABASE_BYTES& bytes) {
     return PLATFORM_OK;
 }
 
-PLATFORM_CODE settings_connection::fail(PLATFORM_CODE code, const std::string& reason) {
+platform_code settings_connection::fail(platform_code code, const std::string& reason) {
     fault_ = "settings store " + file_ + ": " + reason;
     return code;
 }
@@ -173,7 +173,7 @@ int settings_connection::all_changed_rows() const {
     return sqlite3_total_changes(database_.get());
 }
 
-PLATFORM_CODE settings_connection::open(const char* name, int flags) {
+platform_code settings_connection::open(const char* name, int flags) {
     sqlite3* opened = nullptr;
     const int result = sqlite3_open_v2(name, &opened, flags | SQLITE_OPEN_NOMUTEX, nullptr);
     database_.reset(opened);
@@ -189,8 +189,8 @@ PLATFORM_CODE settings_connection::open(const char* name, int flags) {
     return PLATFORM_OK;
 }
 
-PLATFORM_CODE settings_connection::fail_by_database(int result) {
-    const PLATFORM_CODE code = code_of_database(result);
+platform_code settings_connection::fail_by_database(int result) {
+    const platform_code code = code_of_database(result);
     std::string reason = database_ ? sqlite3_errmsg(database_.get()) : sqlite3_errstr(result);
     const int primary = result & 0xff;
     const int error = database_ ? sqlite3_system_errno(database_.get()) : 0;

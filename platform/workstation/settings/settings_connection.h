@@ -33,17 +33,17 @@ private:
     sqlite3_stmt* statement_;
 };
 
-using take_row = std::function<PLATFORM_CODE(const settings_row&)>;
+using take_row = std::function<platform_code(const settings_row&)>;
 
 /** How a settings file is opened. */
-enum class SETTINGS_ACCESS {
+enum class settings_access {
     READ,           ///< beside other programs; nothing is written, not even to undo an unfinished change
     READ_UNCHANGED, ///< without a lock, when no other program changes the file
     WRITE           ///< undoes an unfinished change of another program
 };
 
 /** A database's bytes, as a file holds them. */
-struct DATABASE_BYTES {
+struct database_bytes {
     struct release {
         void operator()(unsigned char* bytes) const;
     };
@@ -67,20 +67,20 @@ public:
     settings_connection& operator=(const settings_connection&) = delete;
 
     /** @param wait  milliseconds that each statement waits for other programs */
-    PLATFORM_CODE open(SETTINGS_ACCESS access, int wait);
+    platform_code open(settings_access access, int wait);
     /** Starts an empty database in memory. */
-    PLATFORM_CODE open_in_memory();
+    platform_code open_in_memory();
     /** Opens a database in memory with the content of a file. */
-    PLATFORM_CODE open_copy(DATABASE_BYTES content);
+    platform_code open_copy(database_bytes content);
 
     /** Runs one statement. @param take  gets each row; a code other than PLATFORM_OK from it ends the query
      */
-    PLATFORM_CODE run(const char* sql, const std::vector<sql_value>& values, const take_row& take = {});
+    platform_code run(const char* sql, const std::vector<sql_value>& values, const take_row& take = {});
     /** @param bytes  receives what a file of this database holds; unchanged on failure */
-    PLATFORM_CODE serialize(DATABASE_BYTES& bytes);
+    platform_code serialize(database_bytes& bytes);
 
     /** Sets the fault text. @return @p code */
-    PLATFORM_CODE fail(PLATFORM_CODE code, const std::string& reason);
+    platform_code fail(platform_code code, const std::string& reason);
     /** @return rows added, changed or removed by the last statement */
     int changed_rows() const;
     /** @return rows added, changed or removed since the opening */
@@ -90,8 +90,8 @@ private:
     struct close_database {
         void operator()(sqlite3* database) const;
     };
-    PLATFORM_CODE open(const char* name, int flags);
-    PLATFORM_CODE fail_by_database(int result);
+    platform_code open(const char* name, int flags);
+    platform_code fail_by_database(int result);
 
     const std::string& file_;
     std::string& fault_;

@@ -17,43 +17,43 @@ std::string default_file() {
     return folder.empty() ? folder : folder + "/settings.db";
 }
 
-SETTING default_of(const KNOWN_SETTING& known) {
+device_setting default_of(const known_setting& known) {
     return {known.group, known.item, known.width, known.name, known.default_value, false};
 }
 
-std::vector<SETTING> defaults() {
-    std::vector<SETTING> settings;
+std::vector<device_setting> defaults() {
+    std::vector<device_setting> settings;
     std::for_each(KNOWN_SETTINGS, KNOWN_SETTINGS + KNOWN_SETTING_NUMBER,
-                  [&](const KNOWN_SETTING& known) { settings.push_back(default_of(known)); });
+                  [&](const known_setting& known) { settings.push_back(default_of(known)); });
     return settings;
 }
 
 /** Puts a stored setting in the place of its default, or behind all. */
-void put(std::vector<SETTING>& settings, const SETTING& stored) {
-    const auto place = std::find_if(settings.begin(), settings.end(), [&](const SETTING& other) {
+void put(std::vector<device_setting>& settings, const device_setting& stored) {
+    const auto place = std::find_if(settings.begin(), settings.end(), [&](const device_setting& other) {
         return other.group == stored.group && other.item == stored.item;
     });
     place == settings.end() ? settings.push_back(stored) : void(*place = stored);
 }
 
-PLATFORM_CODE fail_unknown(const std::string& key, std::string& fault) {
+platform_code fail_unknown(const std::string& key, std::string& fault) {
     fault = "\"" + key + "\" is no setting; give the name of a listed one, or its 0xGROUP:0xITEM";
     return PLATFORM_UNKNOWN_ITEM;
 }
 
-PLATFORM_CODE fail_not_stored(int language_id, int attribute, std::string& fault) {
+platform_code fail_not_stored(int language_id, int attribute, std::string& fault) {
     fault = describe(language_id, attribute) + " is not stored";
     return PLATFORM_NOT_FOUND;
 }
 
-PLATFORM_CODE fail_existing(const SETTING& setting, std::string& fault) {
+platform_code fail_existing(const device_setting& setting, std::string& fault) {
     fault = describe(setting) + " exists already; write its value instead";
     return PLATFORM_EXISTS;
 }
 
 /** @return whether a key names its numbers without the store */
 bool resolve(const std::string& key, std::uint32_t& group, std::uint32_t& item) {
-    const KNOWN_SETTING* const known = find_known_setting(key);
+    const known_setting* const known = find_known_setting(key);
     if (known) {
         group = known->group;
         item = known->item;
@@ -61,37 +61,38 @@ bool resolve(const std::string& key, std::uint32_t& group, std::uint32_t& item) 
     return known || parse_key(key, group, item);
 }
 
-PLATFORM_CODE resolve(const std::string& key, settings_session& session, std::uint32_t& group,
+platform_code resolve(const std::string& key, settings_session& session, std::uint32_t& group,
                       std::uint32_t& item, std::string& fault) {
     if (resolve(key, group, item)) {
         return PLATFORM_OK;
     }
     bool is_found = false;
-    const PLATFORM_CODE code = find_named(session.connection(), key, group, item, is_found);
+    const platform_code code = find_named(session.connection(), key, group, item, is_found);
     return code == PLATFORM_OK && !is_found ? fail_unknown(key, fault) : code;
 }
 
 /** Finds what a change is about without minding a damaged row of a known setting. */
-PLATFORM_CODE find_for_change(settings_session& session, const std::string& key, SETTING& setting,
+platform_code find_for_change(settings_session& session, const std::string& key, device_setting& setting,
                               std::string& fault) {
     std::uint32_t group = 0;
     std::uint32_t item = 0;
-    if (const PLATFORM_CODE failure = resolve(key, session, group, item, fault)) {
+    if (const platform_code failure = resolve(key, session, group, item, fault)) {
         return failure;
     }
-    if (const KNOWN_SETTING* const known = find_known_setting(group, item)) {
+    if (const known_setting* const known = find_known_setting(group, item)) {
         setting = default_of(*known);
         return PLATFORM_OK;
     }
     bool is_found = false;
-    const PLATFORM_CODE code = read_setting(session.connection(), group, item, [&](const SETTING& stored) {
-        is_found = true;
-        setting = stored;
-    });
+    const platform_code code =
+        read_setting(session.connection(), group, item, [&](const device_setting& stored) {
+            is_found = true;
+            setting = stored;
+        });
     return code == PLATFORM_OK && !is_found ? fail_unknown(key, fault) : code;
 }
 
-PLATFORM_CODE check_value(const SETTING& setting, std::int64_t value, std::string& fault) {
+platform_code check_value(const device_setting& setting, std::int64_t value, std::string& fault) {
     if (value >= 0 && value <= largest_of(setting.width)) {
         return PLATFORM_OK;
     }
@@ -100,7 +101,7 @@ PLATFORM_CODE check_value(const SETTING& setting, std::int64_t value, std::strin
     return PLATFORM_OUT_OF_RANGE;
 }
 
-PLATFORM_CODE check_new(const SETTING& setting, std::string& fault) {
+platform_code check_new(const device_setting& setting, std::string& fault) {
     if (!is_width(setting.width)) {
         fault = describe(setting) + " cannot be " + std::to_string(setting.width) +
                 " bits wide; give 8, 16 or 32";
@@ -125,16 +126,16 @@ settings_database::settings_database()
 settings_database::settings_database(const std::string& file)
     : file_(file) {}
 
-PLATFORM_CODE settings_database::list(std::vector<SETTING>& settings, std::string& fault) const {
+platform_code settings_database::list(std::vector<device_setting>& settings, std::string& fault) const {
     settings = defaults();
     settings_session session(file_, fault);
-    PLATFORM_CODE code = session.begin_reading();
+    platform_code code = session.begin_reading();
     if (code == PLATFORM_NOT_FOUND) {
         return PLATFORM_OK;
     }
-    std::vector<SETTING> found = settings;
+    std::vector<device_setting> found = settings;
     if (code == PLATFORM_OK) {
-        code = read_settings(session.connection(), [&](const SETTING& stored) { put(found, stored); });
+        code = read_settings(session.connection(), [&](const device_setting& stored) { put(found, stored); });
     }
     if (code == PLATFORM_OK) {
         settings.swap(found);
@@ -142,90 +143,91 @@ PLATFORM_CODE settings_database::list(std::vector<SETTING>& settings, std::strin
     return code;
 }
 
-PLATFORM_CODE settings_database::find(const std::string& key, SETTING& setting, std::string& fault) const {
+platform_code settings_database::find(const std::string& key, device_setting& setting,
+                                      std::string& fault) const {
     std::uint32_t group = 0;
     std::uint32_t item = 0;
     if (!resolve(key, group, item)) {
         settings_session session(file_, fault);
-        if (const PLATFORM_CODE failure = session.begin_reading()) {
+        if (const platform_code failure = session.begin_reading()) {
             return failure == PLATFORM_NOT_FOUND ? fail_unknown(key, fault) : failure;
         }
-        if (const PLATFORM_CODE failure = resolve(key, session, group, item, fault)) {
+        if (const platform_code failure = resolve(key, session, group, item, fault)) {
             return failure;
         }
     }
     return read(group, item, setting, fault);
 }
 
-PLATFORM_CODE settings_database::read(std::uint32_t group, std::uint32_t item, SETTING& setting,
+platform_code settings_database::read(std::uint32_t group, std::uint32_t item, device_setting& setting,
                                       std::string& fault) const {
     settings_session session(file_, fault);
     bool is_found = false;
-    PLATFORM_CODE code = session.begin_reading();
+    platform_code code = session.begin_reading();
     if (code == PLATFORM_OK) {
-        code = read_setting(session.connection(), group, item, [&](const SETTING& stored) {
+        code = read_setting(session.connection(), group, item, [&](const device_setting& stored) {
             is_found = true;
             setting = stored;
         });
     } else if (code == PLATFORM_NOT_FOUND) {
         code = PLATFORM_OK;
     }
-    const KNOWN_SETTING* const known = find_known_setting(group, item);
+    const known_setting* const known = find_known_setting(group, item);
     if (!is_found && known) {
         setting = default_of(*known);
     }
     return code == PLATFORM_OK && !is_found && !known ? fail_unknown(key_of(group, item), fault) : code;
 }
 
-PLATFORM_CODE settings_database::write(const std::string& key, std::int64_t value, std::string& fault) {
+platform_code settings_database::write(const std::string& key, std::int64_t value, std::string& fault) {
     settings_session session(file_, fault);
-    if (const PLATFORM_CODE failure = begin_change(session)) {
+    if (const platform_code failure = begin_change(session)) {
         return failure;
     }
-    SETTING setting;
-    if (const PLATFORM_CODE failure = find_for_change(session, key, setting, fault)) {
+    device_setting setting;
+    if (const platform_code failure = find_for_change(session, key, setting, fault)) {
         return failure;
     }
-    if (const PLATFORM_CODE failure = check_value(setting, value, fault)) {
+    if (const platform_code failure = check_value(setting, value, fault)) {
         return failure;
     }
     setting.value = static_cast<std::uint32_t>(value);
-    if (const PLATFORM_CODE failure = store_setting(session.connection(), setting)) {
+    if (const platform_code failure = store_setting(session.connection(), setting)) {
         return failure;
     }
     return session.commit();
 }
 
-PLATFORM_CODE settings_database::add(const SETTING& setting, std::string& fault) {
-    if (const PLATFORM_CODE failure = check_new(setting, fault)) {
+platform_code settings_database::add(const device_setting& setting, std::string& fault) {
+    if (const platform_code failure = check_new(setting, fault)) {
         return failure;
     }
     settings_session session(file_, fault);
-    if (const PLATFORM_CODE failure = begin_change(session)) {
+    if (const platform_code failure = begin_change(session)) {
         return failure;
     }
     bool is_taken = false;
-    if (const PLATFORM_CODE failure = find_clash(session.connection(), setting, is_taken)) {
+    if (const platform_code failure = find_clash(session.connection(), setting, is_taken)) {
         return failure;
     }
     if (is_taken) {
         return fail_existing(setting, fault);
     }
-    if (const PLATFORM_CODE failure = store_setting(session.connection(), setting)) {
+    if (const platform_code failure = store_setting(session.connection(), setting)) {
         return failure;
     }
     return session.commit();
 }
 
-PLATFORM_CODE settings_database::reset(const std::string& key, std::string& fault) {
+platform_code settings_database::reset(const std::string& key, std::string& fault) {
     settings_session session(file_, fault);
-    if (const PLATFORM_CODE failure = begin_change(session)) {
+    if (const platform_code failure = begin_change(session)) {
         return failure;
     }
     std::uint32_t group = 0;
     std::uint32_t item = 0;
     const bool has_numbers = resolve(key, group, item);
-    if (const PLATFORM_CODE failure = has_numbers ? remove_setting(session.connection(), group, item)
+    if (const platform_code failure = has_numbers ? remove_setting(session.connection(), group, item)
                                                   : remove_named(session.connection(), key)) {
         return failure;
     }
@@ -235,18 +237,18 @@ PLATFORM_CODE settings_database::reset(const std::string& key, std::string& faul
     return session.commit();
 }
 
-PLATFORM_CODE settings_database::list_attributes(std::vector<LANGUAGE_ATTRIBUTE>& attributes,
+platform_code settings_database::list_attributes(std::vector<language_attribute>& attributes,
                                                  std::string& fault) const {
     attributes.clear();
     settings_session session(file_, fault);
-    PLATFORM_CODE code = session.begin_reading();
+    platform_code code = session.begin_reading();
     if (code == PLATFORM_NOT_FOUND) {
         return PLATFORM_OK;
     }
-    std::vector<LANGUAGE_ATTRIBUTE> found;
+    std::vector<language_attribute> found;
     if (code == PLATFORM_OK) {
         code = read_attributes(session.connection(),
-                               [&](const LANGUAGE_ATTRIBUTE& stored) { found.push_back(stored); });
+                               [&](const language_attribute& stored) { found.push_back(stored); });
     }
     if (code == PLATFORM_OK) {
         attributes.swap(found);
@@ -254,14 +256,14 @@ PLATFORM_CODE settings_database::list_attributes(std::vector<LANGUAGE_ATTRIBUTE>
     return code;
 }
 
-PLATFORM_CODE settings_database::get_attribute(int language_id, int attribute, std::string& text,
+platform_code settings_database::get_attribute(int language_id, int attribute, std::string& text,
                                                std::string& fault) const {
     settings_session session(file_, fault);
     bool is_found = false;
-    PLATFORM_CODE code = session.begin_reading();
+    platform_code code = session.begin_reading();
     if (code == PLATFORM_OK) {
         code = read_attribute(session.connection(), language_id, attribute,
-                              [&](const LANGUAGE_ATTRIBUTE& stored) {
+                              [&](const language_attribute& stored) {
                                   is_found = true;
                                   text = stored.text;
                               });
@@ -272,7 +274,7 @@ PLATFORM_CODE settings_database::get_attribute(int language_id, int attribute, s
     return code;
 }
 
-PLATFORM_CODE settings_database::set_attribute(const LANGUAGE_ATTRIBUTE& attribute, std::string& fault) {
+platform_code settings_database::set_attribute(const language_attribute& attribute, std::string& fault) {
     if (attribute.text.size() > LONGEST_ATTRIBUTE || attribute.text.find('\0') != std::string::npos) {
         fault = describe(attribute.language_id, attribute.attribute) + ": a text has up to " +
                 std::to_string(LONGEST_ATTRIBUTE) + " bytes and no NUL; this one has " +
@@ -280,21 +282,21 @@ PLATFORM_CODE settings_database::set_attribute(const LANGUAGE_ATTRIBUTE& attribu
         return PLATFORM_OUT_OF_RANGE;
     }
     settings_session session(file_, fault);
-    if (const PLATFORM_CODE failure = begin_change(session)) {
+    if (const platform_code failure = begin_change(session)) {
         return failure;
     }
-    if (const PLATFORM_CODE failure = store_attribute(session.connection(), attribute)) {
+    if (const platform_code failure = store_attribute(session.connection(), attribute)) {
         return failure;
     }
     return session.commit();
 }
 
-PLATFORM_CODE settings_database::remove_attribute(int language_id, int attribute, std::string& fault) {
+platform_code settings_database::remove_attribute(int language_id, int attribute, std::string& fault) {
     settings_session session(file_, fault);
-    if (const PLATFORM_CODE failure = begin_change(session)) {
+    if (const platform_code failure = begin_change(session)) {
         return failure;
     }
-    if (const PLATFORM_CODE failure =
+    if (const platform_code failure =
             velarion::remove_attribute(session.connection(), language_id, attribute)) {
         return failure;
     }
@@ -302,12 +304,12 @@ PLATFORM_CODE settings_database::remove_attribute(int language_id, int attribute
                                                     : session.commit();
 }
 
-PLATFORM_CODE settings_database::begin_change(settings_session& session) const {
+platform_code settings_database::begin_change(settings_session& session) const {
     if (file_.empty()) {
         return session.fail(PLATFORM_NO_FOLDER, "no folder; set PANEL_PLATFORM_DIR to one");
     }
     if (file_ == default_file()) {
-        if (const PLATFORM_CODE failure = make_platform_folder()) {
+        if (const platform_code failure = make_platform_folder()) {
             return session.fail(failure, "its folder cannot be made; check PANEL_PLATFORM_DIR");
         }
     }

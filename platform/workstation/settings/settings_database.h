@@ -13,7 +13,7 @@ namespace velarion {
 class settings_session;
 
 /** One device setting. */
-struct SETTING {
+struct device_setting {
     std::uint32_t group = 0;
     std::uint32_t item = 0;
     int width = 0;    ///< bits: 8, 16 or 32
@@ -23,7 +23,7 @@ struct SETTING {
 };
 
 /** One attribute of a language. */
-struct LANGUAGE_ATTRIBUTE {
+struct language_attribute {
     int language_id = 0;
     int attribute = 0;
     std::string text; ///< up to 107 bytes without NUL
@@ -55,13 +55,13 @@ public:
      * Lists all settings: the known ones first, then the others by group and item.
      * @param settings  receives them; on failure the known settings at their defaults
      */
-    PLATFORM_CODE list(std::vector<SETTING>& settings, std::string& fault) const;
+    platform_code list(std::vector<device_setting>& settings, std::string& fault) const;
 
     /**
      * Finds a setting by its name or by "0xGROUP:0xITEM".
      * @param setting  receives it; on failure as read() leaves it, unchanged when the key names nothing
      */
-    PLATFORM_CODE find(const std::string& key, SETTING& setting, std::string& fault) const;
+    platform_code find(const std::string& key, device_setting& setting, std::string& fault) const;
 
     /**
      * Reads a setting.
@@ -69,33 +69,34 @@ public:
      *                 unchanged
      * @return PLATFORM_UNKNOWN_ITEM when it is neither known nor stored
      */
-    PLATFORM_CODE read(std::uint32_t group, std::uint32_t item, SETTING& setting, std::string& fault) const;
+    platform_code read(std::uint32_t group, std::uint32_t item, device_setting& setting,
+                       std::string& fault) const;
 
     /** Stores a value. @return PLATFORM_OUT_OF_RANGE unless it is 0 to the largest of the setting's width */
-    PLATFORM_CODE write(const std::string& key, std::int64_t value, std::string& fault);
+    platform_code write(const std::string& key, std::int64_t value, std::string& fault);
 
     /** Stores a setting that does not exist yet. @return PLATFORM_EXISTS when its numbers or name are taken
      */
-    PLATFORM_CODE add(const SETTING& setting, std::string& fault);
+    platform_code add(const device_setting& setting, std::string& fault);
 
     /** Removes what is stored: a known setting is at its default again, any other one is gone. */
-    PLATFORM_CODE reset(const std::string& key, std::string& fault);
+    platform_code reset(const std::string& key, std::string& fault);
 
     /** Lists by language and attribute. @param attributes  receives them; empty on failure */
-    PLATFORM_CODE list_attributes(std::vector<LANGUAGE_ATTRIBUTE>& attributes, std::string& fault) const;
+    platform_code list_attributes(std::vector<language_attribute>& attributes, std::string& fault) const;
 
     /** @param text  receives the attribute; unchanged on failure. @return PLATFORM_NOT_FOUND when not stored
      */
-    PLATFORM_CODE get_attribute(int language_id, int attribute, std::string& text, std::string& fault) const;
+    platform_code get_attribute(int language_id, int attribute, std::string& text, std::string& fault) const;
 
     /** @return PLATFORM_OUT_OF_RANGE when the text is longer than 107 bytes or holds a NUL */
-    PLATFORM_CODE set_attribute(const LANGUAGE_ATTRIBUTE& attribute, std::string& fault);
+    platform_code set_attribute(const language_attribute& attribute, std::string& fault);
 
     /** @return PLATFORM_NOT_FOUND when the attribute is not stored */
-    PLATFORM_CODE remove_attribute(int language_id, int attribute, std::string& fault);
+    platform_code remove_attribute(int language_id, int attribute, std::string& fault);
 
 private:
-    PLATFORM_CODE begin_change(settings_session& session) const;
+    platform_code begin_change(settings_session& session) const;
 
     std::string file_;
 };

@@ -38,7 +38,7 @@ bool parse_key(const std::string& key, std::uint32_t& group, std::uint32_t& item
            text == key.c_str() + key.size();
 }
 
-std::string describe(const SETTING& setting) {
+std::string describe(const device_setting& setting) {
     return setting.name + " (" + key_of(setting.group, setting.item) + ")";
 }
 

@@ -15,7 +15,7 @@ std::string key_of(std::uint32_t group, std::uint32_t item);
 /** @return whether @p key was "0xGROUP:0xITEM"; the numbers are undefined otherwise */
 bool parse_key(const std::string& key, std::uint32_t& group, std::uint32_t& item);
 /** @return the setting's name and key */
-std::string describe(const SETTING& setting);
+std::string describe(const device_setting& setting);
 std::string describe(int language_id, int attribute);
 
 bool is_name(const std::string& name);

@@ -42,22 +42,22 @@ bool read_number(const settings_row& row, int column, int& number) {
 }
 
 /** Takes a row only when its value fits its width and its width is the one of the known setting. */
-bool decode(const settings_row& row, SETTING& setting) {
+bool decode(const settings_row& row, device_setting& setting) {
     if (!read_number(row, 0, setting.group) || !read_number(row, 1, setting.item) ||
         !read_number(row, 2, setting.width) || !read_number(row, 4, setting.value) ||
         !is_width(setting.width) || setting.value > largest_of(setting.width)) {
         return false;
     }
-    const KNOWN_SETTING* const known = find_known_setting(setting.group, setting.item);
+    const known_setting* const known = find_known_setting(setting.group, setting.item);
     setting.name = known ? known->name : row.text(3);
     setting.is_stored = true;
     return !known || known->width == setting.width;
 }
 
-PLATFORM_CODE read_settings(settings_connection& connection, const char* sql,
+platform_code read_settings(settings_connection& connection, const char* sql,
                             const std::vector<sql_value>& values, const take_setting& take) {
     return connection.run(sql, values, [&](const settings_row& row) {
-        SETTING setting;
+        device_setting setting;
         if (!decode(row, setting)) {
             return connection.fail(PLATFORM_STORE_DAMAGED,
                                    "the row of \"" + row.text(3) +
@@ -68,10 +68,10 @@ PLATFORM_CODE read_settings(settings_connection& connection, const char* sql,
     });
 }
 
-PLATFORM_CODE read_attributes(settings_connection& connection, const char* sql,
+platform_code read_attributes(settings_connection& connection, const char* sql,
                               const std::vector<sql_value>& values, const take_attribute& take) {
     return connection.run(sql, values, [&](const settings_row& row) {
-        LANGUAGE_ATTRIBUTE attribute;
+        language_attribute attribute;
         if (!read_number(row, 0, attribute.language_id) || !read_number(row, 1, attribute.attribute)) {
             return connection.fail(PLATFORM_STORE_DAMAGED,
                                    "the row of the language attribute with the text \"" + row.text(2) +
@@ -90,16 +90,16 @@ PLATFORM_CODE read_attributes(settings_connection& connection, const char* sql,
 
 } // namespace
 
-PLATFORM_CODE read_settings(settings_connection& connection, const take_setting& take) {
+platform_code read_settings(settings_connection& connection, const take_setting& take) {
     return read_settings(connection, ALL_SETTINGS, {}, take);
 }
 
-PLATFORM_CODE read_setting(settings_connection& connection, std::uint32_t group, std::uint32_t item,
+platform_code read_setting(settings_connection& connection, std::uint32_t group, std::uint32_t item,
                            const take_setting& take) {
     return read_settings(connection, ONE_SETTING, numbers(group, item), take);
 }
 
-PLATFORM_CODE find_named(settings_connection& connection, const std::string& name, std::uint32_t& group,
+platform_code find_named(settings_connection& connection, const std::string& name, std::uint32_t& group,
                          std::uint32_t& item, bool& is_found) {
     is_found = false;
     return connection.run("SELECT grp, item FROM setting WHERE name = ?", {name}, [&](const auto& row) {
@@ -110,7 +110,7 @@ PLATFORM_CODE find_named(settings_connection& connection, const std::string& nam
     });
 }
 
-PLATFORM_CODE find_clash(settings_connection& connection, const SETTING& setting, bool& is_taken) {
+platform_code find_clash(settings_connection& connection, const device_setting& setting, bool& is_taken) {
     is_taken = false;
     return connection.run("SELECT 1 FROM setting WHERE (grp = ? AND item = ?) OR name = ?",
                           {std::int64_t(setting.group), std::int64_t(setting.item), setting.name},
@@ -120,37 +120,37 @@ PLATFORM_CODE find_clash(settings_connection& connection, const SETTING& setting
                           });
 }
 
-PLATFORM_CODE store_setting(settings_connection& connection, const SETTING& setting) {
+platform_code store_setting(settings_connection& connection, const device_setting& setting) {
     return connection.run(
         "INSERT OR REPLACE INTO setting (grp, item, width, name, value) VALUES (?, ?, ?, ?, ?)",
         {std::int64_t(setting.group), std::int64_t(setting.item), std::int64_t(setting.width), setting.name,
          std::int64_t(setting.value)});
 }
 
-PLATFORM_CODE remove_setting(settings_connection& connection, std::uint32_t group, std::uint32_t item) {
+platform_code remove_setting(settings_connection& connection, std::uint32_t group, std::uint32_t item) {
     return connection.run("DELETE FROM setting WHERE grp = ? AND item = ?", numbers(group, item));
 }
 
-PLATFORM_CODE remove_named(settings_connection& connection, const std::string& name) {
+platform_code remove_named(settings_connection& connection, const std::string& name) {
     return connection.run("DELETE FROM setting WHERE name = ?", {name});
 }
 
-PLATFORM_CODE read_attributes(settings_connection& connection, const take_attribute& take) {
+platform_code read_attributes(settings_connection& connection, const take_attribute& take) {
     return read_attributes(connection, ALL_ATTRIBUTES, {}, take);
 }
 
-PLATFORM_CODE read_attribute(settings_connection& connection, int language_id, int attribute,
+platform_code read_attribute(settings_connection& connection, int language_id, int attribute,
                              const take_attribute& take) {
     return read_attributes(connection, ONE_ATTRIBUTE, numbers(language_id, attribute), take);
 }
 
-PLATFORM_CODE store_attribute(settings_connection& connection, const LANGUAGE_ATTRIBUTE& attribute) {
+platform_code store_attribute(settings_connection& connection, const language_attribute& attribute) {
     return connection.run(
         "INSERT OR REPLACE INTO language_attribute (language_id, attribute, text) VALUES (?, ?, ?)",
         {std::int64_t(attribute.language_id), std::int64_t(attribute.attribute), attribute.text});
 }
 
-PLATFORM_CODE remove_attribute(settings_connection& connection, int language_id, int attribute) {
+platform_code remove_attribute(settings_connection& connection, int language_id, int attribute) {
     return connection.run("DELETE FROM language_attribute WHERE language_id = ? AND attribute = ?",
                           numbers(language_id, attribute));
 }

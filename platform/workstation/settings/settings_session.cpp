@@ -27,10 +27,10 @@ constexpr char BEING_CHANGED[] = "is being changed by another process; try again
 constexpr const char* JOURNAL_SUFFIXES[] = {"-journal", "-wal"};
 
 /** Calls @p attempt until it no longer returns PLATFORM_STORE_BUSY or the time is over. */
-template <typename ATTEMPT> PLATFORM_CODE retry(int milliseconds, const ATTEMPT& attempt) {
+template <typename ATTEMPT> platform_code retry(int milliseconds, const ATTEMPT& attempt) {
     using clock = std::chrono::steady_clock;
     const clock::time_point end = clock::now() + std::chrono::milliseconds(milliseconds);
-    PLATFORM_CODE code = attempt();
+    platform_code code = attempt();
     while (code == PLATFORM_STORE_BUSY && clock::now() < end) {
         std::this_thread::sleep_for(std::chrono::milliseconds(1));
         code = attempt();
@@ -68,7 +68,7 @@ bool is_unfinished(const std::string& journal) {
     return file.get() < 0 ? errno != ENOENT : ::read(file.get(), &first, 1) == 1 && first != 0;
 }
 
-const char* reason_of(PLATFORM_CODE code) {
+const char* reason_of(platform_code code) {
     switch (code) {
     case PLATFORM_NOT_DURABLE:
         return "is changed, but a loss of power may undo that: its folder did not reach the storage device";
@@ -93,9 +93,9 @@ settings_session::~settings_session() {
     unlock_folder();
 }
 
-PLATFORM_CODE settings_session::begin_reading() {
+platform_code settings_session::begin_reading() {
     const std::string earlier_fault = fault_;
-    const PLATFORM_CODE code = retry(READ_WAIT, [&] { return begin_reading_once(); });
+    const platform_code code = retry(READ_WAIT, [&] { return begin_reading_once(); });
     if (code == PLATFORM_OK || code == PLATFORM_NOT_FOUND) {
         fault_ = earlier_fault; // of an attempt that another way made good
     }
@@ -107,11 +107,11 @@ PLATFORM_CODE settings_session::begin_reading() {
  * program's change undone, or a folder that SQLite cannot write its own files to. Only a change under way can
  * make what is in the file unfit to be read as it is.
  */
-PLATFORM_CODE settings_session::begin_reading_once() {
-    if (const PLATFORM_CODE failure = check_file()) {
+platform_code settings_session::begin_reading_once() {
+    if (const platform_code failure = check_file()) {
         return failure;
     }
-    const PLATFORM_CODE code = read_file(SETTINGS_ACCESS::READ);
+    const platform_code code = read_file(settings_access::READ);
     if (code != PLATFORM_STORE_BUSY && code != PLATFORM_ACCESS_DENIED) {
         return code;
     }
@@ -121,96 +121,96 @@ PLATFORM_CODE settings_session::begin_reading_once() {
     if (code == PLATFORM_STORE_BUSY) {
         return code;
     }
-    if (const PLATFORM_CODE failure = lock_folder(0)) { // the change to be undone is to belong to this file
+    if (const platform_code failure = lock_folder(0)) { // the change to be undone is to belong to this file
         return failure;
     }
-    const PLATFORM_CODE undone = read_file(SETTINGS_ACCESS::WRITE);
+    const platform_code undone = read_file(settings_access::WRITE);
     unlock_folder();
     return undone;
 }
 
-PLATFORM_CODE settings_session::read_file(SETTINGS_ACCESS access) {
-    if (const PLATFORM_CODE failure = connection_.open(access, 0)) {
+platform_code settings_session::read_file(settings_access access) {
+    if (const platform_code failure = connection_.open(access, 0)) {
         return failure;
     }
-    if (const PLATFORM_CODE failure = connection_.run("BEGIN", {})) {
+    if (const platform_code failure = connection_.run("BEGIN", {})) {
         return failure;
     }
     return check_content();
 }
 
 /** What two readings have in common is of one time when no change was under way between them. */
-PLATFORM_CODE settings_session::read_unchanged() {
-    DATABASE_BYTES first;
-    if (const PLATFORM_CODE failure = read_whole(SETTINGS_ACCESS::READ_UNCHANGED, first)) {
+platform_code settings_session::read_unchanged() {
+    database_bytes first;
+    if (const platform_code failure = read_whole(settings_access::READ_UNCHANGED, first)) {
         return failure;
     }
     if (has_unfinished_change()) {
         return fail(PLATFORM_STORE_BUSY, BEING_CHANGED);
     }
-    DATABASE_BYTES second;
-    if (const PLATFORM_CODE failure = read_whole(SETTINGS_ACCESS::READ_UNCHANGED, second)) {
+    database_bytes second;
+    if (const platform_code failure = read_whole(settings_access::READ_UNCHANGED, second)) {
         return failure;
     }
     if (first.size != second.size ||
         std::memcmp(first.bytes.get(), second.bytes.get(), static_cast<std::size_t>(first.size)) != 0) {
         return fail(PLATFORM_STORE_BUSY, BEING_CHANGED);
     }
-    if (const PLATFORM_CODE failure = connection_.open_copy(std::move(first))) {
+    if (const platform_code failure = connection_.open_copy(std::move(first))) {
         return failure;
     }
     return check_content();
 }
 
-PLATFORM_CODE settings_session::begin_writing() {
-    if (const PLATFORM_CODE failure = lock_folder(WRITE_WAIT)) {
+platform_code settings_session::begin_writing() {
+    if (const platform_code failure = lock_folder(WRITE_WAIT)) {
         return failure;
     }
-    const PLATFORM_CODE code = check_file();
+    const platform_code code = check_file();
     if (code != PLATFORM_OK) {
         return code == PLATFORM_NOT_FOUND ? begin_anew() : code;
     }
-    if (const PLATFORM_CODE failure = hold_file()) {
+    if (const platform_code failure = hold_file()) {
         return failure;
     }
     bool is_empty = false;
-    if (const PLATFORM_CODE failure = check_tables(holder_, is_empty)) {
+    if (const platform_code failure = check_tables(holder_, is_empty)) {
         return failure;
     }
     if (is_empty) {
         return begin_anew();
     }
-    DATABASE_BYTES content;
-    if (const PLATFORM_CODE failure = holder_.serialize(content)) {
+    database_bytes content;
+    if (const platform_code failure = holder_.serialize(content)) {
         return failure;
     }
-    if (const PLATFORM_CODE failure = connection_.open_copy(std::move(content))) {
+    if (const platform_code failure = connection_.open_copy(std::move(content))) {
         return failure;
     }
     return check_structure(connection_);
 }
 
-PLATFORM_CODE settings_session::begin_anew() {
-    const PLATFORM_CODE code = connection_.open_in_memory();
+platform_code settings_session::begin_anew() {
+    const platform_code code = connection_.open_in_memory();
     return code == PLATFORM_OK ? make_tables(connection_) : code;
 }
 
-PLATFORM_CODE settings_session::commit() {
+platform_code settings_session::commit() {
     return connection_.all_changed_rows() == 0 ? PLATFORM_OK : replace_file();
 }
 
-PLATFORM_CODE settings_session::read_whole(SETTINGS_ACCESS access, DATABASE_BYTES& content) {
-    const PLATFORM_CODE code = holder_.open(access, 0);
+platform_code settings_session::read_whole(settings_access access, database_bytes& content) {
+    const platform_code code = holder_.open(access, 0);
     return code == PLATFORM_OK ? holder_.serialize(content) : code;
 }
 
-PLATFORM_CODE settings_session::check_content() {
+platform_code settings_session::check_content() {
     bool is_empty = false;
-    const PLATFORM_CODE code = check_tables(connection_, is_empty);
+    const platform_code code = check_tables(connection_, is_empty);
     return code == PLATFORM_OK && is_empty ? PLATFORM_NOT_FOUND : code;
 }
 
-PLATFORM_CODE settings_session::check_file() {
+platform_code settings_session::check_file() {
     struct stat status = {};
     if (::stat(file_.c_str(), &status) != 0) {
         const int error = errno;
@@ -222,7 +222,7 @@ PLATFORM_CODE settings_session::check_file() {
                : fail(PLATFORM_STORE_DAMAGED, "is not a file; move it away to start with the defaults");
 }
 
-PLATFORM_CODE settings_session::lock_folder(int wait) {
+platform_code settings_session::lock_folder(int wait) {
     folder_.reset(open_folder(folder_of(file_)));
     if (folder_.get() < 0) {
         const int error = errno;
@@ -252,11 +252,11 @@ void settings_session::unlock_folder() {
  * waits for one that is changing it, and lets none begin; readers go on. A write-ahead log would stay behind
  * and be taken for the new file's, so the file goes back to the other way first.
  */
-PLATFORM_CODE settings_session::hold_file() {
-    if (const PLATFORM_CODE failure = holder_.open(SETTINGS_ACCESS::WRITE, WRITE_WAIT)) {
+platform_code settings_session::hold_file() {
+    if (const platform_code failure = holder_.open(settings_access::WRITE, WRITE_WAIT)) {
         return failure;
     }
-    const PLATFORM_CODE code = retry(WRITE_WAIT, [&] { // the change of mode itself does not wait
+    const platform_code code = retry(WRITE_WAIT, [&] { // the change of mode itself does not wait
         return holder_.run("PRAGMA journal_mode = DELETE", {}, [&](const settings_row& row) {
             return row.text(0) == "delete" ? PLATFORM_OK : fail(PLATFORM_STORE_BUSY, BEING_CHANGED);
         });
@@ -264,16 +264,16 @@ PLATFORM_CODE settings_session::hold_file() {
     return code == PLATFORM_OK ? holder_.run("BEGIN IMMEDIATE", {}) : code;
 }
 
-PLATFORM_CODE settings_session::replace_file() {
-    DATABASE_BYTES content;
-    if (const PLATFORM_CODE failure = connection_.serialize(content)) {
+platform_code settings_session::replace_file() {
+    database_bytes content;
+    if (const platform_code failure = connection_.serialize(content)) {
         return failure;
     }
-    FILE_PLACE place;
+    file_place place;
     place.folder.reset(::fcntl(folder_.get(), F_DUPFD_CLOEXEC, 0));
     place.name = std::filesystem::path(file_).filename().string();
     std::unique_ptr<replacement_file> replacement;
-    PLATFORM_CODE code = replacement_file::create(std::move(place), replacement);
+    platform_code code = replacement_file::create(std::move(place), replacement);
     if (code == PLATFORM_OK) {
         prepare_replacement(*replacement, content);
         code = replacement->commit();
@@ -282,7 +282,7 @@ PLATFORM_CODE settings_session::replace_file() {
 }
 
 /** A failure in here makes the replacement's commit() fail. */
-void settings_session::prepare_replacement(replacement_file& replacement, const DATABASE_BYTES& content) {
+void settings_session::prepare_replacement(replacement_file& replacement, const database_bytes& content) {
     std::size_t count = 0;
     static_cast<void>(replacement.write(content.bytes.get(), static_cast<std::size_t>(content.size), count));
     struct stat replaced = {};

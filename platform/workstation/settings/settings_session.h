@@ -30,32 +30,32 @@ public:
     settings_session& operator=(const settings_session&) = delete;
 
     /** @return PLATFORM_NOT_FOUND, without a fault text, while nothing is stored yet */
-    PLATFORM_CODE begin_reading();
+    platform_code begin_reading();
     /** Waits for other writers. A missing file is one without rows. */
-    PLATFORM_CODE begin_writing();
+    platform_code begin_writing();
     /** Stores what was changed. @return PLATFORM_NOT_DURABLE when it is stored, unless power is lost soon */
-    PLATFORM_CODE commit();
+    platform_code commit();
 
     /** @return what runs the statements of the transaction */
     settings_connection& connection() { return connection_; }
     /** Sets the fault text. @return @p code */
-    PLATFORM_CODE fail(PLATFORM_CODE code, const std::string& reason) {
+    platform_code fail(platform_code code, const std::string& reason) {
         return connection_.fail(code, reason);
     }
 
 private:
-    PLATFORM_CODE check_file();
-    PLATFORM_CODE check_content();
-    PLATFORM_CODE read_whole(SETTINGS_ACCESS access, DATABASE_BYTES& content);
-    PLATFORM_CODE begin_reading_once();
-    PLATFORM_CODE read_file(SETTINGS_ACCESS access);
-    PLATFORM_CODE read_unchanged();
-    PLATFORM_CODE lock_folder(int wait);
+    platform_code check_file();
+    platform_code check_content();
+    platform_code read_whole(settings_access access, database_bytes& content);
+    platform_code begin_reading_once();
+    platform_code read_file(settings_access access);
+    platform_code read_unchanged();
+    platform_code lock_folder(int wait);
     void unlock_folder();
-    PLATFORM_CODE hold_file();
-    PLATFORM_CODE begin_anew();
-    PLATFORM_CODE replace_file();
-    void prepare_replacement(replacement_file& replacement, const DATABASE_BYTES& content);
+    platform_code hold_file();
+    platform_code begin_anew();
+    platform_code replace_file();
+    void prepare_replacement(replacement_file& replacement, const database_bytes& content);
     bool has_unfinished_change() const;
 
     const std::string file_; // no link

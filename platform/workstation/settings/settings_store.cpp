@@ -23,7 +23,7 @@ template <typename NUMBER> void copy_as(std::uint32_t value, void* target) {
     std::memcpy(target, &number, sizeof number);
 }
 
-void copy_value(const SETTING& setting, void* target) {
+void copy_value(const device_setting& setting, void* target) {
     if (setting.width == 8) {
         copy_as<std::uint8_t>(setting.value, target);
     } else if (setting.width == 16) {
@@ -33,10 +33,10 @@ void copy_value(const SETTING& setting, void* target) {
     }
 }
 
-PLATFORM_CODE read_setting(std::uint32_t group, std::uint32_t item, void* value) {
-    SETTING setting;
+platform_code read_setting(std::uint32_t group, std::uint32_t item, void* value) {
+    device_setting setting;
     std::string fault;
-    const PLATFORM_CODE code = settings_database().read(group, item, setting, fault);
+    const platform_code code = settings_database().read(group, item, setting, fault);
     if (code != PLATFORM_OK && code != PLATFORM_UNKNOWN_ITEM) {
         report_once(fault);
     }
@@ -47,10 +47,10 @@ PLATFORM_CODE read_setting(std::uint32_t group, std::uint32_t item, void* value)
     return PLATFORM_OK;
 }
 
-PLATFORM_CODE read_attribute(int language_id, int attribute, char* text) {
+platform_code read_attribute(int language_id, int attribute, char* text) {
     std::string found;
     std::string fault;
-    const PLATFORM_CODE code = settings_database().get_attribute(language_id, attribute, found, fault);
+    const platform_code code = settings_database().get_attribute(language_id, attribute, found, fault);
     if (code == PLATFORM_OK) {
         std::memcpy(text, found.c_str(), found.size() + 1);
     } else if (code != PLATFORM_NOT_FOUND) {

@@ -21,14 +21,14 @@ constexpr const char* SCHEMA[] = {
 };
 
 /** A table with the columns that its statements use; the key's first, in their order. */
-struct EXPECTED_TABLE {
+struct expected_table {
     const char* kind; // asks what the name belongs to
     const char* columns;
     std::vector<std::string> names;
 };
 
-const std::vector<EXPECTED_TABLE>& expected_tables() {
-    static const std::vector<EXPECTED_TABLE> tables = {
+const std::vector<expected_table>& expected_tables() {
+    static const std::vector<expected_table> tables = {
         {"PRAGMA main.table_list('setting')",
          "PRAGMA main.table_xinfo('setting')",
          {"grp", "item", "width", "name", "value"}},
@@ -39,7 +39,7 @@ const std::vector<EXPECTED_TABLE>& expected_tables() {
     return tables;
 }
 
-PLATFORM_CODE read_number(settings_connection& connection, const char* sql, std::int64_t& number) {
+platform_code read_number(settings_connection& connection, const char* sql, std::int64_t& number) {
     return connection.run(sql, {}, [&](const settings_row& row) {
         return row.integer(0, number)
                    ? PLATFORM_OK
@@ -48,7 +48,7 @@ PLATFORM_CODE read_number(settings_connection& connection, const char* sql, std:
 }
 
 /** @param is_plain  receives whether the name belongs to a table that keeps what it shows */
-PLATFORM_CODE check_kind(settings_connection& connection, const EXPECTED_TABLE& table, bool& is_plain) {
+platform_code check_kind(settings_connection& connection, const expected_table& table, bool& is_plain) {
     return connection.run(table.kind, {}, [&](const settings_row& row) {
         is_plain = row.text(0) == "main" && row.text(2) == "table";
         return PLATFORM_OK;
@@ -56,11 +56,11 @@ PLATFORM_CODE check_kind(settings_connection& connection, const EXPECTED_TABLE& 
 }
 
 /** @param is_fit  receives whether the table has its columns and its key, and computes none */
-PLATFORM_CODE check_columns(settings_connection& connection, const EXPECTED_TABLE& table, bool& is_fit) {
+platform_code check_columns(settings_connection& connection, const expected_table& table, bool& is_fit) {
     constexpr std::ptrdiff_t KEY_COLUMNS = 2;
     std::size_t found = 0;
     is_fit = true;
-    const PLATFORM_CODE code = connection.run(table.columns, {}, [&](const settings_row& row) {
+    const platform_code code = connection.run(table.columns, {}, [&](const settings_row& row) {
         std::int64_t key = -1;
         std::int64_t hidden = -1;
         const auto name = std::find(table.names.begin(), table.names.end(), row.text(1));
@@ -74,14 +74,14 @@ PLATFORM_CODE check_columns(settings_connection& connection, const EXPECTED_TABL
     return code;
 }
 
-PLATFORM_CODE check_table(settings_connection& connection, const EXPECTED_TABLE& table) {
+platform_code check_table(settings_connection& connection, const expected_table& table) {
     bool is_plain = false;
-    if (const PLATFORM_CODE failure = check_kind(connection, table, is_plain)) {
+    if (const platform_code failure = check_kind(connection, table, is_plain)) {
         return failure;
     }
     bool is_fit = false;
     if (is_plain) {
-        if (const PLATFORM_CODE failure = check_columns(connection, table, is_fit)) {
+        if (const platform_code failure = check_columns(connection, table, is_fit)) {
             return failure;
         }
     }
@@ -92,23 +92,23 @@ PLATFORM_CODE check_table(settings_connection& connection, const EXPECTED_TABLE&
 
 } // namespace
 
-PLATFORM_CODE make_tables(settings_connection& connection) {
+platform_code make_tables(settings_connection& connection) {
     for (const char* statement : SCHEMA) {
-        if (const PLATFORM_CODE failure = connection.run(statement, {})) {
+        if (const platform_code failure = connection.run(statement, {})) {
             return failure;
         }
     }
     return PLATFORM_OK;
 }
 
-PLATFORM_CODE check_tables(settings_connection& connection, bool& is_empty) {
+platform_code check_tables(settings_connection& connection, bool& is_empty) {
     std::int64_t version = 0;
     std::int64_t objects = 0;
     std::int64_t triggers = 0;
-    if (const PLATFORM_CODE failure = read_number(connection, "PRAGMA user_version", version)) {
+    if (const platform_code failure = read_number(connection, "PRAGMA user_version", version)) {
         return failure;
     }
-    if (const PLATFORM_CODE failure =
+    if (const platform_code failure =
             read_number(connection, "SELECT count(*) FROM sqlite_master", objects)) {
         return failure;
     }
@@ -121,26 +121,26 @@ PLATFORM_CODE check_tables(settings_connection& connection, bool& is_empty) {
                                                            " instead of " + std::to_string(SCHEMA_VERSION) +
                                                            START_ANEW);
     }
-    if (const PLATFORM_CODE failure =
+    if (const platform_code failure =
             read_number(connection, "SELECT count(*) FROM sqlite_master WHERE type = 'trigger'", triggers)) {
         return failure;
     }
     if (triggers > 0) {
         return connection.fail(PLATFORM_STORE_DAMAGED, std::string("holds triggers") + START_ANEW);
     }
-    for (const EXPECTED_TABLE& table : expected_tables()) {
-        if (const PLATFORM_CODE failure = check_table(connection, table)) {
+    for (const expected_table& table : expected_tables()) {
+        if (const platform_code failure = check_table(connection, table)) {
             return failure;
         }
     }
     return PLATFORM_OK;
 }
 
-PLATFORM_CODE check_structure(settings_connection& connection) {
-    if (const PLATFORM_CODE failure = connection.run("PRAGMA ignore_check_constraints = 1", {})) {
+platform_code check_structure(settings_connection& connection) {
+    if (const platform_code failure = connection.run("PRAGMA ignore_check_constraints = 1", {})) {
         return failure;
     }
-    const PLATFORM_CODE code = connection.run("PRAGMA integrity_check(1)", {}, [&](const settings_row& row) {
+    const platform_code code = connection.run("PRAGMA integrity_check(1)", {}, [&](const settings_row& row) {
         return row.text(0) == "ok" ? PLATFORM_OK
                                    : connection.fail(PLATFORM_STORE_DAMAGED,
                                                      std::string("has damaged pages or indices and is not "

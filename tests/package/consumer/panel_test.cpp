@@ -27,7 +27,7 @@ int main(int argc, char** argv) {
     std::memcpy(&reply[DVC_PNL_DEC_RESULT_OFFSET], &answer, sizeof answer);
     platform.add_reply(reply);
     const int result = dvc_pnl_dec_facade::dvc_pnl_dec_get_instance()->dvc_pnl_dec_set_all_led_on();
-    const FAKE_CALL sent = platform.calls_of("bmc_mc_send_sync_message").at(0);
+    const fake_call sent = platform.calls_of("bmc_mc_send_sync_message").at(0);
     std::printf("%s\n%s: function %d, result %d\n", text.toUtf8().constData(), sent.text.c_str(),
                 static_cast<int>(sent.numbers.at(1)), result);
     return 0;

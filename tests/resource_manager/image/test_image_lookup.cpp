@@ -175,7 +175,7 @@ TEST_F(image_lookup, caches_lists_of_numbers_alone_and_prefers_them_to_files) {
 TEST_F(image_lookup, preloads_the_navigation_icons_between_two_marks) {
     write_file(IMAGES + QUICK_FILE, svg_picture(12, 6)); // all others are missing
     manager_->dvc_pnl_rmg_initialize();
-    const std::vector<FAKE_CALL> calls = platform_.calls_of("emwGENTrcPrintf");
+    const std::vector<fake_call> calls = platform_.calls_of("emwGENTrcPrintf");
     ASSERT_EQ(calls.size(), 2U);
     EXPECT_EQ(calls[0].numbers, (std::vector<std::int64_t>{21250, 258, 258}));
     EXPECT_EQ(calls[0].format, "[PERFORM]: Resource Manager Init. (START)");

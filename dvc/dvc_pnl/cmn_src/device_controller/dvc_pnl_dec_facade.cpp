@@ -24,7 +24,7 @@ static_assert(sizeof(int) == sizeof(std::int32_t), "an argument fills the value 
 static_assert(sizeof(OSW_Timer_Control) >= sizeof(std::int32_t),
               "a timer control fills the value of a record");
 
-struct PARAMETER {
+struct request_parameter {
     DVC_PNL_DEC_COMMUNICATION_PARAMETER_ID id;
     void* value;
 };
@@ -42,16 +42,16 @@ bool wait_for_service() {
 /** @return the service's result code; RESULT_NONE without a reply */
 template <std::size_t COUNT>
 int send_request(dvc_pnl_dec_facade& facade, DVC_PNL_DEC_FUNCTION_ID func_id,
-                 const std::array<PARAMETER, COUNT>& parameters) {
+                 const std::array<request_parameter, COUNT>& parameters) {
     dvc_pnl_dec_serialize serializer;
     int length = static_cast<int>(DVC_PNL_DEC_HEADER_LENGTH);
-    for (const PARAMETER& parameter : parameters) {
+    for (const request_parameter& parameter : parameters) {
         serializer.serialize(parameter.id, parameter.value, nullptr, length);
     }
     std::array<char, DVC_PNL_DEC_HEADER_LENGTH + COUNT * DVC_PNL_DEC_RECORD_LENGTH> request{};
     dvc_pnl_dec_store(&request[DVC_PNL_DEC_FUNC_ID_OFFSET], func_id);
     int offset = 0;
-    for (const PARAMETER& parameter : parameters) {
+    for (const request_parameter& parameter : parameters) {
         serializer.serialize(parameter.id, parameter.value,
                              request.data() + DVC_PNL_DEC_PARAMETERS_OFFSET + offset, offset);
     }
@@ -128,26 +128,26 @@ int dvc_pnl_dec_facade::dvc_pnl_dec_get_lcd_display_capture(unsigned char*&, int
 
 int dvc_pnl_dec_facade::dvc_pnl_dec_set_led_status(DVC_PNL_DEC_LED_ID led_id,
                                                    DVC_PNL_DEC_LED_STATUS_ID status_id) {
-    const std::array<PARAMETER, 2> parameters{
+    const std::array<request_parameter, 2> parameters{
         {{DVC_PNL_DEC_PARAMETER_ID, &led_id}, {DVC_PNL_DEC_PARAMETER_STATUS, &status_id}}};
     return send_request(*this, DVC_PNL_DEC_FUNCTION_SET_LED_STATUS, parameters);
 }
 
 int dvc_pnl_dec_facade::dvc_pnl_dec_set_all_led_on() {
-    return send_request(*this, DVC_PNL_DEC_FUNCTION_SET_ALL_LED_ON, std::array<PARAMETER, 0>{});
+    return send_request(*this, DVC_PNL_DEC_FUNCTION_SET_ALL_LED_ON, std::array<request_parameter, 0>{});
 }
 
 int dvc_pnl_dec_facade::dvc_pnl_dec_set_all_led_off() {
-    return send_request(*this, DVC_PNL_DEC_FUNCTION_SET_ALL_LED_OFF, std::array<PARAMETER, 0>{});
+    return send_request(*this, DVC_PNL_DEC_FUNCTION_SET_ALL_LED_OFF, std::array<request_parameter, 0>{});
 }
 
 void dvc_pnl_dec_facade::dvc_pnl_dec_set_led_airprint_timer_proc(OSW_Timer_Control& timer, int value_1,
                                                                  int value_2, int value_3, int value_4) {
-    const std::array<PARAMETER, 5> parameters{{{DVC_PNL_DEC_PARAMETER_TIMER, &timer},
-                                               {DVC_PNL_DEC_PARAMETER_TIMER_VALUE_1, &value_1},
-                                               {DVC_PNL_DEC_PARAMETER_TIMER_VALUE_2, &value_2},
-                                               {DVC_PNL_DEC_PARAMETER_TIMER_VALUE_3, &value_3},
-                                               {DVC_PNL_DEC_PARAMETER_TIMER_VALUE_4, &value_4}}};
+    const std::array<request_parameter, 5> parameters{{{DVC_PNL_DEC_PARAMETER_TIMER, &timer},
+                                                       {DVC_PNL_DEC_PARAMETER_TIMER_VALUE_1, &value_1},
+                                                       {DVC_PNL_DEC_PARAMETER_TIMER_VALUE_2, &value_2},
+                                                       {DVC_PNL_DEC_PARAMETER_TIMER_VALUE_3, &value_3},
+                                                       {DVC_PNL_DEC_PARAMETER_TIMER_VALUE_4, &value_4}}};
     send_request(*this, DVC_PNL_DEC_FUNCTION_SET_LED_AIRPRINT_TIMER_PROC, parameters);
 }
 
@@ -197,7 +197,7 @@ int dvc_pnl_dec_facade::dvc_pnl_dec_set_buzzer_control_off(DVC_PNL_DEC_BUZZER_PA
 
 int dvc_pnl_dec_facade::dvc_pnl_dec_add_key_observer(dvc_pnl_dec_key_event_observer* observer) {
     std::uint32_t number = dvc_pnl_dec_observer_number(observer);
-    const std::array<PARAMETER, 1> parameters{{{DVC_PNL_DEC_PARAMETER_OBSERVER, &number}}};
+    const std::array<request_parameter, 1> parameters{{{DVC_PNL_DEC_PARAMETER_OBSERVER, &number}}};
     return send_request(*this, DVC_PNL_DEC_FUNCTION_ADD_KEY_OBSERVER, parameters);
 }
 

@@ -161,7 +161,7 @@ TEST_F(test_data_file_store, a_write_without_room_leaves_the_old_file) {
                settings.write("panel_language", 5, fault) == PLATFORM_NO_SPACE;
     };
     EXPECT_EQ(run_in_process(write_too_much), 0);
-    SETTING setting;
+    device_setting setting;
     EXPECT_EQ(settings.find("panel_language", setting, fault), 0) << fault;
     EXPECT_EQ(setting.value, 49U);
     EXPECT_EQ(get("file"), "old");
@@ -192,7 +192,7 @@ TEST_F(test_data_file_store, what_a_loss_of_power_may_undo_is_told_and_done) {
     EXPECT_EQ(dvu_dio_remove(AREA, GROUP, "file"), PLATFORM_NOT_DURABLE);
     EXPECT_EQ(get("file"), "code 2");
     at_sync = nullptr;
-    SETTING setting;
+    device_setting setting;
     EXPECT_EQ(settings.find("panel_language", setting, fault), 0) << fault;
     EXPECT_EQ(setting.value, 49U);
     EXPECT_EQ(settings.write("panel_language", 7, fault), 0) << "a child keeps the lock: " << fault;

@@ -99,11 +99,12 @@ TEST_F(test_settings_store, values_are_kept_in_the_range_of_their_width) {
 
 TEST_F(test_settings_store, settings_that_clash_or_cannot_be_are_not_added) {
     ASSERT_EQ(database_.add({1, 2, 8, "extra", 3, false}, fault_), 0) << fault_;
-    const SETTING refused[] = {{1, 2, 8, "other", 0, false},       {1, 3, 8, "extra", 0, false},
-                               {1, 3, 8, "destination", 0, false}, {GROUP, DESTINATION, 8, "x", 0, false},
-                               {1, 3, 12, "x", 0, false},          {1, 3, 8, "0x1", 0, false},
-                               {1, 3, 8, "x", 256, false}};
-    for (const SETTING& setting : refused) {
+    const device_setting refused[] = {
+        {1, 2, 8, "other", 0, false},       {1, 3, 8, "extra", 0, false},
+        {1, 3, 8, "destination", 0, false}, {GROUP, DESTINATION, 8, "x", 0, false},
+        {1, 3, 12, "x", 0, false},          {1, 3, 8, "0x1", 0, false},
+        {1, 3, 8, "x", 256, false}};
+    for (const device_setting& setting : refused) {
         EXPECT_NE(database_.add(setting, fault_), 0) << setting.name;
     }
 }
@@ -128,7 +129,7 @@ TEST_F(test_settings_store, writers_of_several_processes_lose_nothing_and_no_rea
     for (const pid_t process : processes) {
         EXPECT_EQ(wait_for(process), 0);
     }
-    std::vector<LANGUAGE_ATTRIBUTE> attributes;
+    std::vector<language_attribute> attributes;
     EXPECT_EQ(database_.list_attributes(attributes, fault_), 0) << fault_;
     EXPECT_EQ(attributes.size(), 80U);
 }

@@ -39,7 +39,7 @@ static_assert(std::is_copy_constructible<quiet_observer>::value &&
 
 // Messages as bytes, built from numbers and written out independently.
 
-struct RECORD {
+struct record_row {
     std::int32_t id;
     std::int32_t value;
 };
@@ -52,10 +52,10 @@ std::string word_bytes(std::int32_t number) {
 }
 
 /** @return header and records as they lie in memory, without anything behind the last record */
-std::string message_bytes(std::int32_t func_id, std::int32_t pcnt, const std::vector<RECORD>& records) {
+std::string message_bytes(std::int32_t func_id, std::int32_t pcnt, const std::vector<record_row>& records) {
     const std::size_t header_length = 88;
     std::string bytes = std::string(72, '\0') + word_bytes(func_id) + word_bytes(pcnt) + std::string(4, '\0');
-    for (const RECORD& record : records) {
+    for (const record_row& record : records) {
         bytes += word_bytes(record.id) + word_bytes(record.value);
     }
     bytes.resize(std::max(bytes.size(), header_length), '\0');
@@ -68,10 +68,10 @@ std::string reply_bytes(std::int32_t result) {
 }
 
 /** One requesting operation: how it is called, and what it must send. */
-struct OPERATION {
+struct operation_row {
     std::function<int()> call;
     std::int32_t func_id;
-    std::vector<RECORD> records;
+    std::vector<record_row> records;
 };
 
 class facade : public testing::Test {
@@ -96,7 +96,7 @@ protected:
     quiet_observer observer_;
     const std::int32_t address_ = static_cast<std::int32_t>(reinterpret_cast<std::uintptr_t>(&observer_));
 
-    const OPERATION operations_[5] = {
+    const operation_row operations_[5] = {
         {[this] { return set_led(); }, 101, {{0, LEAST}, {1, MOST}}},
         {[this] { return facade_.dvc_pnl_dec_set_all_led_on(); }, 103, {}},
         {[this] { return facade_.dvc_pnl_dec_set_all_led_off(); }, 104, {}},
@@ -108,12 +108,12 @@ protected:
 };
 
 /** What a thread saw at its first use. */
-struct SIGHT {
+struct sight_row {
     dvc_pnl_dec_facade* facade = nullptr;
     std::string reply = std::string(88, '\0');
 };
 
-void use_facade(SIGHT& sight, std::atomic<bool>& is_there) {
+void use_facade(sight_row& sight, std::atomic<bool>& is_there) {
     std::string request = message_bytes(103, 0, {});
     unsigned int capacity = 88;
     sight.facade = dvc_pnl_dec_facade::dvc_pnl_dec_get_instance();
@@ -124,7 +124,7 @@ void use_facade(SIGHT& sight, std::atomic<bool>& is_there) {
 } // namespace
 
 TEST_F(facade, requests_have_exact_bytes_and_go_out_when_the_service_is_ready) {
-    for (const OPERATION& operation : operations_) {
+    for (const operation_row& operation : operations_) {
         SCOPED_TRACE(operation.func_id);
         platform_.forget_calls();
         operation.call();
@@ -160,7 +160,7 @@ TEST_F(facade, the_result_is_the_replys_or_minus_one) {
         SCOPED_TRACE(row.name);
         platform_.reset();
         row.script();
-        for (const OPERATION& operation : operations_) {
+        for (const operation_row& operation : operations_) {
             const int expected = operation.func_id == TIMER_FUNCTION ? NO_RESULT : row.result;
             EXPECT_EQ(operation.call(), expected) << operation.func_id;
         }
@@ -199,7 +199,7 @@ TEST_F(facade, notify_sends_under_the_id_in_the_request_and_hides_a_failure) {
     char reply[12];
     unsigned int capacity = sizeof reply;
     EXPECT_EQ(facade_.notify(103, &request[1], 88, reply, &capacity), 0);
-    const FAKE_CALL send = platform_.calls().back();
+    const fake_call send = platform_.calls().back();
     EXPECT_EQ(send.numbers, (numbers{1, -2, 88, 12}));
     EXPECT_EQ(send.bytes, request.substr(1));
 }
@@ -244,7 +244,7 @@ TEST_F(facade, operations_without_effect_call_nothing_and_keep_what_they_are_giv
 TEST_F(facade, is_one_with_one_client_for_all_threads) {
     platform_.reset();
     platform_.add_reply(reply_bytes(33));
-    SIGHT sights[16];
+    sight_row sights[16];
     std::atomic<bool> is_there{false};
     std::vector<std::thread> threads;
     {
@@ -265,7 +265,7 @@ TEST_F(facade, is_one_with_one_client_for_all_threads) {
         thread.join();
     }
 
-    for (const SIGHT& sight : sights) {
+    for (const sight_row& sight : sights) {
         EXPECT_EQ(sight.facade, sights[0].facade);
         EXPECT_EQ(sight.reply, reply_bytes(33));
     }
@@ -283,7 +283,7 @@ TEST(serialize, decodes_what_the_header_announces_up_to_an_unknown_id) {
     const struct {
         const char* name;
         std::int32_t pcnt;
-        std::vector<RECORD> records;
+        std::vector<record_row> records;
         int result, id, status;
     } rows[] = {
         {"id alone, the status stays reset", 1, {{0, MOST}}, 8, MOST, 1},

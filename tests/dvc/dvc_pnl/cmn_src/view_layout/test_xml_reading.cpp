@@ -93,7 +93,7 @@ protected:
     /** Both outputs of a failed parse, and nothing but them. */
     void expect_one_fatal_error(const std::string& text) {
         EXPECT_EQ(output_, event_names{"XML Fatal Error " + text});
-        const std::vector<FAKE_CALL> calls = platform_.calls_of("emwGENTrcPrintf");
+        const std::vector<fake_call> calls = platform_.calls_of("emwGENTrcPrintf");
         ASSERT_EQ(calls.size(), 1U);
         EXPECT_EQ(calls[0].numbers, (std::vector<std::int64_t>{0x5302, 0x102, 5}));
         EXPECT_EQ(calls[0].format, "%s:%d:%s:XML Fatal Error lines:%d column:%d %s\n");
