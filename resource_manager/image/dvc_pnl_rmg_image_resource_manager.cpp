@@ -9,7 +9,6 @@
 
 #include <QStringList>
 
-#include <cstdio>
 #include <cstring>
 #include <memory>
 
@@ -17,8 +16,6 @@ namespace velarion {
 
 namespace {
 
-constexpr int NO_IMAGE_ID = -1;
-constexpr char EXTERNAL_MARK = ':';
 constexpr char SVG_EXTENSION[] = ".svg";
 constexpr char PRELOADED_NAME[] = "ico_globalnavi";
 constexpr const char* CACHED_NAMES[] = {"background_setting_i", "list_globalnavi"};
@@ -26,16 +23,6 @@ constexpr const char* CACHED_NAMES[] = {"background_setting_i", "list_globalnavi
 constexpr int TRACE_MODULE = 0x5302;
 constexpr int TRACE_GROUP = 0x102;
 constexpr int TRACE_PERFORMANCE = 0x102;
-
-struct file_type {
-    const char* extension;
-    int type;
-};
-constexpr file_type FILE_TYPES[] = {
-    {".png", DVC_PNL_RMG_IMAGE_TYPE_STILL},
-    {".gif", DVC_PNL_RMG_IMAGE_TYPE_MOVIE},
-    {SVG_EXTENSION, DVC_PNL_RMG_IMAGE_TYPE_STILL},
-};
 
 std::string to_utf8(const QString& text) {
     const QByteArray bytes = text.toUtf8();
@@ -309,83 +296,6 @@ QString dvc_pnl_rmg_image_resource_manager::get_image_name_with_state_suffix(QSt
     }
     const int extension = name.lastIndexOf(QLatin1Char('.'));
     return name.insert(extension < 0 ? name.size() : extension, suffix);
-}
-
-int dvc_pnl_rmg_image_resource_manager::compare_element(const void* first, const void* second) {
-    const std::int32_t left = static_cast<const DVC_PNL_RMG_IMPL_IMAGE_NAME*>(first)->image_id;
-    const std::int32_t right = static_cast<const DVC_PNL_RMG_IMPL_IMAGE_NAME*>(second)->image_id;
-    return left < right ? -1 : (left > right ? 1 : 0);
-}
-
-bool dvc_pnl_rmg_image_resource_manager::search_image_element(const DVC_PNL_RMG_IMPL_IMAGE_NAME& key,
-                                                              DVC_PNL_RMG_IMPL_IMAGE_NAME& found) {
-    unsigned int lower = 0;
-    unsigned int upper = static_cast<unsigned int>(dvc_pnl_rmg_imple_image_name_table_size);
-    while (lower < upper) {
-        const unsigned int middle = (lower + upper) / 2;
-        const DVC_PNL_RMG_IMPL_IMAGE_NAME& row = dvc_pnl_rmg_impl_image_name_table[middle];
-        const int order = compare_element(&key, &row);
-        if (order == 0) {
-            found = row;
-            return true;
-        }
-        if (order < 0) {
-            upper = middle;
-        } else {
-            lower = middle + 1;
-        }
-    }
-    return false;
-}
-
-int dvc_pnl_rmg_image_resource_manager::judgement_image_type(const DVC_PNL_RMG_IMPL_IMAGE_NAME& image) {
-    const QString name = dvc_pnl_utl_from_8bit(image.file_name).toLower();
-    for (const file_type& file_type : FILE_TYPES) {
-        if (name.endsWith(QLatin1String(file_type.extension))) {
-            return file_type.type;
-        }
-    }
-    return DVC_PNL_RMG_IMAGE_TYPE_NONE;
-}
-
-int dvc_pnl_rmg_image_resource_manager::dvc_pnl_rmg_search_image_id_info(const char* id) {
-    if (!id) {
-        return DVC_PNL_RMG_IMAGE_TYPE_NONE;
-    }
-    if (std::strchr(id, EXTERNAL_MARK)) {
-        external_name_ = std::string(id); // a copy first: id may be the name itself
-        current_image_ = {NO_IMAGE_ID, nullptr, external_name_.c_str()};
-        return DVC_PNL_RMG_IMAGE_TYPE_STILL;
-    }
-    DVC_PNL_RMG_IMPL_IMAGE_NAME wanted = {NO_IMAGE_ID, nullptr, id};
-    int number = 0;
-    if (!dvc_pnl_common_utility::string_to_int(id, number)) {
-        return judgement_image_type(wanted);
-    }
-    wanted.image_id = number;
-    if (!search_image_element(wanted, current_image_)) {
-        return DVC_PNL_RMG_IMAGE_TYPE_NONE;
-    }
-    return judgement_image_type(current_image_);
-}
-
-int dvc_pnl_rmg_image_resource_manager::dvc_pnl_rmg_get_image_type(const char* id) {
-    return dvc_pnl_rmg_search_image_id_info(id);
-}
-
-void dvc_pnl_rmg_image_resource_manager::dvc_pnl_rmg_get_icon_file_mame(const QString& id, QString& file) {
-    dvc_pnl_rmg_search_image_id_info(id.toUtf8().constData());
-    file = dvc_pnl_utl_from_8bit(current_image_.file_name);
-}
-
-void dvc_pnl_rmg_image_resource_manager::dvc_pnl_rmg_create_image_id(QString name, int width, int height,
-                                                                     QString& key) {
-    key = name;
-    if (is_requested_size(width, height)) {
-        char size[32];
-        std::snprintf(size, sizeof size, "%06d-%06d-", width, height);
-        key.prepend(QString::fromLatin1(size));
-    }
 }
 
 void dvc_pnl_rmg_image_resource_manager::dvc_pnl_rmg_set_cache_limit(int kilobytes) {

@@ -236,6 +236,9 @@ public:
     void dvc_pnl_rmg_clear_external_image(const std::string& id);
 
 private:
+    static constexpr int NO_IMAGE_ID = -1;
+    static constexpr char EXTERNAL_MARK = ':'; ///< in the identifier of an external image
+
     struct image_request;
 
     dvc_pnl_rmg_image_resource_manager();
