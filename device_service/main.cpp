@@ -124,7 +124,7 @@ velarion::file_descriptor take_signals() {
     return velarion::file_descriptor(::signalfd(-1, &ending, SFD_CLOEXEC | SFD_NONBLOCK));
 }
 
-int report_listen_fault(int code) {
+int report_listen_fault(platform_code code) {
     const std::string folder = velarion::platform_folder();
     switch (code) {
     case velarion::PLATFORM_ALREADY_SERVED:
@@ -169,7 +169,7 @@ int main(int argc, char** argv) {
         return EXIT_FAULT;
     }
     service_loop loop;
-    const int code = loop.listen(velarion::DVC_PNL_DEC_SERVICE_NAME);
+    const platform_code code = loop.listen(velarion::DVC_PNL_DEC_SERVICE_NAME);
     if (code != velarion::PLATFORM_OK) {
         return report_listen_fault(code);
     }

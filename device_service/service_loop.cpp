@@ -24,7 +24,7 @@ service_loop::service_loop()
     : service_([this](std::uint32_t number, std::vector<char> message) { send(number, std::move(message)); },
                monotonic_milliseconds()) {}
 
-int service_loop::listen(const std::string& name) {
+platform_code service_loop::listen(const std::string& name) {
     return listener_.listen(name);
 }
 
@@ -108,7 +108,7 @@ void service_loop::send(std::uint32_t number, std::vector<char> message) {
 void service_loop::send_unsent(std::uint32_t number, connected_peer& peer) {
     while (!peer.unsent.empty()) {
         const std::vector<char>& message = peer.unsent.front();
-        const int code = send_whole_message(peer.socket.get(), message.data(), message.size());
+        const platform_code code = send_whole_message(peer.socket.get(), message.data(), message.size());
         if (code == PLATFORM_WOULD_BLOCK) {
             return;
         }
@@ -126,7 +126,7 @@ void service_loop::receive(std::uint32_t number, connected_peer& peer) {
     }
     char message[IPC_LONGEST_MESSAGE];
     ipc_header header;
-    const int code = receive_message(peer.socket.get(), message, header);
+    const platform_code code = receive_message(peer.socket.get(), message, header);
     if (code == PLATFORM_CONNECTION_LOST) {
         drop(number, nullptr);
     } else if (code == PLATFORM_BAD_MESSAGE) {
@@ -139,7 +139,7 @@ void service_loop::receive(std::uint32_t number, connected_peer& peer) {
 void service_loop::accept() {
     file_descriptor socket;
     pid_t process = 0;
-    const int code = listener_.accept(socket, process);
+    const platform_code code = listener_.accept(socket, process);
     if (code == PLATFORM_OK) {
         peers_[++last_number_].socket = std::move(socket);
         service_.connected(last_number_, process);

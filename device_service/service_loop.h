@@ -4,6 +4,7 @@
 #include "file_descriptor.h"
 #include "message_socket.h"
 #include "panel_service.h"
+#include "platform_codes.h"
 
 #include <cstdint>
 #include <deque>
@@ -21,7 +22,7 @@ public:
     service_loop();
 
     /** Takes the service's name. @return PLATFORM_OK, or why it cannot be taken, see message_listener */
-    int listen(const std::string& name);
+    platform_code listen(const std::string& name);
 
     /**
      * Serves until a descriptor can be read.

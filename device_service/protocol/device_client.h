@@ -2,6 +2,7 @@
 #define DEVICE_CLIENT_H
 
 #include "device_message.h"
+#include "platform_codes.h"
 
 #include <sys/types.h>
 
@@ -30,7 +31,7 @@ request_outcome send_request(const device_message& request, device_message& repl
 
 /** What can be seen of the service without a word of it. */
 struct service_sight {
-    int code = 0;      ///< PLATFORM_OK when it can be connected to, or why not, see connect_to_service()
+    platform_code code = PLATFORM_OK; ///< whether it can be connected to, or why not: connect_to_service()
     pid_t process = 0; ///< that serves, also when it takes no connections; 0 when it cannot be told
 };
 

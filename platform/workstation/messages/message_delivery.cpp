@@ -49,7 +49,7 @@ bool message_delivery::wait_while_running(int socket, int milliseconds) {
     return !is_ending_;
 }
 
-int message_delivery::attach(int socket) {
+platform_code message_delivery::attach(int socket) {
     ipc_header header;
     header.kind = IPC_ATTACH;
     header.destination = interest_;
@@ -61,7 +61,7 @@ int message_delivery::attach(int socket) {
 bool message_delivery::deliver_next(int socket, bool& is_greeted) {
     char message[IPC_LONGEST_MESSAGE];
     ipc_header header;
-    const int code = receive_message(socket, message, header);
+    const platform_code code = receive_message(socket, message, header);
     if (code != PLATFORM_OK) {
         return code == PLATFORM_WOULD_BLOCK;
     }

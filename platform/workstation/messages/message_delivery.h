@@ -5,6 +5,7 @@
 #include "ipc_header.h"
 #include "message_layer.h"
 #include "panel_platform_export.h"
+#include "platform_codes.h"
 
 #include <atomic>
 #include <cstdint>
@@ -41,7 +42,7 @@ public:
 private:
     void run();
     bool wait_while_running(int socket, int milliseconds);
-    int attach(int socket);
+    platform_code attach(int socket);
     bool deliver_next(int socket, bool& is_greeted);
     void serve_connection(int socket);
     void dispatch(const ipc_header& header, char* message);

@@ -36,7 +36,7 @@ bool is_service_name(const std::string& name) {
            name.find('/') == std::string::npos && name.find('\0') == std::string::npos;
 }
 
-int open_runtime_folder(file_descriptor& folder) {
+platform_code open_runtime_folder(file_descriptor& folder) {
     const std::string path = platform_folder();
     if (path.empty()) {
         return PLATFORM_NO_FOLDER;
@@ -54,8 +54,8 @@ int open_runtime_folder(file_descriptor& folder) {
     return PLATFORM_OK;
 }
 
-int make_runtime_folder(file_descriptor& folder) {
-    const int code = make_platform_folder();
+platform_code make_runtime_folder(file_descriptor& folder) {
+    const platform_code code = make_platform_folder();
     if (code != PLATFORM_OK) {
         return code;
     }
@@ -94,7 +94,7 @@ bool is_same_user(int socket, pid_t& process) {
     return peer.uid == ::geteuid();
 }
 
-int code_of_transfer_error(int error) {
+platform_code code_of_transfer_error(int error) {
     return error == EAGAIN || error == EINTR ? PLATFORM_WOULD_BLOCK : PLATFORM_CONNECTION_LOST;
 }
 
@@ -110,14 +110,14 @@ std::uint64_t random_number() {
 
 } // namespace
 
-int connect_to_service(const std::string& name, file_descriptor& socket) {
+platform_code connect_to_service(const std::string& name, file_descriptor& socket) {
     if (!is_service_name(name)) {
         return PLATFORM_INVALID_ARGUMENT;
     }
     file_descriptor folder;
-    const int code = open_runtime_folder(folder);
+    const platform_code code = open_runtime_folder(folder);
     if (code != PLATFORM_OK) {
-        return code == PLATFORM_NOT_FOUND ? static_cast<int>(PLATFORM_NOT_READY) : code;
+        return code == PLATFORM_NOT_FOUND ? PLATFORM_NOT_READY : code;
     }
     file_descriptor made = make_socket();
     if (made.get() < 0) {
@@ -134,7 +134,7 @@ int connect_to_service(const std::string& name, file_descriptor& socket) {
     return PLATFORM_OK;
 }
 
-int send_message(int socket, ipc_header header, const void* payload, std::size_t payload_length) {
+platform_code send_message(int socket, ipc_header header, const void* payload, std::size_t payload_length) {
     if (payload_length > IPC_LONGEST_MESSAGE - IPC_HEADER_LENGTH) {
         return PLATFORM_TOO_LARGE;
     }
@@ -146,18 +146,18 @@ int send_message(int socket, ipc_header header, const void* payload, std::size_t
     message.msg_iov = parts;
     message.msg_iovlen = payload_length > 0 ? 2 : 1;
     const ssize_t sent = ::sendmsg(socket, &message, MSG_NOSIGNAL | MSG_DONTWAIT);
-    return sent >= 0 ? static_cast<int>(PLATFORM_OK) : code_of_transfer_error(errno);
+    return sent >= 0 ? PLATFORM_OK : code_of_transfer_error(errno);
 }
 
-int send_whole_message(int socket, const void* message, std::size_t length) {
+platform_code send_whole_message(int socket, const void* message, std::size_t length) {
     if (length > IPC_LONGEST_MESSAGE) {
         return PLATFORM_TOO_LARGE;
     }
     const ssize_t sent = ::send(socket, message, length, MSG_NOSIGNAL | MSG_DONTWAIT);
-    return sent >= 0 ? static_cast<int>(PLATFORM_OK) : code_of_transfer_error(errno);
+    return sent >= 0 ? PLATFORM_OK : code_of_transfer_error(errno);
 }
 
-int receive_message(int socket, char* buffer, ipc_header& header) {
+platform_code receive_message(int socket, char* buffer, ipc_header& header) {
     const ssize_t length = ::recv(socket, buffer, IPC_LONGEST_MESSAGE, MSG_DONTWAIT | MSG_TRUNC);
     if (length < 0) {
         return code_of_transfer_error(errno);
@@ -208,11 +208,11 @@ message_listener::~message_listener() {
     }
 }
 
-int message_listener::listen(const std::string& name) {
+platform_code message_listener::listen(const std::string& name) {
     if (!is_service_name(name) || listener_.get() >= 0) {
         return PLATFORM_INVALID_ARGUMENT;
     }
-    const int code = make_runtime_folder(folder_);
+    const platform_code code = make_runtime_folder(folder_);
     if (code != PLATFORM_OK) {
         return code;
     }
@@ -239,7 +239,7 @@ int message_listener::listen(const std::string& name) {
     return PLATFORM_OK;
 }
 
-int message_listener::accept(file_descriptor& socket, pid_t& process) {
+platform_code message_listener::accept(file_descriptor& socket, pid_t& process) {
     file_descriptor taken(::accept4(listener_.get(), nullptr, nullptr, SOCK_NONBLOCK | SOCK_CLOEXEC));
     if (taken.get() < 0) {
         const bool is_none = errno == EAGAIN || errno == EINTR || errno == ECONNABORTED;

@@ -4,6 +4,7 @@
 #include "file_descriptor.h"
 #include "ipc_header.h"
 #include "panel_platform_export.h"
+#include "platform_codes.h"
 
 #include <cstdint>
 #include <string>
@@ -20,7 +21,7 @@ namespace velarion {
  * one; PLATFORM_ACCESS_DENIED when another user serves it or can reach the folder of sockets; or why the
  * folder cannot be opened
  */
-PANEL_PLATFORM_EXPORT int connect_to_service(const std::string& name, file_descriptor& socket);
+PANEL_PLATFORM_EXPORT platform_code connect_to_service(const std::string& name, file_descriptor& socket);
 
 /**
  * Sends one message; never waits.
@@ -29,11 +30,11 @@ PANEL_PLATFORM_EXPORT int connect_to_service(const std::string& name, file_descr
  * @param payload  the bytes behind the header
  * @return PLATFORM_OK; PLATFORM_WOULD_BLOCK; PLATFORM_TOO_LARGE; PLATFORM_CONNECTION_LOST
  */
-PANEL_PLATFORM_EXPORT int send_message(int socket, ipc_header header, const void* payload,
-                                       std::size_t payload_length);
+PANEL_PLATFORM_EXPORT platform_code send_message(int socket, ipc_header header, const void* payload,
+                                                 std::size_t payload_length);
 
 /** Sends one message whose header is written already; otherwise like send_message(). */
-PANEL_PLATFORM_EXPORT int send_whole_message(int socket, const void* message, std::size_t length);
+PANEL_PLATFORM_EXPORT platform_code send_whole_message(int socket, const void* message, std::size_t length);
 
 /**
  * Receives one message; never waits.
@@ -43,7 +44,7 @@ PANEL_PLATFORM_EXPORT int send_whole_message(int socket, const void* message, st
  * @return PLATFORM_OK; PLATFORM_WOULD_BLOCK; PLATFORM_CONNECTION_LOST; PLATFORM_BAD_MESSAGE for bytes that
  * are no message of the message layer
  */
-PANEL_PLATFORM_EXPORT int receive_message(int socket, char* buffer, ipc_header& header);
+PANEL_PLATFORM_EXPORT platform_code receive_message(int socket, char* buffer, ipc_header& header);
 
 /** Milliseconds of a clock that only ever goes forward. */
 PANEL_PLATFORM_EXPORT std::int64_t monotonic_milliseconds();
@@ -72,7 +73,7 @@ public:
      * @return PLATFORM_OK; PLATFORM_ALREADY_SERVED while another process serves the name;
      *         PLATFORM_INVALID_ARGUMENT; or why the folder or socket cannot be made
      */
-    int listen(const std::string& name);
+    platform_code listen(const std::string& name);
 
     /**
      * Takes a waiting connection; never waits.
@@ -82,7 +83,7 @@ public:
      * @return PLATFORM_OK; PLATFORM_WOULD_BLOCK; PLATFORM_ACCESS_DENIED for another user's process, which is
      *         turned away; PLATFORM_IO_ERROR when there are no descriptors or no memory
      */
-    int accept(file_descriptor& socket, pid_t& process);
+    platform_code accept(file_descriptor& socket, pid_t& process);
 
     /** @return a descriptor that can be read when a connection waits */
     int descriptor() const { return listener_.get(); }

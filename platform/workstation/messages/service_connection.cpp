@@ -80,11 +80,12 @@ bool service_connection::is_ready() {
     return !is_silent_;
 }
 
-int service_connection::exchange(std::int32_t func_id, const char* request, std::size_t request_length,
-                                 char* reply, unsigned int& reply_length) {
+platform_code service_connection::exchange(std::int32_t func_id, const char* request,
+                                           std::size_t request_length, char* reply,
+                                           unsigned int& reply_length) {
     const std::int64_t deadline = monotonic_milliseconds() + LONGEST_EXCHANGE;
     const unsigned int capacity = std::exchange(reply_length, 0);
-    int code = take_turn(deadline);
+    platform_code code = take_turn(deadline);
     if (code != PLATFORM_OK) {
         return code;
     }
@@ -122,7 +123,7 @@ void service_connection::start_anew_after_fork() {
 }
 
 /** Who waited while the service fell silent does not try it again. */
-int service_connection::take_turn(std::int64_t deadline) {
+platform_code service_connection::take_turn(std::int64_t deadline) {
     std::unique_lock<std::mutex> lock(mutex_);
     start_anew_after_fork();
     if (use_ != FREE) {
@@ -147,7 +148,7 @@ void service_connection::close() {
 /** Only a service that is not there, or not ready yet, is worth waiting for. */
 bool service_connection::wait_until_greeted(std::int64_t deadline) {
     for (;;) {
-        const int code = make_ready(deadline);
+        const platform_code code = make_ready(deadline);
         if (code != PLATFORM_NOT_READY || monotonic_milliseconds() >= deadline) {
             return code == PLATFORM_OK;
         }
@@ -160,7 +161,7 @@ void service_connection::take_what_came() {
     char message[IPC_LONGEST_MESSAGE];
     ipc_header header;
     for (int taken = 0; taken < MOST_LATE; ++taken) {
-        const int code = receive_message(socket_.get(), message, header);
+        const platform_code code = receive_message(socket_.get(), message, header);
         if (code == PLATFORM_WOULD_BLOCK) {
             return;
         }
@@ -182,17 +183,18 @@ void service_connection::probe(std::int64_t now) {
     header.kind = IPC_PROBE;
     header.sequence = ++last_sequence_;
     header.host = host_number();
-    send_message(socket_.get(), header, nullptr, 0); // what became of it, the next check finds out
+    static_cast<void>(
+        send_message(socket_.get(), header, nullptr, 0)); // the next check finds out what came of it
 }
 
-int service_connection::make_ready(std::int64_t deadline) {
+platform_code service_connection::make_ready(std::int64_t deadline) {
     if (is_greeted_) {
         take_what_came();
     }
     if (socket_.get() < 0) {
-        const int code = connect_to_service(name_, socket_);
+        const platform_code code = connect_to_service(name_, socket_);
         if (code != PLATFORM_OK) {
-            return code == PLATFORM_WOULD_BLOCK ? static_cast<int>(PLATFORM_NOT_READY) : code;
+            return code == PLATFORM_WOULD_BLOCK ? PLATFORM_NOT_READY : code;
         }
     }
     if (is_greeted_) {
@@ -200,7 +202,7 @@ int service_connection::make_ready(std::int64_t deadline) {
     }
     char message[IPC_LONGEST_MESSAGE];
     ipc_header header;
-    const int code = receive_whole(message, header, deadline);
+    const platform_code code = receive_whole(message, header, deadline);
     is_greeted_ = code == PLATFORM_OK && header.kind == IPC_GREETING;
     if (!is_greeted_ && code != PLATFORM_NO_ANSWER) {
         close();
@@ -208,11 +210,11 @@ int service_connection::make_ready(std::int64_t deadline) {
     return is_greeted_ ? PLATFORM_OK : PLATFORM_NOT_READY;
 }
 
-int service_connection::send_whole(const ipc_header& header, const char* request, std::size_t request_length,
-                                   std::int64_t deadline) {
+platform_code service_connection::send_whole(const ipc_header& header, const char* request,
+                                             std::size_t request_length, std::int64_t deadline) {
     for (;;) {
-        const int code = send_message(socket_.get(), header, request + IPC_HEADER_LENGTH,
-                                      request_length - IPC_HEADER_LENGTH);
+        const platform_code code = send_message(socket_.get(), header, request + IPC_HEADER_LENGTH,
+                                                request_length - IPC_HEADER_LENGTH);
         if (code != PLATFORM_WOULD_BLOCK) {
             return code;
         }
@@ -224,9 +226,9 @@ int service_connection::send_whole(const ipc_header& header, const char* request
 }
 
 /** A request that could not be handed over was not seen by the service: it may go again, once. */
-int service_connection::send_request(const ipc_header& header, const char* request,
-                                     std::size_t request_length, std::int64_t deadline) {
-    int code = PLATFORM_CONNECTION_LOST;
+platform_code service_connection::send_request(const ipc_header& header, const char* request,
+                                               std::size_t request_length, std::int64_t deadline) {
+    platform_code code = PLATFORM_CONNECTION_LOST;
     for (int attempt = 0; attempt < 2 && code == PLATFORM_CONNECTION_LOST; ++attempt) {
         code = make_ready(deadline);
         if (code == PLATFORM_OK) {
@@ -239,9 +241,9 @@ int service_connection::send_request(const ipc_header& header, const char* reque
     return code;
 }
 
-int service_connection::receive_whole(char* message, ipc_header& header, std::int64_t deadline) {
+platform_code service_connection::receive_whole(char* message, ipc_header& header, std::int64_t deadline) {
     for (;;) {
-        const int code = receive_message(socket_.get(), message, header);
+        const platform_code code = receive_message(socket_.get(), message, header);
         if (code != PLATFORM_WOULD_BLOCK) {
             return code;
         }
@@ -252,10 +254,10 @@ int service_connection::receive_whole(char* message, ipc_header& header, std::in
 }
 
 /** A late reply, or one of another function, is not the answer. */
-int service_connection::receive_answer(const ipc_header& request, char* message, ipc_header& answer,
-                                       std::int64_t deadline) {
+platform_code service_connection::receive_answer(const ipc_header& request, char* message, ipc_header& answer,
+                                                 std::int64_t deadline) {
     do {
-        const int code = receive_whole(message, answer, deadline);
+        const platform_code code = receive_whole(message, answer, deadline);
         if (code == PLATFORM_OK && is_answer(request, answer, message)) {
             is_silent_ = false;
             return PLATFORM_OK;
@@ -265,7 +267,7 @@ int service_connection::receive_answer(const ipc_header& request, char* message,
         }
         if (code != PLATFORM_OK || !may_come_late(answer)) {
             close();
-            return code != PLATFORM_OK ? code : static_cast<int>(PLATFORM_BAD_MESSAGE);
+            return code != PLATFORM_OK ? code : PLATFORM_BAD_MESSAGE;
         }
     } while (monotonic_milliseconds() < deadline);
     is_silent_ = true;

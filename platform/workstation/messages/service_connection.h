@@ -3,6 +3,7 @@
 
 #include "file_descriptor.h"
 #include "ipc_header.h"
+#include "platform_codes.h"
 
 #include <condition_variable>
 #include <cstdint>
@@ -40,8 +41,8 @@ public:
      *         PLATFORM_NO_ANSWER, PLATFORM_CONNECTION_LOST (the service may have seen the request),
      *         PLATFORM_BAD_MESSAGE, PLATFORM_TOO_LARGE
      */
-    int exchange(std::int32_t func_id, const char* request, std::size_t request_length, char* reply,
-                 unsigned int& reply_length);
+    platform_code exchange(std::int32_t func_id, const char* request, std::size_t request_length, char* reply,
+                           unsigned int& reply_length);
 
 private:
     enum usage { FREE, IN_CHECK, IN_EXCHANGE };
@@ -49,18 +50,19 @@ private:
     struct turn;
 
     void start_anew_after_fork();
-    int take_turn(std::int64_t deadline);
+    platform_code take_turn(std::int64_t deadline);
     void close();
     bool wait_until_greeted(std::int64_t deadline);
     void take_what_came();
     void probe(std::int64_t now);
-    int make_ready(std::int64_t deadline);
-    int send_whole(const ipc_header& header, const char* request, std::size_t request_length,
-                   std::int64_t deadline);
-    int send_request(const ipc_header& header, const char* request, std::size_t request_length,
-                     std::int64_t deadline);
-    int receive_whole(char* message, ipc_header& header, std::int64_t deadline);
-    int receive_answer(const ipc_header& request, char* message, ipc_header& answer, std::int64_t deadline);
+    platform_code make_ready(std::int64_t deadline);
+    platform_code send_whole(const ipc_header& header, const char* request, std::size_t request_length,
+                             std::int64_t deadline);
+    platform_code send_request(const ipc_header& header, const char* request, std::size_t request_length,
+                               std::int64_t deadline);
+    platform_code receive_whole(char* message, ipc_header& header, std::int64_t deadline);
+    platform_code receive_answer(const ipc_header& request, char* message, ipc_header& answer,
+                                 std::int64_t deadline);
 
     const std::string name_;
     std::mutex mutex_; ///< for the members before the blank line; the others belong to who has the turn
