@@ -53,33 +53,23 @@ QJsonObject to_json(const language_attribute& attribute) {
             {QStringLiteral("text"), QString::fromUtf8(attribute.text.c_str())}};
 }
 
-int list_settings(const QStringList&, bool as_json) {
-    settings_database database;
-    std::vector<device_setting> settings;
-    std::vector<language_attribute> attributes;
-    std::string fault;
-    int code = database.list(settings, fault);
-    if (code == PLATFORM_OK) {
-        code = database.list_attributes(attributes, fault);
+void print_list_as_json(const std::string& file, const std::vector<device_setting>& settings,
+                        const std::vector<language_attribute>& attributes) {
+    QJsonArray settings_as_json;
+    for (const device_setting& setting : settings) {
+        settings_as_json.append(to_json(setting));
     }
-    if (code != PLATFORM_OK) {
-        return report_failure(code, fault);
+    QJsonArray attributes_as_json;
+    for (const language_attribute& attribute : attributes) {
+        attributes_as_json.append(to_json(attribute));
     }
-    if (as_json) {
-        QJsonArray settings_as_json;
-        for (const device_setting& setting : settings) {
-            settings_as_json.append(to_json(setting));
-        }
-        QJsonArray attributes_as_json;
-        for (const language_attribute& attribute : attributes) {
-            attributes_as_json.append(to_json(attribute));
-        }
-        print_json(
-            QJsonDocument(QJsonObject{{QStringLiteral("file"), QString::fromUtf8(database.file().c_str())},
-                                      {QStringLiteral("settings"), settings_as_json},
-                                      {QStringLiteral("attributes"), attributes_as_json}}));
-        return EXIT_FOUND;
-    }
+    print_json(QJsonDocument(QJsonObject{{QStringLiteral("file"), QString::fromUtf8(file.c_str())},
+                                         {QStringLiteral("settings"), settings_as_json},
+                                         {QStringLiteral("attributes"), attributes_as_json}}));
+}
+
+void print_list(const std::vector<device_setting>& settings,
+                const std::vector<language_attribute>& attributes) {
     std::vector<QStringList> rows;
     for (const device_setting& setting : settings) {
         rows.push_back(to_row(setting));
@@ -91,6 +81,25 @@ int list_settings(const QStringList&, bool as_json) {
                         QString::fromUtf8(attribute.text.c_str())});
     }
     print_table(rows);
+}
+
+int list_settings(const QStringList&, bool as_json) {
+    settings_database database;
+    std::vector<device_setting> settings;
+    std::vector<language_attribute> attributes;
+    std::string fault;
+    platform_code code = database.list(settings, fault);
+    if (code == PLATFORM_OK) {
+        code = database.list_attributes(attributes, fault);
+    }
+    if (code != PLATFORM_OK) {
+        return report_failure(code, fault);
+    }
+    if (as_json) {
+        print_list_as_json(database.file(), settings, attributes);
+    } else {
+        print_list(settings, attributes);
+    }
     return EXIT_FOUND;
 }
 
