@@ -71,6 +71,7 @@ TEST_F(pictures, data_files_come_back_as_they_were_put) {
     const std::string source = scratch_.path("source");
     const std::string contents("a\0\xff\n", 4);
     scratch_.write("source", contents);
+    EXPECT_EQ(json_of({"data", "exists", "a/b"})["platform_code"].toInt(), 2);
     EXPECT_EQ(run({"data", "exists", "a/b"}).exit_code, 1);
     EXPECT_EQ(output_of({"data", "put", "a/b", source}), "");
     EXPECT_EQ(output_of({"data", "exists", "a/b"}), "yes\n");
