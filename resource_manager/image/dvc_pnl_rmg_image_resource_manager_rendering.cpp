@@ -28,7 +28,7 @@ constexpr int PLACEHOLDER_TEXT_LINES = 5;
 
 /** @return the size of the view box as an integer rectangle; an empty one when integers cannot hold it */
 QSize natural_size(const QSvgRenderer& renderer) {
-    const double most = std::numeric_limits<int>::max() / 2;
+    const double most = std::numeric_limits<int>::max() / 2.0;
     const QRectF box = renderer.viewBoxF();
     for (const double value : {box.x(), box.y(), box.width(), box.height()}) {
         if (!(std::fabs(value) < most)) {

@@ -50,7 +50,7 @@ bool leads_through(std::string path, const std::string& place) {
             return false;
         }
         const std::string next(target, static_cast<std::size_t>(length));
-        path = next[0] == '/' ? next : folder_of(path) + next;
+        path = next[0] == '/' ? next : folder_of(path).append(next);
     }
     return true;
 }

@@ -206,9 +206,8 @@ void xml_expansion_counter::go_on_in_literal(ushort c) {
             declare(entity_kind_);
             place_ = OTHER;
         }
-    } else if (c == '&' && (place_ == TAG || place_ == ATTRIBUTES || place_ == ENTITY_VALUE)) {
-        reference_ = c;
-    } else if (place_ == ENTITY_VALUE && c == '%') {
+    } else if ((c == '&' && (place_ == TAG || place_ == ATTRIBUTES || place_ == ENTITY_VALUE)) ||
+               (c == '%' && place_ == ENTITY_VALUE)) {
         reference_ = c;
     } else if (place_ == ENTITY_VALUE) {
         entity_value_ += QChar(c);

@@ -16,10 +16,10 @@ namespace velarion {
  */
 class xml_expansion_counter {
 public:
-    static constexpr int MOST_PARENTHESES = 4096;        ///< open at once in one content model
-    static constexpr int MOST_DECLARATIONS = 4096;       ///< of internal entities
-    static constexpr int MOST_EXPANSIONS = 4096;         ///< uses of internal entities, also inside entities
-    static constexpr qint64 MOST_EXPANDED = 4096 * 4096; ///< characters of all expansions together
+    static constexpr int MOST_PARENTHESES = 4096;  ///< open at once in one content model
+    static constexpr int MOST_DECLARATIONS = 4096; ///< of internal entities
+    static constexpr int MOST_EXPANSIONS = 4096;   ///< uses of internal entities, also inside entities
+    static constexpr qint64 MOST_EXPANDED = qint64(4096) * 4096; ///< characters of all expansions together
     /** Characters of values, times entities declared so far: the reader searches each value for each of their
      * names. */
     static constexpr qint64 MOST_SEARCHED = qint64(1) << 31;
