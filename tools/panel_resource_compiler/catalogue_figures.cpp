@@ -167,7 +167,7 @@ private:
     void set_all(const std::string& family, const std::map<std::string, std::size_t>& numbers,
                  const std::string& end = "") {
         for (const auto& [name, number] : numbers) {
-            set(family + name + end, number);
+            set(std::string(family).append(name).append(end), number);
         }
     }
 
@@ -196,7 +196,9 @@ void check_catalogue_figures(const std::string& folder, const message_catalogue&
         if (!book.has(name) && !is_of_a_family(name)) {
             report.error(record.place, "\"" + name + "\" is no figure of this catalogue");
         } else if (book.at(name) != expected) {
-            report.error(record.place, name + ": " + expected + " expected, " + book.at(name) + " found");
+            std::string fault = name;
+            fault.append(": ").append(expected).append(" expected, ").append(book.at(name)).append(" found");
+            report.error(record.place, fault);
         }
     }
 }

@@ -67,7 +67,8 @@ bool find_place(const std::string& path, const std::string& name, bool makes, pl
     for (auto part = parts.begin(); part != parts.end(); ++part) {
         reached += "/" + part->string();
         if (*part == "/" || *part == "." || *part == ".." || part->empty()) {
-            fault = path + "/" + name + ": leads out of the folder; choose another name";
+            fault = path;
+            fault.append("/").append(name).append(": leads out of the folder; choose another name");
             return false;
         }
         if (std::next(part) == parts.end()) {
