@@ -39,16 +39,11 @@ bool decode_key_event(const char* bytes, unsigned int length, int& key, int& sta
 
 host_receiver::host_receiver()
     : registrar_(std::make_shared<observer_registrar>([this](std::uint64_t ticket, int result) {
-        post([this, ticket, result] { take_refusal(ticket, result); });
+        queue_.post([this, ticket, result] { take_refusal(ticket, result); });
     })) {}
 
 host_receiver::~host_receiver() {
     registrar_->end();
-}
-
-/** Has something done by the event loop; dropped when this object is destroyed before. Any thread. */
-void host_receiver::post(std::function<void()> work) {
-    QMetaObject::invokeMethod(&event_loop_, std::move(work), Qt::QueuedConnection);
 }
 
 void host_receiver::add_observer(dvc_pnl_dec_key_event_observer* observer, const QObject* owner) {
@@ -60,7 +55,7 @@ void host_receiver::add_observer(dvc_pnl_dec_key_event_observer* observer, const
     }
     QObject::disconnect(entry->owner_watch);
     if (owner) {
-        entry->owner_watch = QObject::connect(owner, &QObject::destroyed, &event_loop_,
+        entry->owner_watch = QObject::connect(owner, &QObject::destroyed, &watches_,
                                               [this, observer] { forget_observer(observer); });
     }
 }
@@ -88,14 +83,14 @@ void host_receiver::dispatch(long, char* rcv_buf, unsigned int rcv_buflen, gen_i
         return;
     }
     if (header.kind == IPC_GREETING) {
-        post([this] { take_greeting(); });
+        queue_.post([this] { take_greeting(); });
         return;
     }
     int key = 0;
     int status = 0;
     if (header.kind == IPC_NOTIFICATION && decode_key_event(rcv_buf, rcv_buflen, key, status)) {
         const std::uint32_t number = header.destination;
-        post([this, number, key, status] { take_key_event(number, key, status); });
+        queue_.post([this, number, key, status] { take_key_event(number, key, status); });
     }
 }
 

@@ -2,6 +2,7 @@
 #define HOST_RECEIVER_H
 
 #include "dvc_pnl_dec_key_event_observer.h"
+#include "event_loop_queue.h"
 #include "message_layer.h"
 
 #include <QObject>
@@ -78,7 +79,6 @@ private:
     };
 
     std::vector<observer_entry>::iterator find(const dvc_pnl_dec_key_event_observer* observer);
-    void post(std::function<void()> work);
     void take_key_event(std::uint32_t number, int key, int status);
     void take_greeting();
     void take_refusal(std::uint64_t ticket, int result);
@@ -87,7 +87,8 @@ private:
     std::function<void()> service_hook_;
     std::function<void(dvc_pnl_dec_key_event_observer*, int)> refusal_hook_;
     std::shared_ptr<observer_registrar> registrar_;
-    QObject event_loop_; ///< what waits in the event loop for it is dropped when it is destroyed
+    QObject watches_; ///< on the owners of observers
+    event_loop_queue queue_;
 };
 
 } // namespace velarion
