@@ -1,0 +1,48 @@
+#include "panel_host.h"
+
+#include "dvc_pnl_rmg_image_resource_manager.h"
+#include "dvc_pnl_rmg_language_resource.h"
+
+#include <QDir>
+#include <QFont>
+#include <QFontDatabase>
+
+namespace velarion {
+
+namespace {
+
+constexpr char FONT_FOLDER[] = "/tmp/fonts/";
+
+/** Families that the panel's fonts have, and what a workstation shows in their place. */
+struct stand_in_font {
+    const char* family;
+    const char* stand_in;
+};
+
+constexpr stand_in_font STAND_INS[] = {{"Univers OTS", "Liberation Sans"},
+                                       {"HeiseiKakuGothW5_JIS0213C", "VL Gothic"}};
+
+void make_fonts_known() {
+    const QDir folder(QString::fromLatin1(FONT_FOLDER));
+    for (const QString& name : folder.entryList({QStringLiteral("*.ttf")}, QDir::Files)) {
+        QFontDatabase::addApplicationFont(folder.filePath(name));
+    }
+    for (const stand_in_font& font : STAND_INS) {
+        QFont::insertSubstitution(QLatin1String(font.family), QLatin1String(font.stand_in));
+    }
+}
+
+} // namespace
+
+panel_host::panel_host() {
+    dvc_pnl_rmg_language_resource::dvc_pnl_rmg_create_instance();
+    make_fonts_known();
+    dvc_pnl_rmg_image_resource_manager::dvc_pnl_rmg_create_instance()->dvc_pnl_rmg_initialize();
+}
+
+panel_host::~panel_host() {
+    dvc_pnl_rmg_image_resource_manager::dvc_pnl_rmg_delete_instance();
+    dvc_pnl_rmg_language_resource::dvc_pnl_rmg_delete_instance();
+}
+
+} // namespace velarion

@@ -1,0 +1,46 @@
+#ifndef MESSAGE_TEXT_H
+#define MESSAGE_TEXT_H
+
+#include <QString>
+#include <QStringList>
+
+namespace velarion {
+
+/**
+ * A text of the panel: a message with its arguments, or what a person or a machine named (a file, a number).
+ * It is read when it is shown, so that it follows the language.
+ */
+class message_text {
+public:
+    message_text() = default;
+    /** @param id  of a message, decimal; empty gives no text */
+    message_text(const char* id)
+        : id_(QLatin1String(id)) {}
+    message_text(const QString& id, const QStringList& arguments)
+        : id_(id)
+        , arguments_(arguments) {}
+
+    /** A text that is no message: the same in every language. */
+    static message_text literal(const QString& text);
+
+    /** The text in the language in force, its placeholders filled. */
+    QString read() const;
+
+    bool is_empty() const { return id_.isEmpty() && literal_.isEmpty(); }
+    bool is_message() const { return !id_.isEmpty(); }
+    const QString& id() const { return id_; }
+    const QStringList& arguments() const { return arguments_; }
+
+    bool operator==(const message_text& other) const {
+        return id_ == other.id_ && arguments_ == other.arguments_ && literal_ == other.literal_;
+    }
+
+private:
+    QString id_;
+    QStringList arguments_;
+    QString literal_;
+};
+
+} // namespace velarion
+
+#endif

@@ -1,0 +1,72 @@
+#ifndef PANEL_FRAME_H
+#define PANEL_FRAME_H
+
+#include <QStringList>
+#include <QWidget>
+
+#include <vector>
+
+namespace velarion {
+
+class machine_state;
+class message_label;
+class panel_button;
+class panel_screen;
+struct screen_entry;
+
+/**
+ * The display: title bar, the screen that is open, navigation. The top of the panel's widgets; it is sent
+ * LanguageChange when the language changes.
+ */
+class panel_frame : public QWidget {
+    Q_OBJECT
+
+public:
+    /**
+     * @param machine  outlives it
+     * @param screens  that can be opened, the home screen first; outlive it
+     */
+    panel_frame(machine_state& machine, const std::vector<screen_entry>& screens);
+
+    /** Opens a screen of the table on top of those that are open. @return false when there is none of the
+     * name */
+    bool open(const QString& name);
+    /** Back to the screen before, or to the home screen. */
+    void back();
+    /** Back to the home screen alone. */
+    void go_home();
+
+    const QString& screen_name() const { return names_.last(); }
+    panel_screen* screen() const { return screen_; }
+
+    /** A hard key of the panel went down. */
+    void take_key(int key);
+
+    /** Reads all texts and pictures anew. */
+    void reload();
+
+Q_SIGNALS:
+    void screen_changed(const QString& name);
+
+protected:
+    void changeEvent(QEvent* event) override;
+    void paintEvent(QPaintEvent* event) override;
+
+private:
+    QWidget* make_title_bar();
+    QWidget* make_navigation();
+    const screen_entry* find_screen(const QString& name) const;
+    void show_screen();
+
+    machine_state& machine_;
+    const std::vector<screen_entry>& screens_;
+    QStringList names_; ///< of the open screens, the one that is seen last
+    panel_screen* screen_ = nullptr;
+    message_label* title_ = nullptr;
+    panel_button* back_ = nullptr;
+    QWidget* content_ = nullptr;
+};
+
+} // namespace velarion
+
+#endif

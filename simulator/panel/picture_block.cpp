@@ -1,0 +1,72 @@
+#include "picture_block.h"
+
+#include "dvc_pnl_rmg_image_resource_manager.h"
+
+#include <QPainter>
+#include <qdrawutil.h>
+
+namespace velarion {
+
+namespace {
+
+constexpr int GROUND_CORNER = 14; // px of a component's picture that are not stretched
+
+} // namespace
+
+void picture_block::set_picture(const QString& id, const QString& suffix) {
+    if (id != id_ || suffix != suffix_) {
+        id_ = id;
+        suffix_ = suffix;
+        reload();
+    }
+}
+
+void picture_block::load(const QSize& size) const {
+    if (is_loaded_ && size == size_) {
+        return;
+    }
+    is_loaded_ = true;
+    size_ = size;
+    pixmap_ = QPixmap();
+    std::string found;
+    auto* images = dvc_pnl_rmg_image_resource_manager::dvc_pnl_rmg_get_instance();
+    int result = images->dvc_pnl_rmg_get_image(id_, &pixmap_, suffix_, found, size.width(), size.height());
+    if (result != DVC_PNL_RMG_IMAGE_OK && !suffix_.isEmpty()) {
+        result = images->dvc_pnl_rmg_get_image(id_, &pixmap_, QString(), found, size.width(), size.height());
+    }
+    shown_.id = id_;
+    shown_.suffix = suffix_;
+    shown_.found_name = QString::fromUtf8(found.c_str());
+    shown_.result = result;
+}
+
+void picture_block::draw(QPainter& painter, const QRect& box) const {
+    if (!is_empty() && !box.isEmpty()) {
+        load(box.size());
+        painter.drawPixmap(box.topLeft(), pixmap_);
+    }
+}
+
+void picture_block::draw_ground(QPainter& painter, const QRect& box) const {
+    load(QSize());
+    if (pixmap_.isNull()) {
+        return;
+    }
+    const int corner = qMin(GROUND_CORNER, qMin(pixmap_.width(), pixmap_.height()) / 2 - 1);
+    const QMargins margins(corner, corner, corner, corner);
+    qDrawBorderPixmap(&painter, box, margins, pixmap_);
+}
+
+void picture_block::describe(const QRect& box, panel_contents& contents) const {
+    if (is_empty()) {
+        return;
+    }
+    if (!is_loaded_) {
+        load(box.size());
+    }
+    shown_picture shown = shown_;
+    shown.box = box;
+    contents.pictures.push_back(shown);
+}
+
+} // namespace velarion

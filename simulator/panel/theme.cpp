@@ -1,0 +1,47 @@
+#include "theme.h"
+
+#include "dvc_pnl_rmg_language_resource.h"
+#include "units.h"
+
+namespace velarion {
+
+namespace {
+
+struct type_step {
+    text_role role;
+    int dp;
+    bool is_bold;
+};
+
+constexpr type_step TYPE_SCALE[] = {{text_role::CAPTION, 11, false},
+                                    {text_role::BODY, 14, false},
+                                    {text_role::BUTTON, 14, true},
+                                    {text_role::TITLE, 17, true},
+                                    {text_role::NUMBER, 34, false}};
+
+} // namespace
+
+QFont font_of(text_role role) {
+    QFont font = dvc_pnl_rmg_language_resource::dvc_pnl_rmg_get_instance()->dvc_pnl_rmg_get_font();
+    for (const type_step& step : TYPE_SCALE) {
+        if (step.role == role) {
+            font.setPixelSize(px(step.dp));
+            font.setBold(step.is_bold);
+        }
+    }
+    return font;
+}
+
+QFont smaller_font(const QFont& font) {
+    QFont smaller = font;
+    int best = px(TYPE_SCALE[0].dp);
+    for (const type_step& step : TYPE_SCALE) {
+        if (px(step.dp) < font.pixelSize() && px(step.dp) > best) {
+            best = px(step.dp);
+        }
+    }
+    smaller.setPixelSize(qMin(best, font.pixelSize()));
+    return smaller;
+}
+
+} // namespace velarion

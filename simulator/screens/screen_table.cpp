@@ -1,0 +1,29 @@
+#include "screen_table.h"
+
+#include "home_screen.h"
+
+namespace velarion {
+
+namespace {
+
+template <class SCREEN> panel_screen* make_screen(const panel_context& context) {
+    return new SCREEN(context);
+}
+
+} // namespace
+
+const std::vector<screen_entry>& all_screens() {
+    static const std::vector<screen_entry> screens = {
+        {"home", "the functions of the machine", make_screen<home_screen>},
+    };
+    return screens;
+}
+
+const std::vector<screen_view>& all_screen_views() {
+    static const std::vector<screen_view> views = {
+        {"home", "home", nullptr},
+    };
+    return views;
+}
+
+} // namespace velarion
