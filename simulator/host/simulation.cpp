@@ -17,10 +17,10 @@ dvc_pnl_rmg_language_resource& language() {
 
 } // namespace
 
-simulation::simulation()
-    : panel_(machine_, all_screens()) {}
+simulation::simulation(panel_hardware* hardware)
+    : panel_({machine_, hardware ? *hardware : absent_hardware_, *this}, all_screens()) {}
 
-std::vector<language_choice> simulation::languages() {
+std::vector<language_choice> simulation::languages() const {
     std::vector<language_choice> all;
     const int* standard = language().dvc_pnl_rmg_get_standard_language_id_array();
     for (int i = 0; i < language().dvc_pnl_rmg_get_standard_language_number(); ++i) {
@@ -36,13 +36,31 @@ std::vector<language_choice> simulation::languages() {
     return all;
 }
 
-void simulation::choose_language(const language_choice& choice) {
+language_choice simulation::standard_language() const {
+    language_choice active{};
+    if (!language().dvc_pnl_rmg_get_active_language(active.language_id, active.option_language_id)) {
+        standard_ = active;
+    }
+    return standard_;
+}
+
+language_choice simulation::preferred_language() const {
+    language_choice active{};
+    const bool is_preferred =
+        language().dvc_pnl_rmg_get_active_language(active.language_id, active.option_language_id);
+    return is_preferred ? active : language_choice{};
+}
+
+void simulation::choose_preferred_language(const language_choice& choice) {
+    standard_language(); // asked for while the library still tells it
+
     language().dvc_pnl_rmg_set_preferred_language(choice.language_id, choice.option_language_id);
     show_language();
 }
 
 void simulation::choose_standard_language(const language_choice& choice) {
     language().dvc_pnl_rmg_set_standard_language(choice.language_id, choice.option_language_id);
+    standard_ = choice;
     show_language();
 }
 

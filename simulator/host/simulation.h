@@ -3,36 +3,31 @@
 
 #include "machine_state.h"
 #include "panel_frame.h"
+#include "panel_hardware.h"
 #include "panel_host.h"
+#include "panel_languages.h"
 
 #include <QObject>
 
 namespace velarion {
 
-/** A language selection of the library: (language id, option language id). */
-struct language_choice {
-    int language_id;
-    int option_language_id;
-};
-
 /** A panel at work in this process: library, machine and display, made and destroyed in the order of a host.
  */
-class simulation : public QObject {
+class simulation : public QObject, public panel_languages {
     Q_OBJECT
 
 public:
-    simulation();
+    /** @param hardware  LEDs and keys, outlives it; null: a panel without a device service */
+    explicit simulation(panel_hardware* hardware = nullptr);
 
     machine_state& machine() { return machine_; }
     panel_frame& panel() { return panel_; }
 
-    /** Every language that the panel can show: the standard ones, then those of the slots. */
-    static std::vector<language_choice> languages();
-
-    /** What a user of the panel chooses: the preferred language. 0, 0 ends it. */
-    void choose_language(const language_choice& choice);
-    /** The machine's own language. */
-    void choose_standard_language(const language_choice& choice);
+    std::vector<language_choice> languages() const override;
+    language_choice standard_language() const override;
+    language_choice preferred_language() const override;
+    void choose_standard_language(const language_choice& choice) override;
+    void choose_preferred_language(const language_choice& choice) override;
 
 Q_SIGNALS:
     void language_changed();
@@ -41,6 +36,8 @@ private:
     void show_language();
 
     panel_host host_;
+    absent_hardware absent_hardware_;
+    mutable language_choice standard_{}; ///< the library tells only the selection that is active
     machine_state machine_;
     panel_frame panel_;
 };

@@ -4,7 +4,6 @@
 #include "message_label.h"
 #include "panel_button.h"
 #include "panel_element.h"
-#include "panel_screen.h"
 #include "theme.h"
 #include "units.h"
 
@@ -33,8 +32,8 @@ constexpr char BACK_PICTURE[] = "30"; // ICON_NORMAL_OTHER_GLOBAL_NAVIGATION_BAC
 
 } // namespace
 
-panel_frame::panel_frame(machine_state& machine, const std::vector<screen_entry>& screens)
-    : machine_(machine)
+panel_frame::panel_frame(const panel_services& services, const std::vector<screen_entry>& screens)
+    : services_(services)
     , screens_(screens) {
     setFixedSize(PANEL_SIZE);
     auto* layout = new QVBoxLayout(this);
@@ -125,7 +124,7 @@ void panel_frame::show_screen() {
         screen_->deleteLater(); // one of its own buttons may have asked for the other screen
         screen_->setParent(nullptr);
     }
-    screen_ = find_screen(names_.last())->make({machine_, *this});
+    screen_ = find_screen(names_.last())->make({services_, *this});
     content_->layout()->addWidget(screen_);
     title_->set_message(screen_->title());
     back_->setVisible(names_.size() > 1);
@@ -134,7 +133,7 @@ void panel_frame::show_screen() {
 
 void panel_frame::take_key(int key) {
     if (!screen_->take_key(key)) {
-        machine_.take_key(key);
+        services_.machine.take_key(key);
     }
 }
 

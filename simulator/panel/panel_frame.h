@@ -1,6 +1,8 @@
 #ifndef PANEL_FRAME_H
 #define PANEL_FRAME_H
 
+#include "panel_screen.h"
+
 #include <QStringList>
 #include <QWidget>
 
@@ -8,11 +10,8 @@
 
 namespace velarion {
 
-class machine_state;
 class message_label;
 class panel_button;
-class panel_screen;
-struct screen_entry;
 
 /**
  * The display: title bar, the screen that is open, navigation. The top of the panel's widgets; it is sent
@@ -23,10 +22,10 @@ class panel_frame : public QWidget {
 
 public:
     /**
-     * @param machine  outlives it
+     * @param services  outlive it
      * @param screens  that can be opened, the home screen first; outlive it
      */
-    panel_frame(machine_state& machine, const std::vector<screen_entry>& screens);
+    panel_frame(const panel_services& services, const std::vector<screen_entry>& screens);
 
     /** Opens a screen of the table on top of those that are open. @return false when there is none of the
      * name */
@@ -58,7 +57,7 @@ private:
     const screen_entry* find_screen(const QString& name) const;
     void show_screen();
 
-    machine_state& machine_;
+    panel_services services_;
     const std::vector<screen_entry>& screens_;
     QStringList names_; ///< of the open screens, the one that is seen last
     panel_screen* screen_ = nullptr;

@@ -9,10 +9,18 @@ namespace velarion {
 
 class machine_state;
 class panel_frame;
+class panel_hardware;
+class panel_languages;
 
 /** What screens work with; outlives them. */
-struct panel_context {
+struct panel_services {
     machine_state& machine;
+    panel_hardware& hardware;
+    panel_languages& languages;
+};
+
+struct panel_context {
+    panel_services services;
     panel_frame& frame;
 };
 
@@ -32,7 +40,9 @@ public:
     }
 
 protected:
-    machine_state& machine() const { return context_.machine; }
+    machine_state& machine() const { return context_.services.machine; }
+    panel_hardware& hardware() const { return context_.services.hardware; }
+    panel_languages& languages() const { return context_.services.languages; }
     panel_frame& frame() const { return context_.frame; }
 
 private:
