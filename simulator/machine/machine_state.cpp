@@ -1,9 +1,367 @@
 #include "machine_state.h"
 
+#include "hard_keys.h"
+
+#include <QTime>
+
+#include <algorithm>
+
 namespace velarion {
 
-void machine_state::take_key(int) {}
+namespace {
 
-void machine_state::step() {}
+constexpr int STEP_TIME = 100; // ms
+
+/** Jobs of this morning. */
+std::vector<machine_job> earlier_jobs() {
+    const auto job = [](int number, job_kind kind, int originals, int copies, const char* destination,
+                        const char* begun, job_state state) {
+        machine_job made;
+        made.number = number;
+        made.kind = kind;
+        made.originals = originals;
+        made.copies = copies;
+        made.sheets_per_set = originals;
+        made.destination = QLatin1String(destination);
+        made.begun = QLatin1String(begun);
+        made.state = state;
+        made.steps = state == job_state::COMPLETED ? made.all_steps() : 0;
+        return made;
+    };
+    return {job(101, job_kind::COPY, 12, 2, "", "08:12", job_state::COMPLETED),
+            job(102, job_kind::SCAN, 4, 1, "office@example.com", "08:40", job_state::COMPLETED),
+            job(103, job_kind::FAX, 2, 1, "0123 456789", "09:05", job_state::CANCELED),
+            job(104, job_kind::COPY, 1, 30, "", "09:31", job_state::COMPLETED)};
+}
+
+int sheets_of(const copy_settings& settings, int originals) {
+    switch (settings.sides) {
+    case copy_sides::ONE_TO_TWO:
+        return (originals + 1) / 2;
+    case copy_sides::TWO_TO_ONE:
+        return originals * 2;
+    default:
+        return originals;
+    }
+}
+
+} // namespace
+
+machine_state::machine_state()
+    : jobs_(earlier_jobs())
+    , trays_({{1, paper_size::A4, paper_kind::PLAIN, 410, 550},
+              {2, paper_size::A3, paper_kind::PLAIN, 275, 550},
+              {3, paper_size::A5, paper_kind::RECYCLED, 60, 550},
+              {4, paper_size::B5, paper_kind::THICK, 0, 550},
+              {BYPASS_TRAY, paper_size::A4, paper_kind::LETTERHEAD, 25, 100}})
+    , toner_({{toner_color::BLACK, 62},
+              {toner_color::CYAN, 38},
+              {toner_color::MAGENTA, 9},
+              {toner_color::YELLOW, 74}})
+    , scan_destinations_({QStringLiteral("office@example.com"), QStringLiteral("accounts@example.com"),
+                          QStringLiteral("//server.example/scans"),
+                          QStringLiteral("//server.example/plans")}) {}
+
+QString machine_state::clock() const {
+    return QTime(10, 5).addMSecs(steps_ * STEP_TIME).toString(QStringLiteral("HH:mm"));
+}
+
+machine_condition machine_state::condition() const {
+    if (is_asleep_) {
+        return machine_condition::ASLEEP;
+    }
+    if (jam_) {
+        return machine_condition::JAMMED;
+    }
+    const machine_job* job = current_job();
+    if (!job) {
+        return machine_condition::READY;
+    }
+    if (job->state == job_state::PAUSED) {
+        return machine_condition::PAUSED;
+    }
+    if (job->phase() == job_phase::READING) {
+        return machine_condition::READING;
+    }
+    if (job->kind != job_kind::COPY) {
+        return machine_condition::SENDING;
+    }
+    return lacks_paper() ? machine_condition::NO_PAPER : machine_condition::PRINTING;
+}
+
+std::array<DVC_PNL_DEC_LED_STATUS_ID, LED_COUNT> machine_state::leds() const {
+    std::array<DVC_PNL_DEC_LED_STATUS_ID, LED_COUNT> leds;
+    leds.fill(DVC_PNL_DEC_LED_STATUS_OFF);
+    const machine_condition now = condition();
+    const machine_job* job = current_job();
+    const bool is_faulty = now == machine_condition::JAMMED || now == machine_condition::NO_PAPER;
+    const bool is_busy = now == machine_condition::READING || now == machine_condition::PRINTING ||
+                         now == machine_condition::SENDING;
+    const bool lacks_toner = std::any_of(toner_.begin(), toner_.end(),
+                                         [](const toner_bottle& bottle) { return bottle.percent == 0; });
+    const auto light = [&leds](DVC_PNL_DEC_LED_ID led, bool is_lit,
+                               DVC_PNL_DEC_LED_STATUS_ID status = DVC_PNL_DEC_LED_STATUS_ON) {
+        if (is_lit) {
+            leds[static_cast<std::size_t>(led)] = status;
+        }
+    };
+    light(DVC_PNL_DEC_LED_MAIN_POWER, true);
+    light(DVC_PNL_DEC_LED_ENERGY_SAVER, now == machine_condition::ASLEEP);
+    light(DVC_PNL_DEC_LED_START, now == machine_condition::READY || now == machine_condition::PAUSED);
+    light(DVC_PNL_DEC_LED_START, is_busy, DVC_PNL_DEC_LED_STATUS_BLINK_SLOW);
+    light(DVC_PNL_DEC_LED_STOP, is_busy);
+    light(DVC_PNL_DEC_LED_DATA_IN, received_faxes_ > 0);
+    light(DVC_PNL_DEC_LED_DATA_IN, now == machine_condition::READING, DVC_PNL_DEC_LED_STATUS_BLINK_FAST);
+    light(DVC_PNL_DEC_LED_ALERT, lacks_toner);
+    light(DVC_PNL_DEC_LED_ALERT, is_faulty, DVC_PNL_DEC_LED_STATUS_BLINK_SLOW);
+    light(DVC_PNL_DEC_LED_FAX, received_faxes_ > 0);
+    light(DVC_PNL_DEC_LED_FAX, is_busy && job->kind == job_kind::FAX, DVC_PNL_DEC_LED_STATUS_BLINK_SLOW);
+    return leds;
+}
+
+void machine_state::take_key(int key) {
+    switch (key) {
+    case KEY_ENERGY_SAVER:
+        set_asleep(!is_asleep_);
+        break;
+    case KEY_STOP:
+        pause_job();
+        break;
+    case KEY_START:
+        resume_job();
+        break;
+    case KEY_RESET:
+        reset_settings();
+        break;
+    default:
+        break;
+    }
+}
+
+void machine_state::set_asleep(bool is_asleep) {
+    const machine_job* job = current_job();
+    if (!job || !is_asleep) { // a job keeps it awake
+        is_asleep_ = is_asleep;
+        Q_EMIT changed();
+    }
+}
+
+void machine_state::set_originals(int originals) {
+    originals_ = originals;
+    Q_EMIT changed();
+}
+
+const machine_job* machine_state::current_job() const {
+    for (const machine_job& job : jobs_) {
+        if (job.state == job_state::RUNNING || job.state == job_state::PAUSED) {
+            return &job;
+        }
+    }
+    return nullptr;
+}
+
+machine_job* machine_state::current() {
+    return const_cast<machine_job*>(current_job());
+}
+
+void machine_state::add_job(machine_job job) {
+    job.number = jobs_.empty() ? 1 : jobs_.back().number + 1;
+    job.originals = originals_;
+    job.begun = clock();
+    jobs_.push_back(std::move(job));
+    begin_waiting_job();
+    Q_EMIT changed();
+}
+
+void machine_state::begin_waiting_job() {
+    if (current_job()) {
+        return;
+    }
+    for (machine_job& job : jobs_) {
+        if (job.state == job_state::WAITING) {
+            job.state = job_state::RUNNING;
+            return;
+        }
+    }
+}
+
+bool machine_state::start_copy() {
+    if (originals_ <= 0) {
+        return false;
+    }
+    machine_job job;
+    job.kind = job_kind::COPY;
+    job.copies = copy_.copies;
+    job.sheets_per_set = sheets_of(copy_, originals_);
+    job.tray = copy_.tray;
+    add_job(job);
+    return true;
+}
+
+bool machine_state::start_scan() {
+    if (originals_ <= 0 || scan_.destination < 0 || scan_.destination >= scan_destinations_.size()) {
+        return false;
+    }
+    machine_job job;
+    job.kind = job_kind::SCAN;
+    job.destination = scan_destinations_[scan_.destination];
+    add_job(job);
+    return true;
+}
+
+bool machine_state::start_fax() {
+    if (originals_ <= 0 || fax_.number.isEmpty()) {
+        return false;
+    }
+    machine_job job;
+    job.kind = job_kind::FAX;
+    job.destination = fax_.number;
+    add_job(job);
+    return true;
+}
+
+void machine_state::pause_job() {
+    machine_job* job = current();
+    if (job && job->state == job_state::RUNNING) {
+        job->state = job_state::PAUSED;
+        Q_EMIT changed();
+    }
+}
+
+void machine_state::resume_job() {
+    machine_job* job = current();
+    if (job && job->state == job_state::PAUSED) {
+        job->state = job_state::RUNNING;
+        Q_EMIT changed();
+    }
+}
+
+void machine_state::cancel_job() {
+    if (machine_job* job = current()) {
+        job->state = job_state::CANCELED;
+        begin_waiting_job();
+        Q_EMIT changed();
+    }
+}
+
+void machine_state::raise_jam(const jam_place& place) {
+    jam_ = paper_jam{&place};
+    is_asleep_ = false;
+    Q_EMIT changed();
+}
+
+void machine_state::do_jam_step() {
+    if (jam_ && ++jam_->step >= static_cast<int>(jam_->place->steps.size())) {
+        jam_.reset();
+    }
+    Q_EMIT changed();
+}
+
+void machine_state::undo_jam_step() {
+    if (jam_ && jam_->step > 0) {
+        --jam_->step;
+        Q_EMIT changed();
+    }
+}
+
+void machine_state::clear_jam() {
+    jam_.reset();
+    Q_EMIT changed();
+}
+
+paper_tray* machine_state::tray_of(const machine_job& job) {
+    const auto has_paper = [&job](const paper_tray& tray) {
+        return job.tray == 0 ? tray.size == paper_size::A4 && tray.sheets > 0
+                             : tray.number == job.tray && tray.sheets > 0;
+    };
+    const auto found = std::find_if(trays_.begin(), trays_.end(), has_paper);
+    return found == trays_.end() ? nullptr : &*found;
+}
+
+bool machine_state::lacks_paper() const {
+    const machine_job* job = current_job();
+    return job && job->kind == job_kind::COPY && !const_cast<machine_state*>(this)->tray_of(*job);
+}
+
+void machine_state::set_tray(const paper_tray& tray) {
+    for (paper_tray& own : trays_) {
+        if (own.number == tray.number) {
+            own = tray;
+        }
+    }
+    Q_EMIT changed();
+}
+
+void machine_state::set_toner(toner_color color, int percent) {
+    for (toner_bottle& bottle : toner_) {
+        if (bottle.color == color) {
+            bottle.percent = qBound(0, percent, 100);
+        }
+    }
+    Q_EMIT changed();
+}
+
+void machine_state::set_copy(const copy_settings& settings) {
+    copy_ = settings;
+    Q_EMIT changed();
+}
+
+void machine_state::set_scan(const scan_settings& settings) {
+    scan_ = settings;
+    Q_EMIT changed();
+}
+
+void machine_state::set_fax(const fax_settings& settings) {
+    fax_ = settings;
+    Q_EMIT changed();
+}
+
+void machine_state::set_sound(const sound_settings& settings) {
+    sound_ = settings;
+    Q_EMIT changed();
+}
+
+void machine_state::set_network(const network_settings& settings) {
+    network_ = settings;
+    Q_EMIT changed();
+}
+
+void machine_state::reset_settings() {
+    copy_ = {};
+    scan_ = {};
+    fax_ = {};
+    Q_EMIT changed();
+}
+
+void machine_state::set_received_faxes(int faxes) {
+    received_faxes_ = faxes;
+    Q_EMIT changed();
+}
+
+void machine_state::step() {
+    ++steps_;
+    const machine_condition now = condition();
+    if (now == machine_condition::READING || now == machine_condition::PRINTING ||
+        now == machine_condition::SENDING) {
+        work();
+        Q_EMIT changed();
+    }
+    Q_EMIT stepped();
+}
+
+void machine_state::work() {
+    machine_job& job = *current();
+    const int pages_before = job.pages_done();
+    ++job.steps;
+    if (job.kind == job_kind::COPY && job.pages_done() > pages_before) {
+        if (paper_tray* tray = tray_of(job)) {
+            --tray->sheets;
+        }
+    }
+    if (job.steps >= job.all_steps()) {
+        job.state = job_state::COMPLETED;
+        begin_waiting_job();
+    }
+}
 
 } // namespace velarion

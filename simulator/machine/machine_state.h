@@ -1,28 +1,132 @@
 #ifndef MACHINE_STATE_H
 #define MACHINE_STATE_H
 
+#include "dvc_pnl_dec_types.h"
+#include "machine_job.h"
+#include "machine_settings.h"
+#include "paper_jam.h"
+#include "supplies.h"
+
 #include <QObject>
+
+#include <array>
+#include <optional>
+#include <vector>
 
 namespace velarion {
 
+/** What the machine does at the moment; the first that is true, from the end. */
+enum class machine_condition { READY, READING, PRINTING, SENDING, PAUSED, NO_PAPER, JAMMED, ASLEEP };
+
+constexpr int LED_COUNT = 8;
+
 /**
- * The machine that the panel belongs to, as far as its screens show it: jobs, paper, toner, faults. It works
- * in steps, so that what a script replays comes out the same on every machine.
+ * The machine that the panel belongs to, as far as its screens show it: jobs, paper, toner, faults, settings.
+ * It works in steps and has no other clock, so that what a script replays comes out the same on every
+ * machine.
  */
 class machine_state : public QObject {
     Q_OBJECT
 
 public:
-    machine_state() = default;
-
-    /** A hard key that no screen had a use for. */
-    void take_key(int key);
+    machine_state();
 
     /** A tenth of a second of work. */
     void step();
+    /** Steps since the machine was switched on: the clock of animations. */
+    int steps() const { return steps_; }
+    /** Its time of day, "10:05". */
+    QString clock() const;
+
+    machine_condition condition() const;
+    /** What each LED is to show, by its number. */
+    std::array<DVC_PNL_DEC_LED_STATUS_ID, LED_COUNT> leds() const;
+
+    /** A hard key that no screen had a use for. */
+    void take_key(int key);
+    void set_asleep(bool is_asleep);
+
+    int originals() const { return originals_; } ///< in the document feeder
+    void set_originals(int originals);
+
+    /** Every job, the newest last; those that wait begin in this order. */
+    const std::vector<machine_job>& jobs() const { return jobs_; }
+    /** The job that runs or is paused, or null. */
+    const machine_job* current_job() const;
+
+    /** Each begins a job with the settings of its kind, or puts it behind the current one. @return whether
+     * the settings and the originals allow it */
+    bool start_copy();
+    bool start_scan();
+    bool start_fax();
+
+    /** The current job; without effect when there is none, or when it cannot be. */
+    void pause_job();
+    void resume_job();
+    void cancel_job();
+
+    const std::optional<paper_jam>& jam() const { return jam_; }
+    void raise_jam(const jam_place& place);
+    /** The user did a step of removing the paper; after the last one the jam is cleared. */
+    void do_jam_step();
+    /** The user went back by a step. */
+    void undo_jam_step();
+    /** All the paper is out: the current job goes on. */
+    void clear_jam();
+
+    /** Trays 1 to 4, then the bypass tray. */
+    const std::vector<paper_tray>& trays() const { return trays_; }
+    /** Replaces the tray of the same number. */
+    void set_tray(const paper_tray& tray);
+    const std::vector<toner_bottle>& toner() const { return toner_; }
+    void set_toner(toner_color color, int percent);
+
+    const copy_settings& copy() const { return copy_; }
+    void set_copy(const copy_settings& settings);
+    const scan_settings& scan() const { return scan_; }
+    void set_scan(const scan_settings& settings);
+    const fax_settings& fax() const { return fax_; }
+    void set_fax(const fax_settings& settings);
+    const sound_settings& sound() const { return sound_; }
+    void set_sound(const sound_settings& settings);
+    const network_settings& network() const { return network_; }
+    void set_network(const network_settings& settings);
+    /** Copy, scan and fax settings are as at the start again. */
+    void reset_settings();
+
+    /** Addresses that a scan can be sent to. */
+    const QStringList& scan_destinations() const { return scan_destinations_; }
+    int received_faxes() const { return received_faxes_; }
+    void set_received_faxes(int faxes);
 
 Q_SIGNALS:
+    /** Anything that a screen may show has changed. */
     void changed();
+    /** A step is over. */
+    void stepped();
+
+private:
+    void add_job(machine_job job);
+    void begin_waiting_job();
+    void work();
+    machine_job* current();
+    paper_tray* tray_of(const machine_job& job);
+    bool lacks_paper() const;
+
+    int steps_ = 0;
+    bool is_asleep_ = false;
+    int originals_ = 3;
+    int received_faxes_ = 0;
+    std::vector<machine_job> jobs_;
+    std::optional<paper_jam> jam_;
+    std::vector<paper_tray> trays_;
+    std::vector<toner_bottle> toner_;
+    copy_settings copy_;
+    scan_settings scan_;
+    fax_settings fax_;
+    sound_settings sound_;
+    network_settings network_;
+    QStringList scan_destinations_;
 };
 
 } // namespace velarion
