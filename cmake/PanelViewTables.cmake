@@ -9,12 +9,12 @@ function(panel_view_add_tables target catalogue)
     set(table_sources "${tables_folder}/message_id_table.cpp" "${tables_folder}/message_text_table.cpp")
     file(GLOB catalogue_files CONFIGURE_DEPENDS "${catalogue}/messages.tsv" "${catalogue}/texts/*.tsv")
     add_custom_command(OUTPUT ${table_sources}
-        COMMAND panel_resource_compiler messages --catalogue "${catalogue}" --output "${tables_folder}"
+        COMMAND panel_resource_compiler message-tables --catalogue "${catalogue}" --output "${tables_folder}"
         DEPENDS panel_resource_compiler ${catalogue_files}
         COMMENT "Compiling the message catalogue ${catalogue}" VERBATIM)
     set(image_table_source "${tables_folder}/image_name_table.cpp")
     add_custom_command(OUTPUT "${image_table_source}"
-        COMMAND panel_resource_compiler images --catalogue "${catalogue}" --output "${tables_folder}"
+        COMMAND panel_resource_compiler image-tables --catalogue "${catalogue}" --output "${tables_folder}"
         DEPENDS panel_resource_compiler "${catalogue}/images.tsv"
         COMMENT "Compiling the image list of ${catalogue}" VERBATIM)
 

@@ -1,5 +1,6 @@
 #include "glyph_book.h"
 
+#include "checks.h"
 #include "tsv_table.h"
 
 #include <algorithm>
@@ -37,14 +38,14 @@ void glyph_book::take_record(const source_place& place, const std::string& words
     for (const std::string& source : split(drawing, ';')) {
         shape read{};
         if (!read_shape(source, read)) {
-            report.error(place, "the shape \"" + source + "\" is not understood");
+            report.error(CHECK_PICTURE, place, "the shape \"" + source + "\" is not understood");
             return;
         }
         shapes.push_back(std::move(read));
     }
     for (const std::string& word : split(words, ',')) {
         if (!glyphs_.emplace(word, drawings_.size()).second) {
-            report.error(place, "the word \"" + word + "\" has a pictogram already");
+            report.error(CHECK_PICTURE, place, "the word \"" + word + "\" has a pictogram already");
         }
     }
     drawings_.push_back(std::move(shapes));

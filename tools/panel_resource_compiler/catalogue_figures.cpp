@@ -1,5 +1,6 @@
 #include "catalogue_figures.h"
 
+#include "checks.h"
 #include "tsv_table.h"
 
 #include <algorithm>
@@ -194,11 +195,12 @@ void check_catalogue_figures(const std::string& folder, const message_catalogue&
         const std::string& name = record.fields[0];
         const std::string& expected = record.fields[1];
         if (!book.has(name) && !is_of_a_family(name)) {
-            report.error(record.place, "\"" + name + "\" is no figure of this catalogue");
+            report.error(CHECK_FIGURES, record.place_of(0),
+                         "\"" + name + "\" is no figure of this catalogue");
         } else if (book.at(name) != expected) {
             std::string fault = name;
             fault.append(": ").append(expected).append(" expected, ").append(book.at(name)).append(" found");
-            report.error(record.place, fault);
+            report.error(CHECK_FIGURES, record.place_of(1), fault);
         }
     }
 }

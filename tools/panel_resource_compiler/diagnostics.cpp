@@ -6,53 +6,74 @@ namespace velarion {
 
 namespace {
 
-/** A catalogue that is wholly wrong must not flood the terminal. */
-constexpr std::size_t MOST_SHOWN = 200;
+constexpr const char* SEVERITY_NAMES[SEVERITY_COUNT] = {"error", "warning", "remark"};
+
+std::string describe_count(std::size_t count, severity kind) {
+    return std::to_string(count) + ' ' + severity_name(kind) + (count == 1 ? "" : "s");
+}
 
 } // namespace
+
+const char* severity_name(severity kind) {
+    return SEVERITY_NAMES[static_cast<std::size_t>(kind)];
+}
+
+std::string describe_finding(const finding& found) {
+    std::string line = found.place.file + ':';
+    for (const std::size_t number : {found.place.line, found.place.column}) {
+        if (number == 0) {
+            break;
+        }
+        line += std::to_string(number) + ':';
+    }
+    return line + ' ' + severity_name(found.kind) + ": " + found.text + " [" + found.check + ']';
+}
 
 diagnostics::diagnostics(std::ostream& output)
     : output_(output) {}
 
-void diagnostics::error(const source_place& place, const std::string& text) {
-    ++error_count_;
-    report(place, "error", text);
+void diagnostics::error(const std::string& check, const source_place& place, const std::string& text) {
+    add({place, severity::ERROR, check, text});
 }
 
-void diagnostics::warning(const std::string& warning_class, const source_place& place,
-                          const std::string& text) {
-    if (disabled_classes_.count(warning_class) != 0) {
-        return;
-    }
-    if (error_classes_.count(warning_class) != 0) {
-        error(place, text + " [-Werror=" + warning_class + "]");
-        return;
-    }
-    ++warning_count_;
-    report(place, "warning", text + " [-W" + warning_class + "]");
+void diagnostics::warning(const std::string& check, const source_place& place, const std::string& text) {
+    add({place, severity::WARNING, check, text});
 }
 
-void diagnostics::report(const source_place& place, const std::string& kind, const std::string& text) {
-    if (shown_count_ == MOST_SHOWN) {
+void diagnostics::remark(const std::string& check, const source_place& place, const std::string& text) {
+    add({place, severity::REMARK, check, text});
+}
+
+void diagnostics::add(finding found) {
+    if (error_checks_.count(found.check) != 0) {
+        found.kind = severity::ERROR;
+    } else if (found.kind != severity::ERROR && disabled_checks_.count(found.check) != 0) {
         return;
     }
-    ++shown_count_;
-    output_ << place.file << ':';
-    if (place.line != 0) {
-        output_ << place.line << ':';
+    if (is_ignored_ && is_ignored_(found)) {
+        return;
     }
-    output_ << ' ' << kind << ": " << text << '\n';
+    ++counts_[static_cast<std::size_t>(found.kind)];
+    const std::size_t count = ++check_counts_[found.check];
+    if (!is_silent_ && (shows_all_ || count <= MOST_SHOWN)) {
+        output_ << describe_finding(found) << '\n';
+    }
+    findings_.push_back(std::move(found));
 }
 
 void diagnostics::write_summary() const {
-    const std::size_t found = error_count_ + warning_count_;
-    if (found == 0) {
+    if (findings_.empty() || is_silent_) {
         return;
     }
-    output_ << error_count_ << (error_count_ == 1 ? " error, " : " errors, ") << warning_count_
-            << (warning_count_ == 1 ? " warning" : " warnings");
-    if (found > shown_count_) {
-        output_ << "; the first " << shown_count_ << " are shown";
+    for (const auto& [check, count] : check_counts_) {
+        if (!shows_all_ && count > MOST_SHOWN) {
+            output_ << "... and " << count - MOST_SHOWN << " more [" << check << "]\n";
+        }
+    }
+    output_ << describe_count(count(severity::ERROR), severity::ERROR) << ", "
+            << describe_count(count(severity::WARNING), severity::WARNING);
+    if (count(severity::REMARK) != 0) {
+        output_ << ", " << describe_count(count(severity::REMARK), severity::REMARK);
     }
     output_ << '\n';
 }

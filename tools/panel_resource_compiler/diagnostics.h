@@ -2,46 +2,84 @@
 #define DIAGNOSTICS_H
 
 #include <cstddef>
+#include <functional>
 #include <iosfwd>
+#include <map>
 #include <set>
 #include <string>
+#include <vector>
 
 namespace velarion {
 
-/** Where in a source file something was found; line 0 stands for the whole file. */
+/** Where in a source file something was found. */
 struct source_place {
     std::string file;
-    std::size_t line;
+    std::size_t line;       ///< 0 stands for the whole file
+    std::size_t column = 0; ///< in characters from 1; 0 stands for the whole line
 };
 
-/** Reports what is wrong with a catalogue, as "file:line: error: text", and counts it. */
+enum class severity { ERROR, WARNING, REMARK };
+inline constexpr std::size_t SEVERITY_COUNT = 3;
+
+/** "error", "warning" or "remark". */
+const char* severity_name(severity kind);
+
+struct finding {
+    source_place place;
+    severity kind;
+    std::string check; ///< as checks.h names it
+    std::string text;
+};
+
+/** A finding on one line, as "file:line:column: severity: text [check]". */
+std::string describe_finding(const finding& found);
+
+/**
+ * Takes what is wrong with a catalogue, counts it and keeps it, and writes each finding at once. Of one check
+ * the first MOST_SHOWN are written; the summary tells how many more there are.
+ */
 class diagnostics {
 public:
-    /** @param output  receives the reports; outlives the object */
+    static constexpr std::size_t MOST_SHOWN = 20;
+
+    /** @param output  receives the findings and the summary; outlives the object */
     explicit diagnostics(std::ostream& output);
 
-    void error(const source_place& place, const std::string& text);
+    void error(const std::string& check, const source_place& place, const std::string& text);
+    void warning(const std::string& check, const source_place& place, const std::string& text);
+    void remark(const std::string& check, const source_place& place, const std::string& text);
 
-    /** Reports a warning of a class that can be switched off or made an error. */
-    void warning(const std::string& warning_class, const source_place& place, const std::string& text);
+    /** Leaves out what a check finds short of errors. */
+    void disable(const std::string& check) { disabled_checks_.insert(check); }
+    /** Makes errors of what a check finds. */
+    void make_errors(const std::string& check) { error_checks_.insert(check); }
+    /** @param is_ignored  told of each finding that would count; neither counts nor shows those it accepts */
+    void set_filter(std::function<bool(const finding&)> is_ignored) { is_ignored_ = std::move(is_ignored); }
+    /** Writes all findings of a check. */
+    void show_all() { shows_all_ = true; }
+    /** Writes nothing: the caller writes findings() in a form of its own. */
+    void be_silent() { is_silent_ = true; }
 
-    void disable_class(const std::string& warning_class) { disabled_classes_.insert(warning_class); }
-    void make_class_an_error(const std::string& warning_class) { error_classes_.insert(warning_class); }
+    std::size_t error_count() const { return count(severity::ERROR); }
+    std::size_t count(severity kind) const { return counts_[static_cast<std::size_t>(kind)]; }
+    /** All that counted, in the order in which it was found. */
+    const std::vector<finding>& findings() const { return findings_; }
 
-    std::size_t error_count() const { return error_count_; }
-
-    /** Writes how much was found, and how much of it was not shown. */
+    /** Writes how much of each check was not shown, and how much was found. */
     void write_summary() const;
 
 private:
-    void report(const source_place& place, const std::string& kind, const std::string& text);
+    void add(finding found);
 
     std::ostream& output_;
-    std::set<std::string> disabled_classes_;
-    std::set<std::string> error_classes_;
-    std::size_t error_count_ = 0;
-    std::size_t warning_count_ = 0;
-    std::size_t shown_count_ = 0;
+    std::set<std::string> disabled_checks_;
+    std::set<std::string> error_checks_;
+    std::function<bool(const finding&)> is_ignored_;
+    bool shows_all_ = false;
+    bool is_silent_ = false;
+    std::vector<finding> findings_;
+    std::map<std::string, std::size_t> check_counts_;
+    std::size_t counts_[SEVERITY_COUNT] = {};
 };
 
 } // namespace velarion

@@ -1,5 +1,6 @@
 #include "image_catalogue.h"
 
+#include "checks.h"
 #include "tsv_table.h"
 
 #include <algorithm>
@@ -7,8 +8,6 @@
 #include <map>
 
 namespace velarion {
-
-constexpr char WARNING_EXTENSIONS[] = "extensions";
 
 namespace {
 
@@ -40,43 +39,46 @@ public:
     explicit image_checker(diagnostics& report)
         : report_(report) {}
 
-    void check(const source_place& place, const catalogue_image& image) {
-        check_ascending_id(place, image.id, last_id_, report_);
-        check_name(place, image.name);
-        check_file(place, image.file);
+    void check(const tsv_record& record, const catalogue_image& image) {
+        check_ascending_id(record.place_of(0), image.id, last_id_, report_);
+        check_name(record.place_of(1), image.name);
+        check_file(record.place_of(2), image.file);
     }
 
 private:
     void check_name(const source_place& place, const std::string& name) {
         if (name.empty()) {
-            report_.error(place, "the image has no name");
+            report_.error(CHECK_NAME, place, "the image has no name");
             return;
         }
         if (!is_printable_ascii(name)) {
-            report_.error(place, "the name \"" + name + "\" holds more than printable ASCII");
+            report_.error(CHECK_NAME, place, "the name \"" + name + "\" holds more than printable ASCII");
         }
         const auto [first, is_new] = names_.emplace(name, place.line);
         if (!is_new) {
-            report_.error(place, "the name \"" + name + "\" stands in line " + std::to_string(first->second) +
-                                     " already");
+            report_.error(CHECK_NAME, place,
+                          "the name \"" + name + "\" stands in line " + std::to_string(first->second) +
+                              " already");
         }
     }
 
     void check_file(const source_place& place, const std::string& file) {
         if (file.empty()) {
-            report_.error(place, "the image has no file; one blank stands for an image without a picture");
+            report_.error(CHECK_PICTURE, place,
+                          "the image has no file; one blank stands for an image without a picture");
         } else if (is_blank_file_name(file)) {
             return;
         } else if (!is_printable_ascii(file)) {
-            report_.error(place, "the file \"" + file + "\" holds more than printable ASCII");
+            report_.error(CHECK_PICTURE, place, "the file \"" + file + "\" holds more than printable ASCII");
         } else if (file.find_first_of("/\\") != std::string::npos) {
-            report_.error(place, "the file \"" + file + "\" holds a path separator");
+            report_.error(CHECK_PICTURE, place, "the file \"" + file + "\" holds a path separator");
         } else if (file.front() == ' ' || file.back() == ' ') {
-            report_.error(place, "the file \"" + file + "\" begins or ends with a blank");
+            report_.error(CHECK_PICTURE, place, "the file \"" + file + "\" begins or ends with a blank");
         } else if (file.find(':') != std::string::npos) {
-            report_.error(place, "the file \"" + file + "\" holds a \":\", which marks external images");
+            report_.error(CHECK_PICTURE, place,
+                          "the file \"" + file + "\" holds a \":\", which marks external images");
         } else if (!has_picture_extension(file)) {
-            report_.warning(WARNING_EXTENSIONS, place,
+            report_.warning(CHECK_EXTENSIONS, place,
                             "the file \"" + file + "\" does not end in .png, .svg or .gif: never shown");
         }
     }
@@ -99,12 +101,12 @@ std::vector<catalogue_image> read_image_catalogue(const std::string& folder, dia
     for (const tsv_record& record : read_tsv_table(path, {"id", "name", "file"}, report)) {
         catalogue_image image{0, record.fields[1], record.fields[2]};
         if (read_number_field(record, 0, "id", report, image.id)) {
-            checker.check(record.place, image);
+            checker.check(record, image);
             images.push_back(std::move(image));
         }
     }
     if (images.empty()) {
-        report.error({path, 0}, "holds no image");
+        report.error(CHECK_TABLE, {path, 0}, "holds no image");
     }
     return images;
 }

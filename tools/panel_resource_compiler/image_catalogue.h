@@ -9,9 +9,6 @@
 
 namespace velarion {
 
-/** Name of the warning class for files that the panel takes for no picture. */
-extern const char WARNING_EXTENSIONS[];
-
 struct catalogue_image {
     std::int32_t id;
     std::string name;

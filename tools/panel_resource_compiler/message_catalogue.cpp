@@ -1,5 +1,6 @@
 #include "message_catalogue.h"
 
+#include "checks.h"
 #include "tsv_table.h"
 
 #include <algorithm>
@@ -9,8 +10,6 @@ namespace velarion {
 
 const std::array<const char*, DVC_PNL_RMG_STANDARD_LANGUAGE_COUNT> STANDARD_LANGUAGE_NAMES = {
     "ja", "en", "de", "fr", "es", "it", "nl", "ru"};
-
-constexpr char WARNING_PLACEHOLDERS[] = "placeholders";
 
 namespace {
 
@@ -23,9 +22,10 @@ bool is_printable_ascii_or_tab(const std::string& name) {
 
 void check_name(const tsv_record& record, const std::string& name, diagnostics& report) {
     if (name.empty()) {
-        report.error(record.place, "the message has no name");
+        report.error(CHECK_NAME, record.place_of(1), "the message has no name");
     } else if (!is_printable_ascii_or_tab(name)) {
-        report.error(record.place, "the name \"" + name + "\" holds more than printable ASCII and tabs");
+        report.error(CHECK_NAME, record.place_of(1),
+                     "the name \"" + name + "\" holds more than printable ASCII and tabs");
     }
 }
 
@@ -38,30 +38,30 @@ std::vector<catalogue_message> read_messages(const std::string& path, diagnostic
             !read_number_field(record, 2, "row", report, message.row)) {
             continue;
         }
-        check_ascending_id(record.place, message.id, last_id, report);
+        check_ascending_id(record.place_of(0), message.id, last_id, report);
         check_name(record, message.name, report);
         if (message.row < FIRST_MESSAGE_ROW || message.row >= NULL_ROW) {
-            report.error(record.place, "row " + std::to_string(message.row) + " is outside " +
-                                           std::to_string(FIRST_MESSAGE_ROW) + " to " +
-                                           std::to_string(NULL_ROW - 1));
+            report.error(CHECK_ROW, record.place_of(2),
+                         "row " + std::to_string(message.row) + " is outside " +
+                             std::to_string(FIRST_MESSAGE_ROW) + " to " + std::to_string(NULL_ROW - 1));
         }
         messages.push_back(std::move(message));
     }
     if (messages.empty()) {
-        report.error({path, 0}, "holds no message");
+        report.error(CHECK_TABLE, {path, 0}, "holds no message");
     }
     return messages;
 }
 
 /** Whether a text may stand in its row; reports why not. */
-bool check_row(const row_text& entry, diagnostics& report) {
+bool check_row(const tsv_record& record, const row_text& entry, diagnostics& report) {
     const std::string row = "row " + std::to_string(entry.row);
     if (entry.row < 0 || entry.row >= NULL_ROW) {
-        report.error(entry.place, row + " is outside 0 to " + std::to_string(NULL_ROW - 1));
+        report.error(CHECK_ROW, record.place_of(0), row + " is outside 0 to " + std::to_string(NULL_ROW - 1));
         return false;
     }
     if (entry.row < FIRST_TEXT_ROW && !entry.text.empty()) {
-        report.error(entry.place, row + " must stay empty");
+        report.error(CHECK_ROW, entry.place, row + " must stay empty");
         return false;
     }
     return true;
@@ -87,7 +87,7 @@ void check_placeholders(const std::vector<catalogue_row>& rows, diagnostics& rep
             const unsigned int wanted = placeholders_of(*first);
             const unsigned int found = placeholders_of(*text);
             if (!text->empty() && found != wanted) {
-                report.warning(WARNING_PLACEHOLDERS, rows[row].place,
+                report.warning(CHECK_PLACEHOLDERS, rows[row].place,
                                "row " + std::to_string(row) + ": placeholders " +
                                    describe_placeholders(wanted) + " in " +
                                    STANDARD_LANGUAGE_NAMES[static_cast<std::size_t>(first - texts.begin())] +
@@ -124,16 +124,17 @@ std::vector<row_text> read_row_texts(const std::string& path, diagnostics& repor
     std::vector<row_text> texts;
     std::int32_t before = std::numeric_limits<std::int32_t>::min();
     for (const tsv_record& record : read_tsv_table(path, {"row", "text"}, report)) {
-        row_text text{record.place, 0, record.fields[1]};
+        row_text text{record.place_of(1), 0, record.fields[1]};
         if (!read_number_field(record, 0, "row", report, text.row)) {
             continue;
         }
         if (text.row <= before) {
-            report.error(text.place, "row " + std::to_string(text.row) + " stands after " +
-                                         std::to_string(before) + "; rows must ascend without repetition");
+            report.error(CHECK_ROW, record.place_of(0),
+                         "row " + std::to_string(text.row) + " stands after " + std::to_string(before) +
+                             "; rows must ascend without repetition");
         }
         before = std::max(text.row, before);
-        if (check_row(text, report)) {
+        if (check_row(record, text, report)) {
             texts.push_back(std::move(text));
         }
     }

@@ -14,9 +14,6 @@ namespace velarion {
 /** The two-letter names of the standard languages, in the order of their indexes. */
 extern const std::array<const char*, DVC_PNL_RMG_STANDARD_LANGUAGE_COUNT> STANDARD_LANGUAGE_NAMES;
 
-/** Name of the warning class for placeholders that differ between the languages of a row. */
-extern const char WARNING_PLACEHOLDERS[];
-
 /** The last row of the text table: all its cells are null. */
 constexpr std::int32_t NULL_ROW = DVC_PNL_RMG_STANDARD_MESSAGE_ROWS - 1;
 
@@ -34,7 +31,7 @@ struct catalogue_row {
 
 /** A text of a text file, which is that of one language. */
 struct row_text {
-    source_place place;
+    source_place place; ///< of the text
     std::int32_t row;
     std::string text;
 };

@@ -1,5 +1,6 @@
 #include "option_pack.h"
 
+#include "checks.h"
 #include "dvc_pnl_rmg_property.h"
 #include "output_folder.h"
 #include "source_writer.h"
@@ -15,9 +16,6 @@
 namespace velarion {
 
 namespace fs = std::filesystem;
-
-constexpr char WARNING_FONTS[] = "fonts";
-constexpr char WARNING_STANDARD[] = "standard";
 
 namespace {
 
@@ -77,7 +75,7 @@ bool is_font_file_name(const fs::path& path) {
 void take_font_family(const source_place& place, const std::string& family, option_pack& pack,
                       diagnostics& report) {
     if (!std::all_of(family.begin(), family.end(), [](char c) { return c >= ' ' && c <= '~'; })) {
-        report.error(place,
+        report.error(CHECK_PACK, place,
                      "font_family \"" + family + "\" is not printable ASCII; give the font's ASCII name");
     }
     pack.font_family = family;
@@ -86,13 +84,15 @@ void take_font_family(const source_place& place, const std::string& family, opti
 void take_font(const source_place& place, const std::string& path, option_pack& pack, diagnostics& report) {
     std::error_code error;
     if (!is_font_file_name(path)) {
-        report.error(place, "font \"" + path + "\" does not end in .ttf");
+        report.error(CHECK_PACK, place, "font \"" + path + "\" does not end in .ttf");
     } else if (stands_twice(path, pack.font_files)) {
-        report.error(place, "font \"" + path + "\" has the file name of a font before it; name it once");
+        report.error(CHECK_PACK, place,
+                     "font \"" + path + "\" has the file name of a font before it; name it once");
     } else if (!fs::path(path).is_absolute()) {
-        report.error(place, "font \"" + path + "\" is not an absolute path; the pack links to it");
+        report.error(CHECK_PACK, place,
+                     "font \"" + path + "\" is not an absolute path; the pack links to it");
     } else if (!fs::is_regular_file(path, error)) {
-        report.warning(WARNING_FONTS, place, "font \"" + path + "\" is not installed; the pack goes without");
+        report.warning(CHECK_FONTS, place, "font \"" + path + "\" is not installed; the pack goes without");
     } else {
         pack.font_files.push_back(path);
     }
@@ -108,15 +108,16 @@ public:
     void take_line(const source_place& place, const std::string& line) {
         const std::string::size_type equals = line.find('=');
         if (equals == std::string::npos) {
-            report_.error(place, "is no \"key = value\" line");
+            report_.error(CHECK_PACK, place, "is no \"key = value\" line");
             return;
         }
         const std::string key = trimmed(line.substr(0, equals));
         const std::string value = trimmed(line.substr(equals + 1));
         const auto [first, is_new] = lines_.emplace(key, place.line);
         if (!is_new && key != FONT) {
-            report_.error(place, "\"" + key + "\" stands in line " + std::to_string(first->second) +
-                                     " already; only \"font\" may stand more than once");
+            report_.error(CHECK_PACK, place,
+                          "\"" + key + "\" stands in line " + std::to_string(first->second) +
+                              " already; only \"font\" may stand more than once");
         } else {
             take_property(place, key, value);
         }
@@ -128,13 +129,14 @@ private:
             take_font_family(place, value, pack_, report_);
         } else if (key == "direction") {
             if (value != "ltr" && value != "rtl") {
-                report_.error(place, "direction \"" + value + "\" is neither \"ltr\" nor \"rtl\"");
+                report_.error(CHECK_PACK, place,
+                              "direction \"" + value + "\" is neither \"ltr\" nor \"rtl\"");
             }
             pack_.is_right_to_left = value == "rtl";
         } else if (key == FONT) {
             take_font(place, value, pack_, report_);
         } else {
-            report_.error(place,
+            report_.error(CHECK_PACK, place,
                           "unknown property \"" + key + "\"; known are font_family, direction and font");
         }
     }
@@ -155,7 +157,7 @@ void read_properties(const std::string& path, option_pack& pack, diagnostics& re
         }
     }
     if (is_read && pack.font_family.empty()) {
-        report.error({path, 0}, "names no font_family");
+        report.error(CHECK_PACK, {path, 0}, "names no font_family");
     }
 }
 
@@ -164,7 +166,7 @@ void check_text(const row_text& text, const message_catalogue& catalogue, diagno
     const unsigned int wanted = placeholders_of(english);
     const unsigned int found = placeholders_of(text.text);
     if (!english.empty() && found != wanted) {
-        report.warning(WARNING_PLACEHOLDERS, text.place,
+        report.warning(CHECK_PLACEHOLDERS, text.place,
                        "row " + std::to_string(text.row) + ": placeholders " + describe_placeholders(wanted) +
                            " in en, " + describe_placeholders(found) + " here");
     }
@@ -190,11 +192,12 @@ void read_keymap(const std::string& folder, option_pack& pack, diagnostics& repo
         if (entry->is_regular_file(unknown)) {
             pack.keymap_files.insert(entry->path().lexically_relative(folder).string());
         } else if (!entry->is_directory(unknown)) {
-            report.error({entry->path().string(), 0}, "is neither a file nor a folder; remove it");
+            report.error(CHECK_KEYBOARD, {entry->path().string(), 0},
+                         "is neither a file nor a folder; remove it");
         }
     }
     if (error) {
-        report.error({folder, 0}, "cannot be listed: " + error.message());
+        report.error(CHECK_KEYBOARD, {folder, 0}, "cannot be listed: " + error.message());
     }
 }
 
@@ -274,9 +277,10 @@ option_pack read_option_pack(const std::string& folder, const message_catalogue&
                              diagnostics& report) {
     option_pack pack;
     if (!read_language_id(folder, pack.language_id)) {
-        report.error({folder, 0}, "the folder's name must be a language id, 1 to 65535 except 999");
+        report.error(CHECK_PACK, {folder, 0},
+                     "the folder's name must be a language id, 1 to 65535 except 999");
     } else if (is_standard_language(pack.language_id)) {
-        report.warning(WARNING_STANDARD, {folder, 0},
+        report.warning(CHECK_STANDARD, {folder, 0},
                        "language " + std::to_string(pack.language_id) +
                            " is a standard language, for which the panel asks no pack; rename the folder");
     }

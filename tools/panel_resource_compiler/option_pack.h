@@ -10,11 +10,6 @@
 
 namespace velarion {
 
-/** Name of the warning class for fonts of a pack that are not installed. */
-extern const char WARNING_FONTS[];
-/** Name of the warning class for packs of standard languages, which the panel never asks. */
-extern const char WARNING_STANDARD[];
-
 /** One option language in its source form, checked. */
 struct option_pack {
     int language_id = 0;

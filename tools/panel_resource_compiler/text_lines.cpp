@@ -1,7 +1,9 @@
 #include "text_lines.h"
 
+#include "checks.h"
 #include "file_guard.h"
 
+#include <algorithm>
 #include <fstream>
 
 namespace velarion {
@@ -52,11 +54,12 @@ void take_line(const source_place& place, std::string text, std::vector<text_lin
         return;
     }
     if (!is_valid_utf8(text) || text.find('\0') != std::string::npos) {
-        report.error(place, "is not valid UTF-8 text");
+        report.error(CHECK_ENCODING, place, "is not valid UTF-8 text");
         return;
     }
     if (text.find('\r') != std::string::npos) {
-        report.error(place, "holds a carriage return, which the panel cannot show; remove it");
+        report.error(CHECK_ENCODING, place_in(place, text, text.find('\r')),
+                     "holds a carriage return, which the panel cannot show; remove it");
         return;
     }
     lines.push_back({place, std::move(text)});
@@ -66,12 +69,12 @@ void take_line(const source_place& place, std::string text, std::vector<text_lin
 
 bool read_text_lines(const std::string& path, std::vector<text_line>& lines, diagnostics& report) {
     if (is_special_file(path.c_str())) {
-        report.error({path, 0}, "is a pipe or device; put a file in its place");
+        report.error(CHECK_FILE, {path, 0}, "is a pipe or device; put a file in its place");
         return false;
     }
     std::ifstream file(path, std::ios::binary);
     if (!file) {
-        report.error({path, 0}, "cannot be opened for reading");
+        report.error(CHECK_FILE, {path, 0}, "cannot be opened for reading");
         return false;
     }
     std::string line;
@@ -79,9 +82,16 @@ bool read_text_lines(const std::string& path, std::vector<text_line>& lines, dia
         take_line({path, number}, line, lines, report);
     }
     if (file.bad()) {
-        report.error({path, 0}, "cannot be read");
+        report.error(CHECK_FILE, {path, 0}, "cannot be read");
     }
     return !file.bad();
+}
+
+source_place place_in(source_place place, const std::string& line, std::size_t offset) {
+    const auto end = line.begin() + static_cast<std::ptrdiff_t>(offset);
+    const auto starts_character = [](char c) { return (static_cast<unsigned char>(c) & 0xC0) != 0x80; };
+    place.column = static_cast<std::size_t>(std::count_if(line.begin(), end, starts_character)) + 1;
+    return place;
 }
 
 bool is_valid_utf8(const std::string& text) {

@@ -24,6 +24,9 @@ struct text_line {
  */
 bool read_text_lines(const std::string& path, std::vector<text_line>& lines, diagnostics& report);
 
+/** The place of a byte in a line, whose own place is @p place. */
+source_place place_in(source_place place, const std::string& line, std::size_t offset);
+
 /** Whether a text is well-formed UTF-8: no overlong forms, no surrogates, nothing above U+10FFFF. */
 bool is_valid_utf8(const std::string& text);
 

@@ -1,5 +1,6 @@
 #include "tsv_editor.h"
 
+#include "checks.h"
 #include "text_diff.h"
 #include "tsv_table.h"
 
@@ -79,7 +80,7 @@ bool tsv_editor::read(diagnostics& report) {
     std::vector<tsv_record> records = read_tsv_table(path_, columns_, report);
     std::string fault;
     if (report.error_count() == errors_before && !read_whole_file(path_, old_contents_, fault)) {
-        report.error({path_, 0}, "cannot be read");
+        report.error(CHECK_FILE, {path_, 0}, "cannot be read");
     }
     auto record = records.begin();
     for (std::string& text : lines_with_ends(old_contents_)) {

@@ -1,5 +1,6 @@
 #include "tsv_table.h"
 
+#include "checks.h"
 #include "text_lines.h"
 
 #include <algorithm>
@@ -22,7 +23,9 @@ std::vector<std::string> split_at_tabs(const std::string& line) {
     }
 }
 
-bool resolve_escapes(const std::string& field, std::string& resolved, std::string& fault) {
+/** @param position  receives where the fault stands in the field */
+bool resolve_escapes(const std::string& field, std::string& resolved, std::string& fault,
+                     std::size_t& position) {
     resolved.clear();
     for (std::size_t i = 0; i < field.size(); ++i) {
         if (field[i] != '\\') {
@@ -38,6 +41,7 @@ bool resolve_escapes(const std::string& field, std::string& resolved, std::strin
         } else if (escape == '\\') {
             resolved += '\\';
         } else {
+            position = i - 1;
             fault = std::string("unknown escape \"\\") + (escape == '\0' ? "" : std::string(1, escape)) +
                     "\"; use \\n, \\t or \\\\";
             return false;
@@ -57,21 +61,21 @@ public:
         std::vector<text_line> lines;
         const bool is_read = read_text_lines(path_, lines, report_);
         for (const text_line& line : lines) {
-            take_line(line.place, split_at_tabs(line.text));
+            take_line(line, split_at_tabs(line.text));
         }
         if (is_read && !has_header_) {
-            report_.error({path_, 0}, "has no line with the names of its columns");
+            report_.error(CHECK_TABLE, {path_, 0}, "has no line with the names of its columns");
         }
         return std::move(records_);
     }
 
 private:
-    void take_line(const source_place& place, const std::vector<std::string>& fields) {
+    void take_line(const text_line& line, const std::vector<std::string>& fields) {
         if (!has_header_) {
             has_header_ = true;
-            take_header(place, fields);
+            take_header(line.place, fields);
         } else if (header_is_good_) {
-            take_record(place, fields);
+            take_record(line, fields);
         }
     }
 
@@ -104,24 +108,31 @@ private:
 
     void fail_header(const source_place& place, const std::string& text) {
         header_is_good_ = false;
-        report_.error(place, text);
+        report_.error(CHECK_TABLE, place, text);
     }
 
-    void take_record(const source_place& place, const std::vector<std::string>& fields) {
+    void take_record(const text_line& line, const std::vector<std::string>& fields) {
         if (fields.size() != columns_.size()) {
-            report_.error(place, "has " + std::to_string(fields.size()) + " fields instead of " +
-                                     std::to_string(columns_.size()));
+            report_.error(CHECK_TABLE, line.place,
+                          "has " + std::to_string(fields.size()) + " fields instead of " +
+                              std::to_string(columns_.size()));
             return;
         }
-        tsv_record record{place, {}};
+        tsv_record record{line.place, {}, {}};
         for (const std::size_t position : position_) {
+            std::size_t offset = position; // the tabs before the field
+            for (std::size_t before = 0; before < position; ++before) {
+                offset += fields[before].size();
+            }
             std::string resolved;
             std::string fault;
-            if (!resolve_escapes(fields[position], resolved, fault)) {
-                report_.error(place, fault);
+            std::size_t fault_position = 0;
+            if (!resolve_escapes(fields[position], resolved, fault, fault_position)) {
+                report_.error(CHECK_ESCAPE, place_in(line.place, line.text, offset + fault_position), fault);
                 return;
             }
             record.fields.push_back(std::move(resolved));
+            record.columns.push_back(place_in(line.place, line.text, offset).column);
         }
         records_.push_back(std::move(record));
     }
@@ -143,7 +154,7 @@ bool read_number_field(const tsv_record& record, std::size_t field, const std::s
     const char* end = text.data() + text.size();
     const std::from_chars_result result = std::from_chars(text.data(), end, number);
     if (text.empty() || result.ec != std::errc() || result.ptr != end) {
-        report.error(record.place, what + " \"" + text + "\" is not a whole number");
+        report.error(CHECK_NUMBER, record.place_of(field), what + " \"" + text + "\" is not a whole number");
         return false;
     }
     return true;
@@ -152,11 +163,11 @@ bool read_number_field(const tsv_record& record, std::size_t field, const std::s
 void check_ascending_id(const source_place& place, std::int32_t id, std::int32_t& last, diagnostics& report) {
     const std::string text = "id " + std::to_string(id);
     if (id < 1) {
-        report.error(place, text + " is less than 1");
+        report.error(CHECK_ID, place, text + " is less than 1");
     } else if (id == last) {
-        report.error(place, text + " stands twice");
+        report.error(CHECK_ID, place, text + " stands twice");
     } else if (id < last) {
-        report.error(place, text + " stands after " + std::to_string(last) + "; ids must ascend");
+        report.error(CHECK_ID, place, text + " stands after " + std::to_string(last) + "; ids must ascend");
     }
     last = std::max(id, last);
 }

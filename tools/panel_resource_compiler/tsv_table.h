@@ -12,7 +12,10 @@ namespace velarion {
 /** One record of a table. */
 struct tsv_record {
     source_place place;
-    std::vector<std::string> fields; ///< in the order of the columns asked for, escapes resolved
+    std::vector<std::string> fields;  ///< in the order of the columns asked for, escapes resolved
+    std::vector<std::size_t> columns; ///< where each field starts, as of source_place
+
+    source_place place_of(std::size_t field) const { return {place.file, place.line, columns[field]}; }
 };
 
 /**

@@ -1,3 +1,4 @@
+#include "checks.h"
 #include "dvc_pnl_rmg_image_name_table.h"
 #include "dvc_pnl_rmg_message_table.h"
 #include "image_catalogue.h"
@@ -14,7 +15,7 @@ using namespace velarion;
 
 TEST(generated_tables, hold_every_message_and_text_of_the_catalogue) {
     diagnostics report(std::cerr);
-    report.disable_class(WARNING_PLACEHOLDERS);
+    report.disable(CHECK_PLACEHOLDERS);
     const message_catalogue catalogue = read_message_catalogue(CATALOGUE_FOLDER, report);
     ASSERT_EQ(report.error_count(), 0U);
     ASSERT_EQ(dvc_pnl_rmg_imple_message_table_size, static_cast<int>(catalogue.messages.size()));
@@ -40,7 +41,7 @@ TEST(generated_tables, hold_every_message_and_text_of_the_catalogue) {
 
 TEST(generated_tables, hold_every_image_of_the_catalogue) {
     diagnostics report(std::cerr);
-    report.disable_class(WARNING_EXTENSIONS);
+    report.disable(CHECK_EXTENSIONS);
     const std::vector<catalogue_image> images = read_image_catalogue(CATALOGUE_FOLDER, report);
     ASSERT_EQ(report.error_count(), 0U);
     ASSERT_EQ(dvc_pnl_rmg_imple_image_name_table_size, static_cast<int>(images.size()));

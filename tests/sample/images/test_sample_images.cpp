@@ -86,9 +86,9 @@ TEST(sample_images, faults_of_the_pictograms_are_reported) {
     diagnostics report(output);
     EXPECT_FALSE(glyph_book(folder.path("glyphs.tsv"), report).has("c"));
     const std::string file = folder.path("glyphs.tsv");
-    EXPECT_EQ(output.str(), file + ":3: error: the word \"a\" has a pictogram already\n" + file +
-                                ":4: error: the shape \"l o 1 2\" is not understood\n" + file +
-                                ":5: error: the shape \"x M0 0\" is not understood\n");
+    EXPECT_EQ(output.str(), file + ":3: error: the word \"a\" has a pictogram already [picture]\n" + file +
+                                ":4: error: the shape \"l o 1 2\" is not understood [picture]\n" + file +
+                                ":5: error: the shape \"x M0 0\" is not understood [picture]\n");
 }
 
 TEST(sample_images, a_movie_keeps_colours_transparency_and_pace) {

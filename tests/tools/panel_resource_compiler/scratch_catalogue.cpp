@@ -18,8 +18,10 @@ void scratch_catalogue::write_pack(const std::string& id, const std::string& pro
 process_result scratch_catalogue::run(const std::string& command,
                                       const std::vector<std::string>& arguments) const {
     const std::string folder = folder_.path("catalogue");
-    std::vector<std::string> all = {RESOURCE_COMPILER,  command, "--catalogue", folder, "--output",
-                                    folder_.path("out")};
+    std::vector<std::string> all = {RESOURCE_COMPILER, command, "--catalogue", folder};
+    if (command == "message-tables" || command == "image-tables" || command == "pack") {
+        all.insert(all.end(), {"--output", folder_.path("out")});
+    }
     all.insert(all.end(), arguments.begin(), arguments.end());
     process_result result = run_process(all);
     for (std::size_t at = 0; (at = result.errors.find(folder + '/', at)) != std::string::npos;) {

@@ -25,8 +25,8 @@ public:
     const scratch_folder& folder() const { return folder_; }
 
     /**
-     * Runs the compiler on it into the folder "out", or with @p arguments that say otherwise at the end. Its
-     * reports name the files from the catalogue's folder.
+     * Runs the compiler on it; commands that write tables do so into the folder "out", or where @p arguments
+     * say otherwise at the end. Its reports name the files from the catalogue's folder.
      */
     process_result run(const std::string& command, const std::vector<std::string>& arguments = {}) const;
 

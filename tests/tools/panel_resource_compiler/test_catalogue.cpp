@@ -36,21 +36,22 @@ const struct {
     {MESSAGES, "is outside 1 to 21998", {"6\tB\t0", "6\tB\t21999", "6\tB\t-1"}},
     {TEXTS, "is outside 0 to 21998", {"21999\t", "22000\ta"}},
     {TEXTS, "fields instead of 2", {"3", "3\ta\tb"}},
-    {TEXTS, "error: unknown escape", {"3\ta\\rb", "3\ta\\"}},
+    {TEXTS, ":3:6: error: unknown escape", {"3\t\xE3\x83\x86\\n\\rb", "3\ta\\\\\\"}},
     {TEXTS, "error: holds a carriage return", {"3\ta\rb", "3\ta\r\r"}},
     {TEXTS, "error: is not valid UTF-8 text", {"3\t\xFF", std::string("3\ta\0b", 5)}},
     {IMAGES, "error: the image has no name", {"6\t\ta.png"}},
     {IMAGES, "printable ASCII", {"6\tGR\xC3\x96SSE\ta.png", "6\tB\\tB\ta.png", "6\tB\tgr\xC3\xB6sse.png"}},
     {IMAGES, "error: the name \"A\" stands in line 2 already", {"6\tA\ta.png"}},
     {IMAGES, "error: the image has no file; one blank stands for", {"6\tB\t"}},
+    {IMAGES, ":3:5: error: the file \"", {"6\tB\t../a.png"}},
     {IMAGES, "holds a path separator", {"6\tB\t../a.png", "6\tB\ta\\\\b.png"}},
     {IMAGES, "begins or ends with a blank", {"6\tB\ta.png ", "6\tB\t a.png", "6\tB\t  "}},
     {IMAGES, "holds a \":\", which marks external images", {"6\tB\tx:a.png"}},
-    {IMAGES, "never shown [-Wextensions]", {"6\tB\ta.bmp", "6\tB\t.png"}},
+    {IMAGES, "never shown [extensions]", {"6\tB\ta.bmp", "6\tB\t.png"}},
     {PROPERTIES, "error: unknown property \"family\"; known are", {"family = F"}},
     {PROPERTIES, "error: \"direction\" stands in line 2 already", {"direction = ltr"}},
     {PROPERTIES, "error: is no \"key = value\" line", {"rtl"}},
-    {PROPERTIES, "is not installed; the pack goes without [-Wfonts]", {"font = /nowhere/a.tTf"}},
+    {PROPERTIES, "is not installed; the pack goes without [fonts]", {"font = /nowhere/a.tTf"}},
     {PROPERTIES, "is not installed; the pack goes without", {"font = /" + std::string(300, 'a') + ".ttf"}},
     {PROPERTIES, "does not end in .ttf", {"font = /nowhere/b.otf"}},
     {PROPERTIES, "is not an absolute path; the pack links to it", {"font = c.ttf"}},
@@ -67,46 +68,46 @@ const struct {
     {"images.tsv", "id\tname\tfile\n2\tA\ta.gif\n9\tB\ta.gif\n10\tC\t \n11\tD\t\xE3\x80\x80\n12\tE\tX.PNG\n",
      ""},
     {"messages.tsv", "id\tid\tcolour\trow\n1\t1\tA\t2\n",
-     "messages.tsv:1: error: column \"id\" stands twice\n"
-     "messages.tsv:1: error: unknown column \"colour\"\n"
-     "messages.tsv:1: error: column \"name\" is missing\n"
-     "messages.tsv: error: holds no message\n4 errors, 0 warnings\n"},
+     "messages.tsv:1: error: column \"id\" stands twice [table]\n"
+     "messages.tsv:1: error: unknown column \"colour\" [table]\n"
+     "messages.tsv:1: error: column \"name\" is missing [table]\n"
+     "messages.tsv: error: holds no message [table]\n4 errors, 0 warnings\n"},
     {"images.tsv", "id\tname\tfile\n7\tA\ta.png\n3\tB\ta.png\n5\tC\ta.png\n",
-     "images.tsv:3: error: id 3 stands after 7; ids must ascend\n"
-     "images.tsv:4: error: id 5 stands after 7; ids must ascend\n2 errors, 0 warnings\n"},
+     "images.tsv:3:1: error: id 3 stands after 7; ids must ascend [id]\n"
+     "images.tsv:4:1: error: id 5 stands after 7; ids must ascend [id]\n2 errors, 0 warnings\n"},
     {"texts/en.tsv", "",
-     "texts/en.tsv: error: has no line with the names of its columns\n1 error, 0 warnings\n"},
+     "texts/en.tsv: error: has no line with the names of its columns [table]\n1 error, 0 warnings\n"},
     {"packs/86/texts.tsv", "row\ttext\n-1\ta\n1\ta\n2\t%1\n9\ta\n9\tb\n5\tc\n8\td\n",
-     "packs/86/texts.tsv:2: error: row -1 is outside 0 to 21998\n"
-     "packs/86/texts.tsv:3: error: row 1 must stay empty\n"
-     "packs/86/texts.tsv:6: error: row 9 stands after 9; rows must ascend without repetition\n"
-     "packs/86/texts.tsv:7: error: row 5 stands after 9; rows must ascend without repetition\n"
-     "packs/86/texts.tsv:8: error: row 8 stands after 9; rows must ascend without repetition\n"
-     "packs/86/texts.tsv:4: warning: row 2: placeholders none in en, %1 here [-Wplaceholders]\n"
+     "packs/86/texts.tsv:2:1: error: row -1 is outside 0 to 21998 [row]\n"
+     "packs/86/texts.tsv:3:3: error: row 1 must stay empty [row]\n"
+     "packs/86/texts.tsv:6:1: error: row 9 stands after 9; rows must ascend without repetition [row]\n"
+     "packs/86/texts.tsv:7:1: error: row 5 stands after 9; rows must ascend without repetition [row]\n"
+     "packs/86/texts.tsv:8:1: error: row 8 stands after 9; rows must ascend without repetition [row]\n"
+     "packs/86/texts.tsv:4:3: warning: row 2: placeholders none in en, %1 here [placeholders]\n"
      "5 errors, 1 warning\n"},
     {"packs/86/pack.conf", "\xEF\xBB\xBF# c\n  # c\ndirection = up\n",
-     "packs/86/pack.conf:3: error: direction \"up\" is neither \"ltr\" nor \"rtl\"\n"
-     "packs/86/pack.conf: error: names no font_family\n2 errors, 0 warnings\n"},
+     "packs/86/pack.conf:3: error: direction \"up\" is neither \"ltr\" nor \"rtl\" [pack]\n"
+     "packs/86/pack.conf: error: names no font_family [pack]\n2 errors, 0 warnings\n"},
     {"packs/86/pack.conf", "font_family = \xC3\x9F\n",
      "packs/86/pack.conf:1: error: font_family \"\xC3\x9F\" is not printable ASCII; give the font's ASCII "
-     "name\n"
+     "name [pack]\n"
      "1 error, 0 warnings\n"},
     {"packs/86/texts.tsv", "text\trow\n#1 of %1\t5\n",
      "packs/86/texts.tsv:1: error: column \"text\" stands first, where \"#\" starts a comment; put \"row\" "
-     "there\n"
+     "there [table]\n"
      "1 error, 0 warnings\n"},
     {"packs/49/texts.tsv", "row\ttext\n",
      "packs/49: warning: language 49 is a standard language, for which the panel asks no pack; rename the "
      "folder "
-     "[-Wstandard]\npacks/49/pack.conf: error: cannot be opened for reading\n1 error, 1 warning\n"},
+     "[standard]\npacks/49/pack.conf: error: cannot be opened for reading [file]\n1 error, 1 warning\n"},
     {"packs/README", "a file beside the packs", ""},
     {"figures.tsv",
      "name\tfigure\nmessages\t2\nmessages\t3\nmessages in the group TWO\t1\nmessages in the group NONE\t1\n"
      "imagas\t1\nimage 1\tIMG_ONE, \"one.jpg\"\nen text of row 2\ten\n",
-     "figures.tsv:3: error: messages: 3 expected, 2 found\n"
-     "figures.tsv:5: error: messages in the group NONE: 1 expected, 0 found\n"
-     "figures.tsv:6: error: \"imagas\" is no figure of this catalogue\n"
-     "figures.tsv:7: error: image 1: IMG_ONE, \"one.jpg\" expected, IMG_ONE, \"one.png\" found\n"
+     "figures.tsv:3:10: error: messages: 3 expected, 2 found [figures]\n"
+     "figures.tsv:5:28: error: messages in the group NONE: 1 expected, 0 found [figures]\n"
+     "figures.tsv:6:1: error: \"imagas\" is no figure of this catalogue [figures]\n"
+     "figures.tsv:7:9: error: image 1: IMG_ONE, \"one.jpg\" expected, IMG_ONE, \"one.png\" found [figures]\n"
      "4 errors, 0 warnings\n"},
 };
 
@@ -119,7 +120,7 @@ TEST(catalogue, a_faulty_line_is_reported_once_with_its_place) {
             catalogue.write(row.file.name, row.file.lines + line + "\n");
             const process_result result = catalogue.run("check");
             const std::string& report = result.errors;
-            EXPECT_EQ(report.rfind(row.file.name + std::string(":3: "), 0), 0U) << line << ": " << report;
+            EXPECT_EQ(report.rfind(row.file.name + std::string(":3:"), 0), 0U) << line << ": " << report;
             EXPECT_NE(report.find(row.report), std::string::npos) << line << ": " << report;
             EXPECT_EQ(std::count(report.begin(), report.end(), '\n'), 2) << line << ": " << report;
             EXPECT_EQ(result.exit_code, report.find("1 error,") != std::string::npos ? 1 : 0) << report;
@@ -143,10 +144,10 @@ TEST(catalogue, a_missing_file_and_a_folder_or_pipe_in_its_place_are_errors) {
     std::filesystem::create_directory(catalogue.path("texts/ru.tsv"));
     ASSERT_EQ(::mkfifo(catalogue.path("packs/86/pack.conf").c_str(), 0600), 0);
     EXPECT_EQ(catalogue.run("check").errors,
-              "texts/de.tsv: error: cannot be opened for reading\n"
-              "texts/ru.tsv: error: cannot be read\n"
-              "packs/86/pack.conf: error: is a pipe or device; put a file in its place\n"
-              "packs/86/texts.tsv: error: cannot be opened for reading\n"
+              "texts/de.tsv: error: cannot be opened for reading [file]\n"
+              "texts/ru.tsv: error: cannot be read [file]\n"
+              "packs/86/pack.conf: error: is a pipe or device; put a file in its place [file]\n"
+              "packs/86/texts.tsv: error: cannot be opened for reading [file]\n"
               "4 errors, 0 warnings\n");
 }
 
@@ -160,8 +161,8 @@ TEST(catalogue, placeholders_that_differ_are_warned_of) {
     catalogue.write("texts/de.tsv", "row\ttext\n2\t%9 %1 %1\n");
     catalogue.write("texts/ru.tsv", "row\ttext\n2\t%1\n3\tnone\n");
     EXPECT_EQ(catalogue.run("check").errors,
-              "texts/ja.tsv:2: warning: row 2: placeholders %1 %9 in en, %1 in ru [-Wplaceholders]\n"
-              "texts/ja.tsv:3: warning: row 3: placeholders %1 %2 in ja, none in ru [-Wplaceholders]\n"
+              "texts/ja.tsv:2:3: warning: row 2: placeholders %1 %9 in en, %1 in ru [placeholders]\n"
+              "texts/ja.tsv:3:3: warning: row 3: placeholders %1 %2 in ja, none in ru [placeholders]\n"
               "0 errors, 2 warnings\n");
 }
 
@@ -172,7 +173,7 @@ TEST(catalogue, the_folder_of_a_pack_is_named_like_a_language_id) {
         catalogue.write_pack(name);
         EXPECT_EQ(catalogue.run("check").errors, "packs/" + name +
                                                      ": error: the folder's name must be a language id, " +
-                                                     "1 to 65535 except 999\n1 error, 0 warnings\n");
+                                                     "1 to 65535 except 999 [pack]\n1 error, 0 warnings\n");
     }
 }
 

@@ -53,7 +53,7 @@ TEST(generated_source, message_tables_hold_what_the_catalogue_says) {
     const scratch_catalogue catalogue;
     catalogue.write("messages.tsv", "id\tname\trow\n7\tNAME \"\\\\ ?\?=\\t\t1\n2147483647\tLAST\t21998\n");
     catalogue.write("texts/de.tsv", table_of_texts());
-    ASSERT_EQ(catalogue.run("messages", {"-Wno-placeholders"}).exit_code, 0);
+    ASSERT_EQ(catalogue.run("message-tables", {"-Wno-placeholders"}).exit_code, 0);
     void* library = load_compiled(catalogue, {"message_id_table.cpp", "message_text_table.cpp"});
     const auto* ids = symbol<const DVC_PNL_RMG_IMPL_MESSAGE*>(library, "dvc_pnl_rmg_impl_message_table");
     const auto* size = symbol<const int*>(library, "dvc_pnl_rmg_imple_message_table_size");

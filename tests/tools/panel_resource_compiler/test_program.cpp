@@ -2,7 +2,9 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <filesystem>
+#include <sstream>
 
 namespace fs = std::filesystem;
 
@@ -13,26 +15,67 @@ TEST(program, tells_wrong_usage) {
         const char* fault;
     } rows[] = {
         {{}, "--pack is missing"},
-        {{"-Wno-font"},
-         "unknown warning class \"font\"; known are placeholders, fonts, extensions, standard"},
-        {{"-Werror="}, "unknown warning class \"\"; known are placeholders, fonts, extensions, standard"},
+        {{"--pack"}, "--pack needs a value"},
+        {{"--pack", ""}, "--pack is empty"},
+        {{"--pack", "a", "b"}, "unexpected \"b\""},
+        {{"--pack", "a", "--fill"}, "unknown option \"--fill\""},
+        {{"--pack", "a", "-Wfonts"}, "unknown option \"-Wfonts\""},
+        {{"--pack=a", "-Wno-font"},
+         "unknown check \"font\"; known are placeholders, fonts, extensions, standard"},
+        {{"--pack=a", "-Werror="}, "unknown check \"\"; known are placeholders, fonts, extensions, standard"},
     };
     for (const auto& row : rows) {
         const process_result result = catalogue.run("pack", row.arguments);
         EXPECT_EQ(result.exit_code, 2) << row.fault;
-        EXPECT_EQ(result.errors, std::string("panel_resource_compiler: ") + row.fault + "; see --help\n");
+        EXPECT_EQ(result.errors, std::string("panel_resource_compiler: ") + row.fault +
+                                     "; see panel_resource_compiler pack --help\n");
     }
+}
+
+TEST(program, every_command_tells_what_it_takes) {
+    const process_result list = run_process({RESOURCE_COMPILER, "--help"});
+    std::istringstream lines(list.output);
+    std::size_t commands = 0;
+    for (std::string line; std::getline(lines, line);) {
+        const bool is_command = line.compare(0, 2, "  ") == 0;
+        const std::string command = line.substr(0, line.find(' ', 2)).erase(0, is_command ? 2 : 0);
+        if (is_command) {
+            const process_result help = run_process({RESOURCE_COMPILER, command, "--help"});
+            EXPECT_EQ(help.exit_code, 0) << command;
+            EXPECT_EQ(help.output.find("Usage: panel_resource_compiler " + command), 0U) << help.output;
+            ++commands;
+        }
+    }
+    EXPECT_GE(commands, 4U) << list.output;
+    EXPECT_EQ(run_process({RESOURCE_COMPILER, "chek"}).exit_code, 2);
+}
+
+TEST(program, of_many_findings_of_one_check_the_first_are_shown) {
+    const scratch_catalogue catalogue;
+    std::string table = "id\tname\tfile\n";
+    for (int id = 1; id <= 25; ++id) {
+        table += std::to_string(id) + "\tI" + std::to_string(id) + "\ta.bmp\n";
+    }
+    catalogue.write("images.tsv", table + "26\tI26\t\n");
+    const std::string some = catalogue.run("check").errors;
+    EXPECT_EQ(std::count(some.begin(), some.end(), '\n'), 23) << some;
+    EXPECT_NE(some.find("27:8: error: the image has no file"), std::string::npos) << some;
+    EXPECT_NE(some.find("\n... and 5 more [extensions]\n1 error, 25 warnings\n"), std::string::npos) << some;
+    const std::string all = catalogue.run("check", {"--all"}).errors;
+    EXPECT_EQ(std::count(all.begin(), all.end(), '\n'), 27) << all;
 }
 
 TEST(program, writes_nothing_while_there_are_errors) {
     const scratch_catalogue catalogue;
     catalogue.write("texts/de.tsv", "row\ttext\n2\t%1\n");
-    for (const std::string command : {"messages", "pack"}) {
-        const process_result result =
-            catalogue.run(command, {"--pack", catalogue.path("packs/86"), "-Werror=placeholders"});
+    const std::vector<std::string> pack = {"--pack", catalogue.path("packs/86"), "-Werror=placeholders"};
+    for (const auto& [command, arguments] :
+         {std::pair("message-tables", std::vector<std::string>{"-Werror=placeholders"}),
+          std::pair("pack", pack)}) {
+        const process_result result = catalogue.run(command, arguments);
         EXPECT_EQ(result.exit_code, 1);
-        EXPECT_EQ(result.errors, "texts/ja.tsv:2: error: row 2: placeholders none in ja, %1 in de "
-                                 "[-Werror=placeholders]\n1 error, 0 warnings\n");
+        EXPECT_EQ(result.errors, "texts/ja.tsv:2:3: error: row 2: placeholders none in ja, %1 in de "
+                                 "[placeholders]\n1 error, 0 warnings\n");
         EXPECT_FALSE(fs::exists(catalogue.folder().path("out")));
     }
 }
@@ -44,7 +87,7 @@ TEST(program, an_output_that_cannot_be_written_is_reported) {
     catalogue.folder().write("plain", "");
     fs::create_directories(folder + "/message_text_table.cpp/in the way");
     for (const std::string& output : {plain_file, plain_file + "/out", folder}) {
-        const process_result result = catalogue.run("messages", {"--output", output});
+        const process_result result = catalogue.run("message-tables", {"--output", output});
         EXPECT_EQ(result.exit_code, 3) << output;
         EXPECT_NE(result.errors.find(output), std::string::npos) << result.errors;
     }

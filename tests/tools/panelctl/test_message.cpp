@@ -31,7 +31,7 @@ TEST_F(sample_message, every_language_and_pack_says_what_the_catalogue_says) {
     set("option_language_2", 972);
     set("option_language_4", 86);
     diagnostics report(std::cerr);
-    report.disable_class("fonts");
+    report.disable("fonts");
     const message_catalogue catalogue = read_message_catalogue(CATALOGUE_FOLDER, report);
     std::map<int, option_pack> packs;
     for (const int id : {86, 972}) {

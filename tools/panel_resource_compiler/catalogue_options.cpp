@@ -1,0 +1,52 @@
+#include "catalogue_options.h"
+
+#include "checks.h"
+
+namespace velarion {
+
+namespace {
+
+const std::string NO_CHECK = "no-";
+const std::string ERROR_CHECK = "error=";
+
+bool starts_with(const std::string& text, const std::string& prefix) {
+    return text.compare(0, prefix.size(), prefix) == 0;
+}
+
+std::string check_help() {
+    std::string help = "makes errors of what a check finds; the checks are";
+    for (const catalogue_check* check = SELECTABLE_CHECKS; check->name; ++check) {
+        help += std::string("\n  ") + check->name + ": " + check->summary;
+    }
+    return help;
+}
+
+} // namespace
+
+void add_catalogue_options(command_options& options, catalogue_options& line) {
+    options.require("catalogue", "DIR", line.catalogue,
+                    "folder that holds messages.tsv, texts/<language>.tsv and images.tsv");
+    options.letter('W', "no-CHECK", line.warnings, "leaves out what a check finds");
+    options.letter('W', "error=CHECK", line.warnings, check_help().c_str());
+    options.flag("all", line.shows_all, "shows all findings of each check, not only the first 20");
+}
+
+std::string apply_catalogue_options(const catalogue_options& line, diagnostics& report) {
+    if (line.shows_all) {
+        report.show_all();
+    }
+    for (const std::string& warning : line.warnings) {
+        const bool is_no = starts_with(warning, NO_CHECK);
+        if (!is_no && !starts_with(warning, ERROR_CHECK)) {
+            return "unknown option \"-W" + warning + "\"";
+        }
+        const std::string check = warning.substr(is_no ? NO_CHECK.size() : ERROR_CHECK.size());
+        if (!is_selectable_check(check)) {
+            return "unknown check \"" + check + "\"; known are " + selectable_check_names();
+        }
+        is_no ? report.disable(check) : report.make_errors(check);
+    }
+    return {};
+}
+
+} // namespace velarion
