@@ -18,7 +18,23 @@ dvc_pnl_rmg_language_resource& language() {
 } // namespace
 
 simulation::simulation(panel_hardware* hardware)
-    : panel_({machine_, hardware ? *hardware : absent_hardware_, *this}, all_screens()) {}
+    : hardware_(hardware ? *hardware : absent_hardware_) {
+    start_anew();
+}
+
+void simulation::start_anew() {
+    panel_.reset();
+    machine_ = std::make_unique<machine_state>();
+    panel_ = std::make_unique<panel_frame>(panel_services{*machine_, hardware_, *this}, all_screens());
+}
+
+language_choice simulation::choice_of(int language_id) {
+    const int index = language().dvc_pnl_rmg_get_standard_language_index(language_id);
+    if (index >= 0 || language_id == DVC_PNL_RMG_PROPERTY::LANGUAGE_ID_UNSET) {
+        return {language_id, 0};
+    }
+    return {DVC_PNL_RMG_PROPERTY::LANGUAGE_ID_OPTION, language_id};
+}
 
 std::vector<language_choice> simulation::languages() const {
     std::vector<language_choice> all;
@@ -66,7 +82,7 @@ void simulation::choose_standard_language(const language_choice& choice) {
 
 void simulation::show_language() {
     QEvent change(QEvent::LanguageChange);
-    QCoreApplication::sendEvent(&panel_, &change);
+    QCoreApplication::sendEvent(panel_.get(), &change);
     Q_EMIT language_changed();
 }
 

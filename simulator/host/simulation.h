@@ -9,6 +9,9 @@
 
 #include <QObject>
 
+#include <memory>
+#include <vector>
+
 namespace velarion {
 
 /** A panel at work in this process: library, machine and display, made and destroyed in the order of a host.
@@ -20,8 +23,16 @@ public:
     /** @param hardware  LEDs and keys, outlives it; null: a panel without a device service */
     explicit simulation(panel_hardware* hardware = nullptr);
 
-    machine_state& machine() { return machine_; }
-    panel_frame& panel() { return panel_; }
+    machine_state& machine() { return *machine_; }
+    panel_frame& panel() { return *panel_; }
+
+    /** Puts a machine and a display in the place of those that are there, as if it was switched off and on.
+     */
+    void start_anew();
+
+    /** The selection that shows a language: standard ids by themselves, every other one as an option
+     * language. */
+    static language_choice choice_of(int language_id);
 
     std::vector<language_choice> languages() const override;
     language_choice standard_language() const override;
@@ -37,9 +48,10 @@ private:
 
     panel_host host_;
     absent_hardware absent_hardware_;
+    panel_hardware& hardware_;
     mutable language_choice standard_{}; ///< the library tells only the selection that is active
-    machine_state machine_;
-    panel_frame panel_;
+    std::unique_ptr<machine_state> machine_;
+    std::unique_ptr<panel_frame> panel_;
 };
 
 } // namespace velarion

@@ -1,0 +1,84 @@
+#include "headless_run.h"
+
+#include "panel_stage.h"
+#include "screen_pictures.h"
+#include "simulation.h"
+
+#include <algorithm>
+#include <cstdio>
+
+namespace velarion {
+
+namespace {
+
+int list_screens() {
+    for (const screen_entry& screen : all_screens()) {
+        std::printf("%-20s %s\n", screen.name, screen.description);
+        for (const screen_view& view : all_screen_views()) {
+            if (QLatin1String(view.screen) == QLatin1String(screen.name) &&
+                QLatin1String(view.name) != QLatin1String(screen.name)) {
+                std::printf("  %s\n", view.name);
+            }
+        }
+    }
+    return SIMULATOR_GOOD;
+}
+
+/** @return SIMULATOR_GOOD, or SIMULATOR_USAGE after a name or a language that is not there */
+int make_plan(const simulator_options& options, const simulation& panel, stage_plan& plan) {
+    if (options.screen.isEmpty()) {
+        plan.views = all_screen_views();
+    } else if (const screen_view* view = panel_stage::find_view(options.screen)) {
+        plan.views = {*view};
+    } else {
+        report_simulator_fault(QStringLiteral("no screen \"%1\"; see --list-screens").arg(options.screen));
+        return SIMULATOR_USAGE;
+    }
+    const std::vector<language_choice> known = panel.languages();
+    for (const int id : options.languages) {
+        const language_choice choice = simulation::choice_of(id);
+        if (std::find(known.begin(), known.end(), choice) == known.end()) {
+            QStringList ids;
+            for (const language_choice& language : known) {
+                ids.append(language_word(language));
+            }
+            report_simulator_fault(
+                QStringLiteral("language %1 is neither a standard one nor in one of the slots; "
+                               "there are %2")
+                    .arg(id)
+                    .arg(ids.join(QLatin1String(", "))));
+            return SIMULATOR_USAGE;
+        }
+        plan.languages.push_back(choice);
+    }
+    if (plan.languages.empty()) {
+        plan.languages = known;
+    }
+    return SIMULATOR_GOOD;
+}
+
+int write_screenshot(panel_stage& stage, const simulator_options& options, const stage_plan& plan) {
+    stage.show(plan.views.front(), options.languages.empty() ? language_choice{} : plan.languages.front());
+    return write_picture(stage.picture(), options.screenshot) ? SIMULATOR_GOOD : SIMULATOR_FAILED;
+}
+
+} // namespace
+
+int run_headless(const simulator_options& options) {
+    if (options.lists_screens) {
+        return list_screens();
+    }
+    simulation panel;
+    panel_stage stage(panel, options.direction);
+    stage_plan plan;
+    int result = make_plan(options, panel, plan);
+    if (result == SIMULATOR_GOOD && !options.screenshot.isEmpty()) {
+        result = write_screenshot(stage, options, plan);
+    }
+    if (result == SIMULATOR_GOOD && !options.all_screens.isEmpty()) {
+        result = write_all_screens(stage, plan, options.all_screens);
+    }
+    return result;
+}
+
+} // namespace velarion

@@ -1,0 +1,171 @@
+#include "simulator_options.h"
+
+#include <QCommandLineParser>
+
+#include <algorithm>
+#include <cstdio>
+#include <cstring>
+
+namespace velarion {
+
+namespace {
+
+constexpr const char* HEADLESS_OPTIONS[] = {"screenshot",   "all-screens", "report",   "review", "script",
+                                            "list-screens", "help",        "help-all", "version"};
+
+struct fault_name {
+    const char* name;
+    fault_class fault;
+};
+constexpr fault_name FAULT_NAMES[] = {{"overflow", FAULT_OVERFLOW},
+                                      {"glyphs", FAULT_GLYPHS},
+                                      {"pictures", FAULT_PICTURES},
+                                      {"fallbacks", FAULT_FALL_BACKS}};
+
+constexpr char DESCRIPTION[] =
+    "The operation panel on a workstation: in a window with an inspector, or without one as pictures, "
+    "reports\n"
+    "and scripts. Run it on the sample device: scripts/device-shell panel_simulator";
+
+void add_options(QCommandLineParser& parser) {
+    const auto add = [&parser](const char* name, const char* text, const char* value = "") {
+        parser.addOption({QLatin1String(name), QLatin1String(text), QLatin1String(value)});
+    };
+    add("screenshot", "Writes the panel as a picture, 800 x 480.", "FILE");
+    add("all-screens", "Writes every screen in every language, and a contact sheet of each screen.", "DIR");
+    add("report", "Writes as JSON what each screen shows in each language, and what is wrong with it.",
+        "FILE");
+    add("review", "Writes a page for a browser: every screen in every language, with what is wrong.", "DIR");
+    add("compare-with", "With --review: marks what differs from an earlier review.", "DIR");
+    add("script", "Runs the commands of a file, one a line; \"-\" is standard input.", "FILE");
+    add("list-screens", "Lists the screens and ends.");
+    add("screen", "Opens this screen; with --report, --all-screens or --review: it alone.", "NAME");
+    add("language", "Shows the panel in this language: 49, 972; several with commas where all are written.",
+        "N");
+    add("direction", "Writes in this direction whatever the language: ltr or rtl.", "DIRECTION");
+    add("test-icons",
+        "Sets TEST_ICON_MESSAGE: keys for missing messages, a placeholder for missing pictures.");
+    add("overlay", "Draws boxes around texts and pictures, what is wrong in colour.");
+    add("fail-on", "Ends with 1 when some are found: overflow, glyphs, pictures, fallbacks, with commas.",
+        "LIST");
+    add("watch", "Shows changed pictures and rebuilt packs at once.");
+    add("timing", "Prints how long the start took, phase by phase, and the longest pause of the window.");
+}
+
+bool fail(const QString& text, int& exit_code) {
+    report_simulator_fault(text + QStringLiteral("; see --help"));
+    exit_code = SIMULATOR_USAGE;
+    return false;
+}
+
+bool read_fail_on(const QString& list, unsigned int& faults, int& exit_code) {
+    for (const QString& word : list.split(QLatin1Char(','))) {
+        const auto* found =
+            std::find_if(std::begin(FAULT_NAMES), std::end(FAULT_NAMES),
+                         [&](const fault_name& name) { return word == QLatin1String(name.name); });
+        if (found == std::end(FAULT_NAMES)) {
+            return fail(
+                QStringLiteral("--fail-on: unknown word \"%1\"; known are overflow, glyphs, pictures, "
+                               "fallbacks")
+                    .arg(word),
+                exit_code);
+        }
+        faults |= found->fault;
+    }
+    return true;
+}
+
+bool read_languages(const QString& list, std::vector<int>& languages, int& exit_code) {
+    for (const QString& word : list.split(QLatin1Char(','))) {
+        bool is_number = false;
+        const int id = word.toInt(&is_number);
+        if (!is_number) {
+            return fail(QStringLiteral("--language: \"%1\" is no language id").arg(word), exit_code);
+        }
+        languages.push_back(id);
+    }
+    return true;
+}
+
+} // namespace
+
+bool simulator_options::is_headless() const {
+    return lists_screens || !screenshot.isEmpty() || !all_screens.isEmpty() || !report.isEmpty() ||
+           !review.isEmpty() || !script.isEmpty();
+}
+
+bool read_simulator_options(const QStringList& arguments, simulator_options& options, int& exit_code) {
+    QCommandLineParser parser;
+    parser.setApplicationDescription(QLatin1String(DESCRIPTION));
+    add_options(parser);
+    parser.addHelpOption();
+    parser.addVersionOption();
+    if (!parser.parse(arguments)) {
+        return fail(parser.errorText(), exit_code);
+    }
+    if (parser.isSet(QStringLiteral("help"))) {
+        std::printf(
+            "%s\nExit codes: 0 good, 1 faults were found, 2 usage, 3 a file cannot be read or written.\n",
+            qPrintable(parser.helpText()));
+        exit_code = SIMULATOR_GOOD;
+        return false;
+    }
+    if (parser.isSet(QStringLiteral("version"))) {
+        std::printf("panel_simulator " PANEL_VIEW_VERSION "\n");
+        exit_code = SIMULATOR_GOOD;
+        return false;
+    }
+    if (!parser.positionalArguments().isEmpty()) {
+        return fail(QStringLiteral("unexpected \"%1\"").arg(parser.positionalArguments().first()), exit_code);
+    }
+    const auto value = [&parser](const char* name) { return parser.value(QLatin1String(name)); };
+    options.screenshot = value("screenshot");
+    options.all_screens = value("all-screens");
+    options.report = value("report");
+    options.review = value("review");
+    options.compare_with = value("compare-with");
+    options.script = value("script");
+    options.screen = value("screen");
+    options.direction = value("direction");
+    options.lists_screens = parser.isSet(QStringLiteral("list-screens"));
+    options.has_overlay = parser.isSet(QStringLiteral("overlay"));
+    options.watches = parser.isSet(QStringLiteral("watch"));
+    options.prints_timing = parser.isSet(QStringLiteral("timing"));
+    if (parser.isSet(QStringLiteral("test-icons"))) {
+        qputenv("TEST_ICON_MESSAGE", "1");
+    }
+    if (!options.direction.isEmpty() && options.direction != QLatin1String("ltr") &&
+        options.direction != QLatin1String("rtl")) {
+        return fail(QStringLiteral("--direction is ltr or rtl, not \"%1\"").arg(options.direction),
+                    exit_code);
+    }
+    if (parser.isSet(QStringLiteral("language")) &&
+        !read_languages(value("language"), options.languages, exit_code)) {
+        return false;
+    }
+    return !parser.isSet(QStringLiteral("fail-on")) ||
+           read_fail_on(value("fail-on"), options.fail_on, exit_code);
+}
+
+bool asks_for_no_window(int argc, char** argv) {
+    for (int i = 1; i < argc; ++i) {
+        for (const char* option : HEADLESS_OPTIONS) {
+            const std::size_t length = std::strlen(option);
+            const char* word = argv[i] + std::strspn(argv[i], "-");
+            if (argv[i][0] == '-' && std::strncmp(word, option, length) == 0 &&
+                (word[length] == '\0' || word[length] == '=')) {
+                return true;
+            }
+        }
+        if (std::strcmp(argv[i], "-h") == 0 || std::strcmp(argv[i], "-v") == 0) {
+            return true;
+        }
+    }
+    return false;
+}
+
+void report_simulator_fault(const QString& text) {
+    std::fprintf(stderr, "panel_simulator: %s\n", text.toUtf8().constData());
+}
+
+} // namespace velarion
