@@ -13,6 +13,7 @@ struct panelctl_command {
 };
 
 int run_message_command(const QStringList& arguments);
+int run_messages_command(const QStringList& arguments);
 int run_languages_command(const QStringList& arguments);
 int run_packs_command(const QStringList& arguments);
 int run_settings_command(const QStringList& arguments);

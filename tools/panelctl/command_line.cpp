@@ -2,6 +2,7 @@
 
 #include "display.h"
 #include "dvc_pnl_rmg_language_resource.h"
+#include "language_names.h"
 
 #include <QCoreApplication>
 
@@ -76,17 +77,30 @@ bool read_number(const QString& command, const QString& text, int& number) {
     return true;
 }
 
+QCommandLineOption language_option() {
+    return {QStringLiteral("language"),
+            QStringLiteral("Language: %1; default: the language in force.")
+                .arg(QString::fromStdString(known_languages())),
+            QStringLiteral("LANGUAGE")};
+}
+
+bool read_language_word(const QString& command, const QString& what, const QString& word, int& language_id) {
+    if (read_language(word.toUtf8().constData(), language_id)) {
+        return true;
+    }
+    usage_fault(command, QStringLiteral("%1 \"%2\" is no language; take %3")
+                             .arg(what, word, QString::fromStdString(known_languages())));
+    return false;
+}
+
 bool read_language_option(const QCommandLineParser& parser, const QString& command,
                           dvc_pnl_rmg_language_resource& language, int& language_id) {
-    bool is_id = true;
-    language_id = parser.isSet(QStringLiteral("language"))
-                      ? parser.value(QStringLiteral("language")).toInt(&is_id)
-                      : language.dvc_pnl_rmg_get_language_id();
-    if (!is_id) {
-        usage_fault(command, QStringLiteral("--language \"%1\" is no language id")
-                                 .arg(parser.value(QStringLiteral("language"))));
+    const QString option = QStringLiteral("language");
+    if (!parser.isSet(option)) {
+        language_id = language.dvc_pnl_rmg_get_language_id();
+        return true;
     }
-    return is_id;
+    return read_language_word(command, QStringLiteral("--language"), parser.value(option), language_id);
 }
 
 int run_action(const QCommandLineParser& parser, const QString& command, const char* default_action,

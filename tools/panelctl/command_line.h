@@ -35,6 +35,13 @@ bool read_arguments(QCommandLineParser& parser, const QString& command, const QS
 bool read_options(QCommandLineParser& parser, const QString& command, const QStringList& arguments,
                   int& exit_code);
 
+/** The option --language, for one command. */
+QCommandLineOption language_option();
+
+/** Reads a language's number or name. @return false after a fault, which is reported; what names the option
+ */
+bool read_language_word(const QString& command, const QString& what, const QString& word, int& language_id);
+
 /**
  * The language that --language asks for, or the one in force.
  * @return false after a fault, which is reported

@@ -16,13 +16,6 @@ namespace {
 const QString FONT_COMMAND = QStringLiteral("font");
 const QString ATTRIBUTE_COMMAND = QStringLiteral("attribute");
 
-const QCommandLineOption& language_option() {
-    static const QCommandLineOption option(QStringLiteral("language"),
-                                           QStringLiteral("Language id; default: the language in force."),
-                                           QStringLiteral("N"));
-    return option;
-}
-
 /** What a language is shown in. */
 struct language_font {
     QString family;

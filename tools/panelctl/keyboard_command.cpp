@@ -191,8 +191,7 @@ int run_keyboard_command(const QStringList& arguments) {
     parser.setApplicationDescription(QStringLiteral(
         "Shows the keyboard, language information and prohibition files of a language as the "
         "library\nnames them, and what they hold. Without --language: of the language in force."));
-    parser.addOption(
-        {QStringLiteral("language"), QStringLiteral("Standard or option language id."), QStringLiteral("N")});
+    parser.addOption(language_option());
     int exit_code = EXIT_FOUND;
     if (!read_options(parser, COMMAND, arguments, exit_code)) {
         return exit_code;

@@ -6,6 +6,7 @@
 #include "dvc_pnl_rmg_message_table.h"
 #include "dvc_pnl_rmg_property.h"
 #include "keyboard_file.h"
+#include "language_names.h"
 #include "panel_session.h"
 
 #include <QApplication>
@@ -13,13 +14,21 @@
 #include <QJsonArray>
 #include <QJsonObject>
 
+#include <algorithm>
+
 namespace velarion {
 
 namespace {
 
-/** Names of the standard languages for people, by index. */
-constexpr const char* LANGUAGE_NAMES[DVC_PNL_RMG_STANDARD_LANGUAGE_COUNT] = {
-    "Japanese", "English", "German", "French", "Spanish", "Italian", "Dutch", "Russian"};
+QString english_name(int id) {
+    const language_name* named = find_language(id);
+    return named ? QLatin1String(named->english) : QString();
+}
+
+QString tag_of(int id) {
+    const language_name* named = find_language(id);
+    return named ? QLatin1String(named->tag) : QString();
+}
 
 struct language_state {
     int language_id = 0;
@@ -29,15 +38,23 @@ struct language_state {
     int direction = 1;
 };
 
-/** Applies the preferred selection that --prefer asks for, "N" or "N,OPTION". */
+bool is_standard(int id) {
+    const std::int32_t* end = standard_language_id_table + DVC_PNL_RMG_STANDARD_LANGUAGE_COUNT;
+    return std::find(standard_language_id_table, end, id) != end;
+}
+
+/** Applies the preferred selection that --prefer asks for: "N", "N,OPTION", or the name of either. */
 bool set_preferred_language(dvc_pnl_rmg_language_resource& language, const QString& selection) {
-    const QStringList ids = selection.split(QLatin1Char(','));
-    bool is_id = false;
-    bool is_option_id = true;
-    const int id = ids.at(0).toInt(&is_id);
-    const int option_id = ids.size() > 1 ? ids.at(1).toInt(&is_option_id) : 0;
-    if (!is_id || !is_option_id || ids.size() > 2) {
+    const QStringList words = selection.split(QLatin1Char(','));
+    int id = 0;
+    int option_id = 0;
+    if (words.size() > 2 || !read_language(words.at(0).toUtf8().constData(), id) ||
+        (words.size() == 2 && !read_language(words.at(1).toUtf8().constData(), option_id))) {
         return false;
+    }
+    if (!is_standard(id) && words.size() == 1 && words.at(0) != QString::number(id)) {
+        option_id = id; // as the panel itself selects one; a bare number is taken as it is
+        id = DVC_PNL_RMG_PROPERTY::LANGUAGE_ID_OPTION;
     }
     language.dvc_pnl_rmg_set_preferred_language(id, option_id);
     return true;
@@ -90,13 +107,15 @@ void print_languages_as_json(dvc_pnl_rmg_language_resource& language,
         standard_as_json.append(
             QJsonObject{{QStringLiteral("index"), i},
                         {QStringLiteral("id"), standard_language_id_table[i]},
-                        {QStringLiteral("name"), QLatin1String(LANGUAGE_NAMES[i])},
+                        {QStringLiteral("name"), english_name(standard_language_id_table[i])},
+                        {QStringLiteral("tag"), tag_of(standard_language_id_table[i])},
                         {QStringLiteral("font_family"), QLatin1String(standard_font_family_table[i])}});
     }
     QJsonArray options_as_json;
     for (const option_language& option : options) {
         options_as_json.append(QJsonObject{{QStringLiteral("id"), option.id},
                                            {QStringLiteral("name"), option.name},
+                                           {QStringLiteral("tag"), tag_of(option.id)},
                                            {QStringLiteral("right_to_left"), option.direction == 0},
                                            {QStringLiteral("font_family"), option.font_family}});
     }
@@ -116,15 +135,16 @@ QString mark_of(int id, const language_state& state) {
 
 void print_languages(dvc_pnl_rmg_language_resource& language, const std::vector<option_language>& options,
                      const language_state& state) {
-    std::vector<QStringList> rows{{QStringLiteral(" "), QStringLiteral("id"), QStringLiteral("language"),
-                                   QStringLiteral("direction"), QStringLiteral("font family")}};
+    std::vector<QStringList> rows{{QStringLiteral(" "), QStringLiteral("id"), QStringLiteral("tag"),
+                                   QStringLiteral("language"), QStringLiteral("direction"),
+                                   QStringLiteral("font family")}};
     for (int i = 0; i < language.dvc_pnl_rmg_get_standard_language_number(); ++i) {
         const int id = standard_language_id_table[i];
-        rows.push_back({mark_of(id, state), QString::number(id), QLatin1String(LANGUAGE_NAMES[i]),
+        rows.push_back({mark_of(id, state), QString::number(id), tag_of(id), english_name(id),
                         describe_direction(1), QLatin1String(standard_font_family_table[i])});
     }
     for (const option_language& option : options) {
-        rows.push_back({mark_of(option.id, state), QString::number(option.id),
+        rows.push_back({mark_of(option.id, state), QString::number(option.id), tag_of(option.id),
                         option.name.isEmpty() ? QStringLiteral("option language") : as_one_line(option.name),
                         describe_direction(option.direction), as_one_line(option.font_family)});
     }
@@ -146,9 +166,11 @@ int run_languages_command(const QStringList& arguments) {
     parser.setApplicationDescription(QStringLiteral(
         "Lists the standard languages and the option languages, marks the one in force and tells "
         "the writing\ndirection that it gave the application."));
-    parser.addOption({QStringLiteral("prefer"),
-                      QStringLiteral("Sets a preferred language first: a language id, or 999,OPTION-ID."),
-                      QStringLiteral("N")});
+    parser.addOption(
+        {QStringLiteral("prefer"),
+         QStringLiteral(
+             "Sets a preferred language first: its number or a name as \"de\", or 999,OPTION-LANGUAGE."),
+         QStringLiteral("LANGUAGE")});
     int exit_code = EXIT_FOUND;
     if (!read_options(parser, command, arguments, exit_code)) {
         return exit_code;
@@ -156,7 +178,7 @@ int run_languages_command(const QStringList& arguments) {
     panel_session session;
     if (parser.isSet(QStringLiteral("prefer")) &&
         !set_preferred_language(session.language(), parser.value(QStringLiteral("prefer")))) {
-        return usage_fault(command, QStringLiteral("--prefer takes a language id, or 999,OPTION-ID"));
+        return usage_fault(command, QStringLiteral("--prefer takes a language, or 999,OPTION-LANGUAGE"));
     }
     const language_state state = read_state(session.language());
     std::vector<option_language> options;

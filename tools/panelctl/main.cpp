@@ -11,7 +11,8 @@ namespace velarion {
 namespace {
 
 constexpr panelctl_command COMMANDS[] = {
-    {"message", "the text of messages, by id or data file", run_message_command},
+    {"message", "the text of messages, by id, name, text or data file", run_message_command},
+    {"messages", "the messages of the panel, all or those with words in them", run_messages_command},
     {"languages", "the standard languages and the language in force", run_languages_command},
     {"packs", "the option language packs in the five slots", run_packs_command},
     {"settings", "the device settings: list, get, set, reset", run_settings_command},

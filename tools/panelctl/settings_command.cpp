@@ -2,6 +2,7 @@
 
 #include "command_line.h"
 #include "display.h"
+#include "language_names.h"
 #include "platform_codes.h"
 #include "settings_database.h"
 
@@ -122,7 +123,11 @@ int get_setting(const QStringList& arguments, bool as_json) {
 int set_setting(const QStringList& arguments, bool as_json) {
     settings_database database;
     qint64 value = 0;
-    if (!read_number(COMMAND, arguments.at(1), value)) {
+    int language_id = 0;
+    if (arguments.at(0).contains(QLatin1String("language")) &&
+        read_language(arguments.at(1).toUtf8().constData(), language_id)) {
+        value = language_id;
+    } else if (!read_number(COMMAND, arguments.at(1), value)) {
         return EXIT_USAGE;
     }
     std::string fault;
@@ -144,18 +149,9 @@ int reset_setting(const QStringList& arguments, bool as_json) {
 }
 
 bool read_attribute_key(const QStringList& arguments, int& language_id, int& attribute) {
-    qint64 language = 0;
-    qint64 number = 0;
-    if (!read_number(COMMAND, arguments.at(0), language) || !read_number(COMMAND, arguments.at(1), number)) {
-        return false;
-    }
-    language_id = static_cast<int>(language);
-    attribute = static_cast<int>(number);
-    const bool is_in_range = language_id == language && attribute == number;
-    if (!is_in_range) {
-        usage_fault(COMMAND, QStringLiteral("a language or attribute number is out of range"));
-    }
-    return is_in_range;
+    const bool is_named = read_language(arguments.at(0).toUtf8().constData(), language_id);
+    return (is_named || read_number(COMMAND, arguments.at(0), language_id)) &&
+           read_number(COMMAND, arguments.at(1), attribute);
 }
 
 int get_attribute(const QStringList& arguments, bool as_json) {
@@ -223,12 +219,13 @@ int run_settings_command(const QStringList& arguments) {
         "Reads and changes the device settings of this workstation, also while other programs run.\n\n"
         "  list                              all settings and language attributes\n"
         "  get NAME                          one value\n"
-        "  set NAME VALUE                    stores a value, decimal or 0x...\n"
+        "  set NAME VALUE                    stores a value, decimal or 0x..., or a language as \"de\"\n"
         "  reset NAME                        back to the default\n"
         "  get-attribute LANGUAGE NUMBER     the text of a language attribute\n"
         "  set-attribute LANGUAGE NUMBER TEXT\n"
         "  remove-attribute LANGUAGE NUMBER\n\n"
-        "NAME is a setting's name as \"list\" shows it, or 0xGROUP:0xITEM."));
+        "LANGUAGE is a number, or a name as \"de\". NAME is a setting's name as \"list\" shows it, or "
+        "0xGROUP:0xITEM."));
     parser.addPositionalArgument(QStringLiteral("action"), QStringLiteral("What to do."),
                                  QStringLiteral("ACTION [ARGUMENT...]"));
     int exit_code = EXIT_FOUND;

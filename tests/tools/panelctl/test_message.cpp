@@ -73,7 +73,9 @@ TEST_F(sample_message, the_options_and_the_settings_choose_the_language) {
     ASSERT_TRUE(texts[1] != texts[49] && texts[1] != texts[86]);
     EXPECT_EQ(output_of({"message", "1"}), texts[1]);
     EXPECT_EQ(output_of({"message", "1", "--language", "49"}), texts[49]);
+    EXPECT_EQ(output_of({"message", "1", "--language", "german"}), texts[49]);
     EXPECT_EQ(output_of({"message", "1", "--option", "86"}), texts[86]);
+    EXPECT_EQ(output_of({"message", "1", "--language", "zh-CN"}), texts[86]);
     EXPECT_EQ(output_of({"message", "1", "--language", "999", "--option", "86"}), texts[86]);
     EXPECT_EQ(output_of({"message", "1", "--language", "972"}), texts[1]) << "972 is in no slot";
     set("panel_language", 49);
@@ -88,7 +90,50 @@ TEST_F(panel_message, what_is_missing_is_reported_beside_what_is_there) {
     EXPECT_EQ(result.exit_code, 1);
     EXPECT_EQ(result.output, output_of({"message", first_message()}));
     EXPECT_EQ(result.errors, "panelctl: there is no message 2147483647\n"
-                             "panelctl: there is no message data file \"no_such_file\"\n");
+                             "panelctl: there is no message with the name or text, and no message data file, "
+                             "\"no_such_file\"; panelctl messages --filter finds words\n");
+}
+
+TEST_F(sample_message, messages_are_found_by_name_and_text_before_the_number_is_known) {
+    set("option_language_1", 972);
+    const struct {
+        std::vector<std::string> words;
+        const char* found_by;
+        int id;
+    } keys[] = {
+        {{"msg_normal_title_copy"}, "name", 1},
+        {{"COPY"}, "text", 1},
+        {{"КОПИРОВАНИЕ"}, "text", 1},
+        {{"bereit zum\nkopieren.", "--language", "fr"}, "text", 127},
+        {{"127"}, "id", 127},
+    };
+    for (const auto& row : keys) {
+        std::vector<std::string> words = row.words;
+        words.insert(words.begin(), "message");
+        const QJsonDocument found = json_of(words);
+        EXPECT_EQ(found[0]["found_by"].toString().toStdString(), row.found_by) << row.words[0];
+        EXPECT_EQ(found[0]["id"].toInt(), row.id) << row.words[0];
+    }
+    const struct {
+        std::vector<std::string> options;
+        int id;
+        const char* tag;
+    } filters[] = {
+        {{"--filter", "kopieren BEREIT", "--language", "de"}, 127, "de"},
+        {{"--filter", "status_ready копированию", "--all"}, 127, "ru"},
+        {{"--filter", "pret a copi", "--fold", "--language", "fr"}, 127, "fr"},
+        {{"--filter", "\u05D4\u05E2\u05EA\u05E7\u05D4", "--language", "he"}, 1, "he"},
+    };
+    for (const auto& row : filters) {
+        std::vector<std::string> words = row.options;
+        words.insert(words.begin(), "messages");
+        const QJsonArray found = json_of(words).array();
+        ASSERT_FALSE(found.isEmpty()) << row.options[1];
+        EXPECT_EQ(found[0]["id"].toInt(), row.id) << row.options[1];
+        EXPECT_EQ(found[0]["tag"].toString().toStdString(), row.tag) << row.options[1];
+    }
+    EXPECT_EQ(run({"messages", "--filter", "pret a copi", "--language", "fr"}).exit_code, 1);
+    EXPECT_EQ(run({"messages", "--filter", "copy no-such-word"}).exit_code, 1);
 }
 
 TEST_F(panel_message, data_files_of_the_device_are_read_by_name) {

@@ -13,7 +13,7 @@ TEST_F(panelctl, wrong_usage_is_one_line_on_standard_error) {
     const std::vector<std::string> rows[] = {
         {},
         {"texts"},
-        {"message", "1", "--language", "German"},
+        {"message", "1", "--language", "Germanic"},
         {"message", "1", "--every"},
         {"languages", "--prefer", "1,2,3"},
         {"settings", "set", "destination", "1.5"},
@@ -61,6 +61,9 @@ TEST_F(sample_packs, languages_follow_the_settings_and_the_preference) {
         {"option that is not installed", 999, 852, "0", 1, {1, 852}, false},
         {"preferred standard over option", 999, 972, "33", 33, {33, 0}, false},
         {"preferred option over standard", 49, 0, "999,972", 972, {999, 972}, true},
+        {"preferred by names", 49, 0, "999,he", 972, {999, 972}, true},
+        {"preferred option by its name alone", 49, 0, "Hebrew", 972, {999, 972}, true},
+        {"preferred standard by its name", 999, 972, "fr", 33, {33, 0}, false},
         {"preferred option that is not installed", 999, 972, "999,852", 1, {1, 972}, false},
     };
     for (const auto& row : rows) {
@@ -110,6 +113,9 @@ TEST_F(panelctl, settings_are_kept_until_they_are_reset) {
     EXPECT_EQ(listed["settings"][3]["value"].toInt(), 10);
     EXPECT_TRUE(listed["settings"][3]["stored"].toBool());
     EXPECT_FALSE(listed["settings"][4]["stored"].toBool(true));
+    EXPECT_EQ(output_of({"settings", "set", "option_language_2", "zh_tw"}), "");
+    EXPECT_EQ(output_of({"settings", "get", "option_language_2"}), "886\n");
+    EXPECT_EQ(run({"settings", "set", "destination", "de"}).exit_code, 2);
     EXPECT_EQ(json_of({"settings", "reset", "option_language_1"})["value"].toInt(-1), 0);
     for (const char* value : {"65536", "4294967297", "9223372036854775808"}) {
         EXPECT_EQ(run({"settings", "set", "option_language_1", value}).exit_code, 2);
@@ -120,7 +126,7 @@ TEST_F(panelctl, settings_are_kept_until_they_are_reset) {
 TEST_F(panelctl, attributes_of_languages_are_utf8_in_every_locale) {
     run_shell({"--tree", tree().path(""), PANELCTL, "settings", "set-attribute", "7", "0x10", "\xD0\x94 \"'"},
               {{"LC_ALL", "C"}});
-    EXPECT_EQ(output_of({"settings", "get-attribute", "7", "16"}), "\xD0\x94 \"'\n");
+    EXPECT_EQ(output_of({"settings", "get-attribute", "ru", "16"}), "\xD0\x94 \"'\n");
     EXPECT_EQ(run({"settings", "set-attribute", "7", "16", std::string(108, 'x')}).exit_code, 2);
     EXPECT_EQ(output_of({"settings", "remove-attribute", "7", "16"}), "");
     for (const std::string action : {"get-attribute", "remove-attribute"}) {
