@@ -5,6 +5,9 @@
 
 #include <QApplication>
 
+#include <algorithm>
+#include <cstring>
+
 namespace velarion {
 
 namespace {
@@ -16,11 +19,18 @@ void drop_start_up_remark(QtMsgType type, const QMessageLogContext&, const QStri
     }
 }
 
-/** Without a window there is no need of a display. */
-void choose_platform(int argc, char** argv) {
-    if (asks_for_no_window(argc, argv) && qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM")) {
+/** @return whether there is a display for a window; without one the application is made all the same */
+bool choose_platform(int argc, char** argv) {
+    const auto is_platform = [](const char* word) {
+        return std::strncmp(word + std::strspn(word, "-"), "platform", std::strlen("platform")) == 0;
+    };
+    const bool has_display =
+        !qEnvironmentVariableIsEmpty("DISPLAY") || !qEnvironmentVariableIsEmpty("WAYLAND_DISPLAY") ||
+        !qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM") || std::any_of(argv + 1, argv + argc, is_platform);
+    if (!has_display || (asks_for_no_window(argc, argv) && qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))) {
         qputenv("QT_QPA_PLATFORM", "offscreen");
     }
+    return has_display;
 }
 
 int run_window() {
@@ -36,7 +46,7 @@ int run_window() {
 
 int main(int argc, char** argv) {
     using namespace velarion;
-    choose_platform(argc, argv);
+    const bool has_display = choose_platform(argc, argv);
     qInstallMessageHandler(drop_start_up_remark);
     const QApplication application(argc, argv);
     qInstallMessageHandler(nullptr);
@@ -45,6 +55,12 @@ int main(int argc, char** argv) {
     int exit_code = SIMULATOR_GOOD;
     if (!read_simulator_options(QCoreApplication::arguments(), options, exit_code)) {
         return exit_code;
+    }
+    if (!options.is_headless() && !has_display) {
+        report_simulator_fault(
+            QStringLiteral("there is no display for a window; see --help for what goes without "
+                           "one, or add -platform vnc and look at it with a VNC viewer"));
+        return SIMULATOR_FAILED;
     }
     return options.is_headless() ? run_headless(options) : run_window();
 }

@@ -2,6 +2,7 @@
 
 #include "panel_stage.h"
 #include "screen_pictures.h"
+#include "script_runner.h"
 #include "simulation.h"
 
 #include <algorithm>
@@ -62,6 +63,17 @@ int write_screenshot(panel_stage& stage, const simulator_options& options, const
     return write_picture(stage.picture(), options.screenshot) ? SIMULATOR_GOOD : SIMULATOR_FAILED;
 }
 
+int run_script(simulation& panel, panel_stage& stage, const simulator_options& options,
+               const stage_plan& plan) {
+    if (!options.languages.empty()) {
+        stage.show_language(plan.languages.front());
+    }
+    script_runner runner(panel);
+    add_panel_commands(runner, panel, stage);
+    add_panel_conditions(runner, panel, stage);
+    return runner.run(options.script);
+}
+
 } // namespace
 
 int run_headless(const simulator_options& options) {
@@ -77,6 +89,9 @@ int run_headless(const simulator_options& options) {
     }
     if (result == SIMULATOR_GOOD && !options.all_screens.isEmpty()) {
         result = write_all_screens(stage, plan, options.all_screens);
+    }
+    if (result == SIMULATOR_GOOD && !options.script.isEmpty()) {
+        result = run_script(panel, stage, options, plan);
     }
     return result;
 }

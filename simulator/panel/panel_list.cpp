@@ -57,6 +57,14 @@ int panel_list::find_row(const QString& name) const {
     return -1;
 }
 
+QStringList panel_list::row_names() const {
+    QStringList names;
+    for (const shown_row& row : rows_) {
+        names.append(row.name);
+    }
+    return names;
+}
+
 panel_list::row_boxes panel_list::boxes_of(int row) const {
     const shown_row& shown = rows_[static_cast<std::size_t>(row)];
     const int height = row_height();

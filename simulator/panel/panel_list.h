@@ -6,6 +6,7 @@
 #include "text_block.h"
 
 #include <QString>
+#include <QStringList>
 #include <QWidget>
 
 #include <vector>
@@ -36,6 +37,7 @@ public:
     std::size_t row_count() const { return rows_.size(); }
     /** @return the place of a row's name, or -1 */
     int find_row(const QString& name) const;
+    QStringList row_names() const;
     /** Scrolls so that the row is seen. @return its box, px from the list's corner */
     QRect show_row(int row);
 

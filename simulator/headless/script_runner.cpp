@@ -1,0 +1,133 @@
+#include "script_runner.h"
+
+#include "simulator_options.h"
+
+#include <QCoreApplication>
+#include <QEventLoop>
+#include <QFile>
+#include <QProcess>
+#include <QTextStream>
+
+#include <cstdio>
+
+namespace velarion {
+
+namespace {
+
+constexpr int LONGEST_WAIT = 600; // steps that a condition is waited for
+constexpr int STEP_PAUSE = 10;    // ms of a step, so that what other processes do can come in
+constexpr char COMMENT = '#';
+
+} // namespace
+
+script_runner::script_runner(simulation& panel)
+    : panel_(panel) {
+    add_command(QStringLiteral("wait"), QStringLiteral("STEPS | CONDITION..."), 1, 9,
+                [this](const QStringList& words) { return wait(words); });
+    add_command(QStringLiteral("expect"), QStringLiteral("[no] CONDITION..."), 1, 9,
+                [this](const QStringList& words) { return expect(words); });
+}
+
+void script_runner::add_command(const QString& name, const QString& usage, int least_words, int most_words,
+                                action run) {
+    commands_.push_back({name, usage, least_words, most_words, std::move(run)});
+}
+
+void script_runner::add_condition(const QString& name, const QString& usage, int least_words, int most_words,
+                                  action check) {
+    conditions_.push_back({name, usage, least_words, most_words, std::move(check)});
+}
+
+int script_runner::run(const QString& file) {
+    QFile script(file);
+    const bool is_input = file == QLatin1String("-");
+    if (is_input ? !script.open(stdin, QIODevice::ReadOnly) : !script.open(QIODevice::ReadOnly)) {
+        report_simulator_fault(QStringLiteral("%1 cannot be read: %2").arg(file, script.errorString()));
+        return SIMULATOR_FAILED;
+    }
+    QTextStream lines(&script);
+    lines.setCodec("UTF-8");
+    int number = 0;
+    for (QString line; lines.readLineInto(&line);) {
+        ++number;
+        const script_outcome outcome = run_line(line.trimmed());
+        if (outcome.is != script_outcome::kind::GOOD) {
+            std::fprintf(stderr, "%s:%d: %s\n", is_input ? "standard input" : qPrintable(file), number,
+                         outcome.text.toUtf8().constData());
+            return SIMULATOR_FOUND_FAULTS;
+        }
+    }
+    return SIMULATOR_GOOD;
+}
+
+script_outcome script_runner::run_entry(const std::vector<entry>& entries, const QString& what,
+                                        const QStringList& words) {
+    QStringList known;
+    for (const entry& candidate : entries) {
+        if (candidate.name != words.first()) {
+            known.append(candidate.name);
+            continue;
+        }
+        const QStringList arguments = words.mid(1);
+        if (arguments.size() < candidate.least_words || arguments.size() > candidate.most_words) {
+            return script_outcome::wrong(QStringLiteral("usage: %1 %2").arg(candidate.name, candidate.usage));
+        }
+        return candidate.run(arguments);
+    }
+    return script_outcome::wrong(QStringLiteral("unknown %1 \"%2\"; known are %3")
+                                     .arg(what, words.first(), known.join(QLatin1String(", "))));
+}
+
+script_outcome script_runner::run_line(const QString& line) {
+    if (line.isEmpty() || line.startsWith(QLatin1Char(COMMENT))) {
+        return {};
+    }
+    const QStringList words = QProcess::splitCommand(line);
+    if (words.isEmpty()) {
+        return script_outcome::wrong(QStringLiteral("no command"));
+    }
+    const script_outcome outcome = run_entry(commands_, QStringLiteral("command"), words);
+    QCoreApplication::processEvents();
+    return outcome;
+}
+
+void script_runner::advance() {
+    panel_.machine().step();
+    QCoreApplication::processEvents(QEventLoop::AllEvents, STEP_PAUSE);
+}
+
+script_outcome script_runner::wait(const QStringList& words) {
+    bool is_count = false;
+    const int steps = words.first().toInt(&is_count);
+    if (is_count && words.size() == 1) {
+        for (int i = 0; i < steps; ++i) {
+            advance();
+        }
+        return {};
+    }
+    script_outcome outcome = expect(words);
+    for (int i = 0; i < LONGEST_WAIT && outcome.is == script_outcome::kind::UNMET; ++i) {
+        advance();
+        outcome = expect(words);
+    }
+    if (outcome.is == script_outcome::kind::UNMET) {
+        outcome.text.prepend(QStringLiteral("waited for %1 steps: ").arg(LONGEST_WAIT));
+    }
+    return outcome;
+}
+
+script_outcome script_runner::expect(const QStringList& words) {
+    const bool is_denied = words.first() == QLatin1String("no");
+    const QStringList condition = words.mid(is_denied ? 1 : 0);
+    if (condition.isEmpty()) {
+        return script_outcome::wrong(QStringLiteral("usage: expect [no] CONDITION..."));
+    }
+    const script_outcome outcome = run_entry(conditions_, QStringLiteral("condition"), condition);
+    if (!is_denied || outcome.is == script_outcome::kind::WRONG) {
+        return outcome;
+    }
+    return script_outcome::of(outcome.is == script_outcome::kind::UNMET,
+                              QStringLiteral("\"%1\" is so").arg(condition.join(QLatin1Char(' '))));
+}
+
+} // namespace velarion
