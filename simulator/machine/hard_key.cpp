@@ -20,7 +20,14 @@ const std::vector<hard_key_entry>& hard_keys() {
                                                      {KEY_STOP, "stop", "Stop"},
                                                      {KEY_START, "start", "Start"},
                                                      {KEY_HOME, "home", "Home"},
-                                                     {KEY_ENERGY_SAVER, "energy_saver", "Energy Saver"}};
+                                                     {KEY_ENERGY_SAVER, "energy_saver", "Energy Saver"},
+                                                     {KEY_BACK, "back", "Back"},
+                                                     {KEY_HELP, "help", "Help"},
+                                                     {KEY_COPY, "copy", "Copy"},
+                                                     {KEY_SCAN, "scan", "Scan"},
+                                                     {KEY_FAX, "fax", "Fax"},
+                                                     {KEY_DOCUMENTS, "documents", "Documents"},
+                                                     {KEY_STATUS, "status", "Status"}};
     return keys;
 }
 
@@ -32,6 +39,13 @@ bool find_hard_key(const QString& name, int& key) {
         }
     }
     return false;
+}
+
+QString sign_of_key(int key) {
+    if (is_digit_key(key)) {
+        return QString::number(key);
+    }
+    return key == KEY_STAR ? QStringLiteral("*") : key == KEY_HASH ? QStringLiteral("#") : QString();
 }
 
 } // namespace velarion

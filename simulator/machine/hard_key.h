@@ -16,7 +16,14 @@ enum hard_key : int {
     KEY_STOP = 14,
     KEY_START = 15,
     KEY_HOME = 16,
-    KEY_ENERGY_SAVER = 17
+    KEY_ENERGY_SAVER = 17,
+    KEY_BACK = 18, ///< to the screen before
+    KEY_HELP = 19,
+    KEY_COPY = 20, ///< this and the next ones open the screen of the name
+    KEY_SCAN = 21,
+    KEY_FAX = 22,
+    KEY_DOCUMENTS = 23,
+    KEY_STATUS = 24
 };
 
 /** A hard key as scripts and people know it. */
@@ -31,6 +38,13 @@ const std::vector<hard_key_entry>& hard_keys();
 
 /** Finds a key by name or decimal number. @param key  unchanged when there is none. @return whether found */
 bool find_hard_key(const QString& name, int& key);
+
+inline bool is_digit_key(int key) {
+    return key >= 0 && key <= 9;
+}
+
+/** @return the sign that a digit, star or hash key stands for; empty for another key */
+QString sign_of_key(int key);
 
 } // namespace velarion
 

@@ -1,6 +1,6 @@
 #include "machine_state.h"
 
-#include "hard_keys.h"
+#include "hard_key.h"
 
 #include <QTime>
 
