@@ -1,4 +1,4 @@
-#include "hard_keys.h"
+#include "hard_key.h"
 #include "panel_touch.h"
 #include "screen_pictures.h"
 #include "script_runner.h"
@@ -108,11 +108,13 @@ void add_panel_commands(script_runner& runner, simulation& panel, panel_stage& s
         return script_outcome::of_fault(fault);
     });
     runner.add_command(QStringLiteral("key"), QStringLiteral("NAME | NUMBER"), 1, 1, [&](const words& word) {
-        const hard_key* key = find_hard_key(word[0]);
-        if (key) {
-            panel.panel().take_key(key->number);
+        int key = 0;
+        const bool is_found = find_hard_key(word[0], key);
+        if (is_found) {
+            panel.panel().take_key(key);
         }
-        return script_outcome::of_fault(key ? QString() : QStringLiteral("no hard key \"%1\"").arg(word[0]));
+        return script_outcome::of_fault(is_found ? QString()
+                                                 : QStringLiteral("no hard key \"%1\"").arg(word[0]));
     });
     runner.add_command(QStringLiteral("type"), QStringLiteral("TEXT"), 1, 1,
                        [&](const words& word) { return type_text(panel.panel(), word[0]); });
