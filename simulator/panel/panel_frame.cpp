@@ -117,6 +117,11 @@ void panel_frame::go_home() {
     }
 }
 
+void panel_frame::ask_text(const text_request& request) {
+    asked_text_ = request;
+    open(QStringLiteral("keyboard"));
+}
+
 void panel_frame::show_screen() {
     if (screen_) {
         content_->layout()->removeWidget(screen_);

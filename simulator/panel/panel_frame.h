@@ -2,6 +2,7 @@
 #define PANEL_FRAME_H
 
 #include "panel_screen.h"
+#include "text_request.h"
 
 #include <QStringList>
 #include <QWidget>
@@ -35,6 +36,11 @@ public:
     /** Back to the home screen alone. */
     void go_home();
 
+    /** Opens the keyboard for a text. */
+    void ask_text(const text_request& request);
+    /** What was asked for last; without a title when nothing was. */
+    const text_request& asked_text() const { return asked_text_; }
+
     const QString& screen_name() const { return names_.last(); }
     panel_screen* screen() const { return screen_; }
 
@@ -61,6 +67,7 @@ private:
     const std::vector<screen_entry>& screens_;
     QStringList names_; ///< of the open screens, the one that is seen last
     panel_screen* screen_ = nullptr;
+    text_request asked_text_;
     message_label* title_ = nullptr;
     panel_button* back_ = nullptr;
     QWidget* content_ = nullptr;

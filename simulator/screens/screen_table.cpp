@@ -1,6 +1,7 @@
 #include "screen_table.h"
 
 #include "home_screen.h"
+#include "keyboard_screen.h"
 
 namespace velarion {
 
@@ -15,6 +16,7 @@ template <class SCREEN> panel_screen* make_screen(const panel_context& context) 
 const std::vector<screen_entry>& all_screens() {
     static const std::vector<screen_entry> screens = {
         {"home", "the functions of the machine", make_screen<home_screen>},
+        {"keyboard", "the soft keyboard of the language", make_screen<keyboard_screen>},
     };
     return screens;
 }
@@ -22,6 +24,7 @@ const std::vector<screen_entry>& all_screens() {
 const std::vector<screen_view>& all_screen_views() {
     static const std::vector<screen_view> views = {
         {"home", "home", nullptr},
+        {"keyboard", "keyboard", nullptr},
     };
     return views;
 }

@@ -1,0 +1,34 @@
+#ifndef LANGUAGE_KEYBOARDS_H
+#define LANGUAGE_KEYBOARDS_H
+
+#include "keyboard_file.h"
+
+#include <QString>
+
+#include <vector>
+
+namespace velarion {
+
+/** What a field takes: a rule of the prohibition information. */
+inline constexpr char FIELD_FILE_NAME[] = "file_name";
+inline constexpr char FIELD_USER_NAME[] = "user_name";
+
+/**
+ * The keyboards of a language, from the files that the library names, in the order of the language
+ * information. Those that are missing or faulty are left out.
+ *
+ * @param has_figures  the keyboard with figures comes first
+ * @return at least one: where a language has none that of English, and one with figures alone without any
+ * file
+ */
+std::vector<keyboard> keyboards_of(int language_id, bool has_figures = false);
+
+/** @return the characters that a field does not take in a language; none for a rule that is not there */
+QString prohibited_characters(int language_id, const QString& rule);
+
+/** @return the language's name in itself; empty when no file tells it */
+QString own_language_name(int language_id);
+
+} // namespace velarion
+
+#endif
