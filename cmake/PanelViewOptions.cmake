@@ -7,6 +7,12 @@ endif()
 set(PANEL_VIEW_QT 5 CACHE STRING "Toolkit of the library: 5 (Qt 5.15) or 4 (Qt 4.8)")
 set(PANEL_VIEW_CATALOGUE_DIR "${PROJECT_SOURCE_DIR}/resource_manager/catalogue" CACHE PATH
     "Folder of the message catalogue that is compiled in")
+foreach(file messages.tsv images.tsv texts)
+    if(NOT EXISTS "${PANEL_VIEW_CATALOGUE_DIR}/${file}")
+        message(FATAL_ERROR "PANEL_VIEW_CATALOGUE_DIR, ${PANEL_VIEW_CATALOGUE_DIR}, is no catalogue: "
+            "there is no ${file} in it. Name the folder with messages.tsv, images.tsv and texts/.")
+    endif()
+endforeach()
 set(PANEL_VIEW_SANITIZE "" CACHE STRING "Sanitizers, as the compiler's -fsanitize= takes them")
 option(PANEL_VIEW_WERROR "Warnings are errors" OFF)
 

@@ -40,7 +40,11 @@ public:
         : report_(report) {}
 
     void check(const tsv_record& record, const catalogue_image& image) {
-        check_ascending_id(record.place_of(0), image.id, last_id_, report_);
+        if (image.id < 1) {
+            report_.error(CHECK_ID, record.place_of(0), "id " + std::to_string(image.id) + " is less than 1");
+        } else {
+            ids_.take(record.place_of(0), image.id, report_);
+        }
         check_name(record.place_of(1), image.name);
         check_file(record.place_of(2), image.file);
     }
@@ -84,7 +88,7 @@ private:
     }
 
     diagnostics& report_;
-    std::int32_t last_id_ = 0;
+    ascending_numbers ids_{"id", CHECK_ID};
     std::map<std::string, std::size_t> names_; // the line of each name's first image
 };
 

@@ -4,7 +4,6 @@
 #include "tsv_table.h"
 
 #include <algorithm>
-#include <limits>
 
 namespace velarion {
 
@@ -31,14 +30,19 @@ void check_name(const tsv_record& record, const std::string& name, diagnostics& 
 
 std::vector<catalogue_message> read_messages(const std::string& path, diagnostics& report) {
     std::vector<catalogue_message> messages;
-    std::int32_t last_id = 0;
+    ascending_numbers ids("id", CHECK_ID);
     for (const tsv_record& record : read_tsv_table(path, {"id", "name", "row"}, report)) {
         catalogue_message message{0, record.fields[1], 0};
         if (!read_number_field(record, 0, "id", report, message.id) ||
             !read_number_field(record, 2, "row", report, message.row)) {
             continue;
         }
-        check_ascending_id(record.place_of(0), message.id, last_id, report);
+        if (message.id < 1) {
+            report.error(CHECK_ID, record.place_of(0),
+                         "id " + std::to_string(message.id) + " is less than 1");
+        } else {
+            ids.take(record.place_of(0), message.id, report);
+        }
         check_name(record, message.name, report);
         if (message.row < FIRST_MESSAGE_ROW || message.row >= NULL_ROW) {
             report.error(CHECK_ROW, record.place_of(2),
@@ -122,18 +126,13 @@ std::string describe_placeholders(unsigned int placeholders) {
 
 std::vector<row_text> read_row_texts(const std::string& path, diagnostics& report) {
     std::vector<row_text> texts;
-    std::int32_t before = std::numeric_limits<std::int32_t>::min();
+    ascending_numbers rows("row", CHECK_ROW);
     for (const tsv_record& record : read_tsv_table(path, {"row", "text"}, report)) {
         row_text text{record.place_of(1), 0, record.fields[1]};
         if (!read_number_field(record, 0, "row", report, text.row)) {
             continue;
         }
-        if (text.row <= before) {
-            report.error(CHECK_ROW, record.place_of(0),
-                         "row " + std::to_string(text.row) + " stands after " + std::to_string(before) +
-                             "; rows must ascend without repetition");
-        }
-        before = std::max(text.row, before);
+        rows.take(record.place_of(0), text.row, report);
         if (check_row(record, text, report)) {
             texts.push_back(std::move(text));
         }

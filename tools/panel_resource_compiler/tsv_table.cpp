@@ -111,11 +111,34 @@ private:
         report_.error(CHECK_TABLE, place, text);
     }
 
+    void report_field_count(const text_line& line, const std::vector<std::string>& fields) {
+        std::size_t extra_tab = 0; // the first tab too many
+        for (std::size_t i = 0; i < columns_.size() && i < fields.size(); ++i) {
+            extra_tab += fields[i].size() + (i == 0 ? 0 : 1);
+        }
+        std::vector<std::string> names(columns_.size());
+        for (std::size_t c = 0; c < columns_.size(); ++c) {
+            names[position_[c]] = columns_[c];
+        }
+        std::string form;
+        for (const std::string& name : names) {
+            form += (form.empty() ? "" : " TAB ") + name;
+        }
+        const std::size_t count = fields.size();
+        const bool is_short = count < columns_.size();
+        const std::size_t tabs = is_short ? columns_.size() - count : count - columns_.size();
+        const std::string tabs_are = tabs == 1 ? "a tab is " : std::to_string(tabs) + " tabs are ";
+        report_.error(
+            CHECK_TABLE, is_short ? line.place : place_in(line.place, line.text, extra_tab),
+            "has " + std::to_string(count) + (count == 1 ? " field" : " fields") + " instead of " +
+                std::to_string(columns_.size()) + ": " + tabs_are +
+                (is_short ? "missing; a line is " : "too many (\\t stands for one in a text); a line is ") +
+                form);
+    }
+
     void take_record(const text_line& line, const std::vector<std::string>& fields) {
         if (fields.size() != columns_.size()) {
-            report_.error(CHECK_TABLE, line.place,
-                          "has " + std::to_string(fields.size()) + " fields instead of " +
-                              std::to_string(columns_.size()));
+            report_field_count(line, fields);
             return;
         }
         tsv_record record{line.place, {}, {}};
@@ -160,16 +183,16 @@ bool read_number_field(const tsv_record& record, std::size_t field, const std::s
     return true;
 }
 
-void check_ascending_id(const source_place& place, std::int32_t id, std::int32_t& last, diagnostics& report) {
-    const std::string text = "id " + std::to_string(id);
-    if (id < 1) {
-        report.error(CHECK_ID, place, text + " is less than 1");
-    } else if (id == last) {
-        report.error(CHECK_ID, place, text + " stands twice");
-    } else if (id < last) {
-        report.error(CHECK_ID, place, text + " stands after " + std::to_string(last) + "; ids must ascend");
+bool ascending_numbers::take(const source_place& place, std::int32_t number, diagnostics& report) {
+    const std::string text = what_ + ' ' + std::to_string(number) + " stands ";
+    const std::int32_t last = lines_.empty() ? number : lines_.rbegin()->first;
+    const auto [first, is_new] = lines_.emplace(number, place.line);
+    if (!is_new) {
+        report.error(check_, place, text + "in line " + std::to_string(first->second) + " already");
+    } else if (number < last) {
+        report.error(check_, place, text + "after " + std::to_string(last) + "; " + what_ + "s must ascend");
     }
-    last = std::max(id, last);
+    return is_new;
 }
 
 std::vector<tsv_record> read_tsv_table(const std::string& path, const std::vector<std::string>& columns,

@@ -4,6 +4,7 @@
 #include "diagnostics.h"
 
 #include <cstdint>
+#include <map>
 #include <string>
 #include <vector>
 
@@ -35,12 +36,23 @@ std::vector<tsv_record> read_tsv_table(const std::string& path, const std::vecto
 bool read_number_field(const tsv_record& record, std::size_t field, const std::string& what,
                        diagnostics& report, std::int32_t& number);
 
-/**
- * Reports an id that is less than 1 or does not ascend.
- *
- * @param last  the highest id before it, 0 at first; raised to @p id
- */
-void check_ascending_id(const source_place& place, std::int32_t id, std::int32_t& last, diagnostics& report);
+/** Holds the numbers of a table's rows against each other: each stands once, and they ascend. */
+class ascending_numbers {
+public:
+    /** @param what  "id" or "row" @param check  the name of the check */
+    ascending_numbers(std::string what, const char* check)
+        : what_(std::move(what))
+        , check_(check) {}
+
+    /** Reports a number that stands twice, or after a higher one. @return whether it stands for the first
+     * time */
+    bool take(const source_place& place, std::int32_t number, diagnostics& report);
+
+private:
+    std::string what_;
+    const char* check_;
+    std::map<std::int32_t, std::size_t> lines_; // by number
+};
 
 } // namespace velarion
 

@@ -29,13 +29,14 @@ const struct {
     std::vector<std::string> lines;
 } FAULTS[] = {
     {MESSAGES, "error: id 0 is less than 1", {"0\tB\t2"}},
-    {MESSAGES, "error: id 5 stands twice", {"5\tB\t2"}},
+    {MESSAGES, "error: id 5 stands in line 2 already", {"5\tB\t2"}},
     {MESSAGES, "is not a whole number", {"\tB\t2", "+6\tB\t2", "6 \tB\t2", "2147483648\tB\t2", "6\tB\t0x2"}},
     {MESSAGES, "error: the message has no name", {"6\t\t2"}},
     {MESSAGES, "holds more than printable ASCII and tabs", {"6\tGR\xC3\x96SSE\t2"}},
     {MESSAGES, "is outside 1 to 21998", {"6\tB\t0", "6\tB\t21999", "6\tB\t-1"}},
     {TEXTS, "is outside 0 to 21998", {"21999\t", "22000\ta"}},
-    {TEXTS, "fields instead of 2", {"3", "3\ta\tb"}},
+    {TEXTS, "has 1 field instead of 2: a tab is missing; a line is row TAB text", {"3", "3 a"}},
+    {TEXTS, ":4: error: has 3 fields instead of 2: a tab is too many (\\t stands", {"3\ta\tb"}},
     {TEXTS, ":3:6: error: unknown escape", {"3\t\xE3\x83\x86\\n\\rb", "3\ta\\\\\\"}},
     {TEXTS, "error: holds a carriage return", {"3\ta\rb", "3\ta\r\r"}},
     {TEXTS, "error: is not valid UTF-8 text", {"3\t\xFF", std::string("3\ta\0b", 5)}},
@@ -80,9 +81,9 @@ const struct {
     {"packs/86/texts.tsv", "row\ttext\n-1\ta\n1\ta\n2\t%1\n9\ta\n9\tb\n5\tc\n8\td\n",
      "packs/86/texts.tsv:2:1: error: row -1 is outside 0 to 21998 [row]\n"
      "packs/86/texts.tsv:3:3: error: row 1 must stay empty [row]\n"
-     "packs/86/texts.tsv:6:1: error: row 9 stands after 9; rows must ascend without repetition [row]\n"
-     "packs/86/texts.tsv:7:1: error: row 5 stands after 9; rows must ascend without repetition [row]\n"
-     "packs/86/texts.tsv:8:1: error: row 8 stands after 9; rows must ascend without repetition [row]\n"
+     "packs/86/texts.tsv:6:1: error: row 9 stands in line 5 already [row]\n"
+     "packs/86/texts.tsv:7:1: error: row 5 stands after 9; rows must ascend [row]\n"
+     "packs/86/texts.tsv:8:1: error: row 8 stands after 9; rows must ascend [row]\n"
      "packs/86/texts.tsv:4:3: warning: row 2: placeholders none in en, %1 here [placeholders]\n"
      "5 errors, 1 warning\n"},
     {"packs/86/pack.conf", "\xEF\xBB\xBF# c\n  # c\ndirection = up\n",
