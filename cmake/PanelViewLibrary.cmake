@@ -24,6 +24,8 @@ set(header_folder ${CMAKE_INSTALL_INCLUDEDIR}/panel_view_support)
 install(TARGETS panel_view_support panel_platform_headers EXPORT panel_view_support_targets
     LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR} COMPONENT library NAMELINK_COMPONENT development
     FILE_SET HEADERS DESTINATION ${header_folder} COMPONENT development)
+get_target_property(id_header panel_view_ids PANEL_VIEW_ID_HEADER)
+install(FILES "${id_header}" DESTINATION ${header_folder} COMPONENT development)
 
 if(PANEL_VIEW_QT EQUAL 5)
     set(PANEL_VIEW_QT_MINIMUM 5.15)

@@ -27,3 +27,22 @@ function(panel_view_add_tables target catalogue)
     target_compile_options(${target} PRIVATE -g0 -O1)
     target_link_libraries(${target} PRIVATE panel_view_warnings)
 endfunction()
+
+# panel_view_add_ids(TARGET CATALOGUE)
+#
+# A header of constants for the ids of the catalogue's messages and images, panel_view_ids.h: whoever includes it links
+# TARGET, which is an interface library.
+function(panel_view_add_ids target catalogue)
+    set(ids_folder "${CMAKE_CURRENT_BINARY_DIR}/ids")
+    # The header stays untouched while it would not change, so that texts and pictures can without a new build.
+    add_custom_command(OUTPUT "${ids_folder}/made" BYPRODUCTS "${ids_folder}/panel_view_ids.h"
+        COMMAND panel_resource_compiler header --catalogue "${catalogue}" --output "${ids_folder}/panel_view_ids.h"
+        COMMAND ${CMAKE_COMMAND} -E touch "${ids_folder}/made"
+        DEPENDS panel_resource_compiler "${catalogue}/messages.tsv" "${catalogue}/images.tsv"
+        COMMENT "Naming the ids of ${catalogue}" VERBATIM)
+    add_custom_target(${target}_header ALL DEPENDS "${ids_folder}/made")
+    add_library(${target} INTERFACE)
+    target_include_directories(${target} INTERFACE "${ids_folder}")
+    add_dependencies(${target} ${target}_header)
+    set_target_properties(${target} PROPERTIES PANEL_VIEW_ID_HEADER "${ids_folder}/panel_view_ids.h")
+endfunction()

@@ -28,35 +28,6 @@ void check_name(const tsv_record& record, const std::string& name, diagnostics& 
     }
 }
 
-std::vector<catalogue_message> read_messages(const std::string& path, diagnostics& report) {
-    std::vector<catalogue_message> messages;
-    ascending_numbers ids("id", CHECK_ID);
-    for (const tsv_record& record : read_tsv_table(path, {"id", "name", "row"}, report)) {
-        catalogue_message message{0, record.fields[1], 0};
-        if (!read_number_field(record, 0, "id", report, message.id) ||
-            !read_number_field(record, 2, "row", report, message.row)) {
-            continue;
-        }
-        if (message.id < 1) {
-            report.error(CHECK_ID, record.place_of(0),
-                         "id " + std::to_string(message.id) + " is less than 1");
-        } else {
-            ids.take(record.place_of(0), message.id, report);
-        }
-        check_name(record, message.name, report);
-        if (message.row < FIRST_MESSAGE_ROW || message.row >= NULL_ROW) {
-            report.error(CHECK_ROW, record.place_of(2),
-                         "row " + std::to_string(message.row) + " is outside " +
-                             std::to_string(FIRST_MESSAGE_ROW) + " to " + std::to_string(NULL_ROW - 1));
-        }
-        messages.push_back(std::move(message));
-    }
-    if (messages.empty()) {
-        report.error(CHECK_TABLE, {path, 0}, "holds no message");
-    }
-    return messages;
-}
-
 /** Whether a text may stand in its row; reports why not. */
 bool check_row(const tsv_record& record, const row_text& entry, diagnostics& report) {
     const std::string row = "row " + std::to_string(entry.row);
@@ -140,9 +111,39 @@ std::vector<row_text> read_row_texts(const std::string& path, diagnostics& repor
     return texts;
 }
 
+std::vector<catalogue_message> read_message_list(const std::string& folder, diagnostics& report) {
+    const std::string path = folder + "/messages.tsv";
+    std::vector<catalogue_message> messages;
+    ascending_numbers ids("id", CHECK_ID);
+    for (const tsv_record& record : read_tsv_table(path, {"id", "name", "row"}, report)) {
+        catalogue_message message{0, record.fields[1], 0};
+        if (!read_number_field(record, 0, "id", report, message.id) ||
+            !read_number_field(record, 2, "row", report, message.row)) {
+            continue;
+        }
+        if (message.id < 1) {
+            report.error(CHECK_ID, record.place_of(0),
+                         "id " + std::to_string(message.id) + " is less than 1");
+        } else {
+            ids.take(record.place_of(0), message.id, report);
+        }
+        check_name(record, message.name, report);
+        if (message.row < FIRST_MESSAGE_ROW || message.row >= NULL_ROW) {
+            report.error(CHECK_ROW, record.place_of(2),
+                         "row " + std::to_string(message.row) + " is outside " +
+                             std::to_string(FIRST_MESSAGE_ROW) + " to " + std::to_string(NULL_ROW - 1));
+        }
+        messages.push_back(std::move(message));
+    }
+    if (messages.empty()) {
+        report.error(CHECK_TABLE, {path, 0}, "holds no message");
+    }
+    return messages;
+}
+
 message_catalogue read_message_catalogue(const std::string& folder, diagnostics& report) {
     message_catalogue catalogue;
-    catalogue.messages = read_messages(folder + "/messages.tsv", report);
+    catalogue.messages = read_message_list(folder, report);
     catalogue.rows.resize(DVC_PNL_RMG_STANDARD_MESSAGE_ROWS);
     for (std::size_t language = 0; language < STANDARD_LANGUAGE_NAMES.size(); ++language) {
         const std::string path = folder + "/texts/" + STANDARD_LANGUAGE_NAMES[language] + ".tsv";

@@ -48,6 +48,9 @@ struct message_catalogue {
  */
 message_catalogue read_message_catalogue(const std::string& folder, diagnostics& report);
 
+/** Reads messages.tsv of a catalogue folder and checks it. @return the messages, ascending by id */
+std::vector<catalogue_message> read_message_list(const std::string& folder, diagnostics& report);
+
 /**
  * Reads a text file, of a standard language or of a pack: columns row and text, the rows ascending. Rows 0
  * and 1 are empty: a message on row 1 has no text on purpose.

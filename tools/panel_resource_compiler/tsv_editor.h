@@ -56,6 +56,8 @@ public:
 
     bool is_sorted() const;
     bool is_changed() const;
+    /** Whether read() found no file. */
+    bool is_new() const { return is_new_; }
     std::string contents() const;
     /** Gives what changed to a replacement of files. */
     void save(file_replacement& files) const;

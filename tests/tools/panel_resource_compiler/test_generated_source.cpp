@@ -5,6 +5,9 @@
 
 #include <dlfcn.h>
 
+#include <filesystem>
+#include <sstream>
+
 namespace {
 
 /** What texts hold that a C++ source could spoil. */
@@ -110,4 +113,31 @@ TEST(generated_source, a_pack_answers_for_its_own_language_and_rows) {
     EXPECT_EQ(family(0, 886), nullptr);
     EXPECT_EQ(is_valid(86), 1);
     EXPECT_EQ(is_valid(0), 0);
+}
+
+TEST(generated_source, the_header_names_every_id_once) {
+    const scratch_catalogue catalogue;
+    catalogue.write("messages.tsv",
+                    "id\tname\trow\n1\tMSG_A\t2\n2\tMSG_B.1\t2\n3\tMSG_B 1\t2\n4\tMSG_B_1_2\t2\n"
+                    "5\tint\t2\n6\t7 \"UP\"\\\\\t2\n7\tBOTH\t2\n");
+    catalogue.write("images.tsv", "id\tname\tfile\n1\tICON_A\ta.png\n7\tBOTH\ta.png\n");
+    const std::string header = catalogue.folder().path("out/panel_view_ids.h");
+    ASSERT_EQ(catalogue.run("header", {"--output", header}).exit_code, 0);
+    const auto written = std::filesystem::last_write_time(header);
+    ASSERT_EQ(catalogue.run("header", {"--output", header}).exit_code, 0);
+    EXPECT_EQ(std::filesystem::last_write_time(header), written) << "nothing to build anew";
+    std::string names; // with their ids
+    std::istringstream lines(catalogue.folder().read("out/panel_view_ids.h"));
+    for (std::string line; std::getline(lines, line);) {
+        const std::string type = "constexpr char ";
+        names += line.compare(0, type.size(), type) == 0 ? line.substr(type.size()) : "";
+    }
+    EXPECT_EQ(names, "MSG_A[] = \"1\";MSG_B_1_2_2[] = \"2\";MSG_B_1_3[] = \"3\";MSG_B_1_2_4[] = \"4\";"
+                     "int_5[] = \"5\";ID_7__UP__[] = \"6\";BOTH_7[] = \"7\";ICON_A[] = \"1\";"
+                     "BOTH_IMAGE_7[] = \"7\";");
+    catalogue.folder().write("out/user.cpp", "#include \"panel_view_ids.h\"\nextern const char* const id;\n"
+                                             "const char* const id = velarion::MSG_A;\n");
+    const char** id = symbol<const char**>(load_compiled(catalogue, {"user.cpp"}), "id");
+    ASSERT_NE(id, nullptr);
+    EXPECT_STREQ(*id, "1");
 }

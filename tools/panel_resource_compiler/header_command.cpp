@@ -1,0 +1,48 @@
+#include "build_subcommands.h"
+#include "catalogue_options.h"
+#include "id_header_writer.h"
+#include "output_folder.h"
+
+#include <filesystem>
+#include <iostream>
+
+namespace velarion {
+
+namespace {
+
+/** Leaves a file that holds the text already as it is, so that a build finds nothing to do. */
+bool write_when_different(const std::filesystem::path& file, const std::string& text, std::string& fault) {
+    const std::filesystem::path parent = file.parent_path();
+    const output_folder folder(parent.empty() ? "." : parent.string());
+    const std::string name = file.filename().string();
+    return folder.make(fault) && (folder.read(name) == text || folder.write(name, text, fault));
+}
+
+} // namespace
+
+int run_header_command(const std::vector<std::string>& arguments) {
+    catalogue_options line;
+    std::string output;
+    command_options options(
+        "header", "Writes a C++ header with a constant for the id of each message and image, such as\n"
+                  "MSG_NORMAL_TITLE_COPY. A header that would not change is not touched.");
+    add_catalogue_options(options, line);
+    options.require("output", "FILE", output, "the header");
+    if (const std::optional<int> end = options.read(arguments)) {
+        return *end;
+    }
+    diagnostics report(std::cerr);
+    std::string fault = apply_catalogue_options(line, report);
+    if (!fault.empty()) {
+        return options.usage_fault(fault);
+    }
+    const std::vector<catalogue_message> messages = read_message_list(line.catalogue, report);
+    const std::vector<catalogue_image> images = read_image_catalogue(line.catalogue, report);
+    report.write_summary();
+    if (report.error_count() != 0) {
+        return EXIT_CATALOGUE_FAULT;
+    }
+    return write_when_different(output, id_header(messages, images), fault) ? EXIT_GOOD : file_fault(fault);
+}
+
+} // namespace velarion
