@@ -1,8 +1,10 @@
 #include "panel_button.h"
 
+#include "focus_ring.h"
 #include "units.h"
 
 #include <QEvent>
+#include <QKeyEvent>
 #include <QPainter>
 #include <QStyle>
 
@@ -16,12 +18,18 @@ constexpr char GROUND_PRESSED[] = "124";  // ..._PRESSED
 constexpr char GROUND_SELECTED[] = "125"; // ..._SELECTED
 constexpr char GROUND_DISABLED[] = "126"; // ..._DISABLE
 
+constexpr int BADGE = 14;      // dp
+constexpr double SHEEN = 0.3;  // of white on a primary button that is pressed
+constexpr double RADIUS = 7.0; // px, of the grounds' corners
+
 text_block text_of(button_form form) {
     switch (form) {
     case button_form::TILE:
         return text_block(text_role::BODY, Qt::AlignHCenter | Qt::AlignTop, true);
     case button_form::ROW:
         return text_block(text_role::BUTTON, Qt::AlignLeading | Qt::AlignVCenter, true);
+    case button_form::SETTING:
+        return text_block(text_role::CAPTION, Qt::AlignLeading | Qt::AlignVCenter);
     default:
         return text_block(text_role::BUTTON, Qt::AlignCenter, true);
     }
@@ -33,7 +41,9 @@ panel_button::panel_button(const char* name, button_form form, const message_tex
     : form_(form)
     , ground_(GROUND)
     , picture_(picture)
-    , text_(text_of(form)) {
+    , text_(text_of(form))
+    , value_(text_role::BUTTON, Qt::AlignLeading | Qt::AlignVCenter, true)
+    , badge_(text_role::CAPTION, Qt::AlignCenter) {
     setObjectName(QLatin1String(name));
     setFocusPolicy(Qt::StrongFocus);
     setMinimumSize(px(grid::touch), px(grid::touch));
@@ -44,9 +54,18 @@ panel_button::panel_button(const char* name, button_form form, const message_tex
 }
 
 void panel_button::set_message(const message_text& text) {
-    text_.set_message(text);
-    updateGeometry();
-    update();
+    if (!(text == text_.message())) {
+        text_.set_message(text);
+        updateGeometry();
+        update();
+    }
+}
+
+void panel_button::set_value(const message_text& value) {
+    if (!(value == value_.message())) {
+        value_.set_message(value);
+        update();
+    }
 }
 
 void panel_button::set_picture(const char* picture) {
@@ -64,103 +83,120 @@ void panel_button::set_primary(bool is_primary) {
     choose_state();
 }
 
-void panel_button::choose_state() {
-    const bool is_lit = isEnabled() && (isDown() || is_primary_);
-    ground_.set_picture(QLatin1String(!isEnabled()  ? GROUND_DISABLED
-                                      : is_lit      ? GROUND_PRESSED
-                                      : isChecked() ? GROUND_SELECTED
-                                                    : GROUND));
-    picture_.set_picture(picture_.id(), QLatin1String(!isEnabled()            ? "_off"
-                                                      : is_lit && has_ground_ ? "_on"
-                                                                              : ""));
+void panel_button::set_badge(const QString& badge) {
+    badge_.set_message(message_text::literal(badge));
     update();
 }
 
-QRect panel_button::picture_box() const {
-    const int size = px(form_ == button_form::TILE ? grid::large_icon : grid::icon);
-    QRect box(0, 0, size, size);
-    if (form_ == button_form::TILE) {
-        box.moveCenter(rect().center());
-        box.moveTop(px(grid::space));
-    } else if (form_ == button_form::PICTURE) {
-        box.moveCenter(rect().center());
-    } else {
-        box.moveCenter(rect().center());
-        box.moveLeft(px(grid::space));
-        box = QStyle::visualRect(layoutDirection(), rect(), box);
-    }
-    return box;
+bool panel_button::shows_ground() const {
+    return has_ground_ || (isEnabled() && (isDown() || isChecked()));
 }
 
-QRect panel_button::text_box() const {
-    const int side = px(grid::space);
-    QRect box = rect().adjusted(side, px(grid::gap), -side, -px(grid::gap));
-    if (form_ == button_form::TILE) {
-        box.setTop(px(grid::space + grid::large_icon + grid::gap));
-    } else if (form_ == button_form::ROW) {
-        box.setLeft(px(2 * grid::space + grid::icon));
-        box = QStyle::visualRect(layoutDirection(), rect(), box);
-    }
-    return box;
+bool panel_button::is_lit() const {
+    return isEnabled() && (isDown() || is_primary_);
 }
 
-QColor panel_button::text_color() const {
-    if (!isEnabled()) {
-        return colors::disabled_text;
-    }
-    return (isDown() || is_primary_) && has_ground_ ? colors::on_accent : colors::text;
+void panel_button::choose_state() {
+    ground_.set_picture(QLatin1String(!isEnabled()  ? GROUND_DISABLED
+                                      : is_lit()    ? GROUND_PRESSED
+                                      : isChecked() ? GROUND_SELECTED
+                                                    : GROUND));
+    picture_.set_picture(picture_.id(), QLatin1String(!isEnabled() ? "_off" : is_lit() ? "_on" : ""));
+    update();
+}
+
+button_boxes panel_button::boxes() const {
+    return lay_out_button(form_, rect(), !picture_.is_empty(), text_, layoutDirection());
+}
+
+QRect panel_button::badge_box(const QRect& picture) const {
+    const int height = px(BADGE);
+    const int width = qMax(height, badge_.size_hint(0).width() + px(grid::space));
+    QRect box(0, 0, width, height);
+    box.moveCenter(QPoint(picture.right(), picture.top() + px(2)));
+    return layoutDirection() == Qt::LeftToRight ? box : box.translated(-picture.width(), 0);
 }
 
 QSize panel_button::sizeHint() const {
-    const QSize text = form_ == button_form::PICTURE ? QSize() : text_.size_hint(PANEL_SIZE.width());
-    switch (form_) {
-    case button_form::TILE:
-        return {px(112), px(grid::large_icon + 3 * grid::space + 2 * 17)};
-    case button_form::PICTURE:
-        return {px(grid::touch), px(grid::touch)};
-    case button_form::ROW:
-        return {text.width() + px(3 * grid::space + grid::icon), px(grid::touch)};
-    default:
-        return {text.width() + px(2 * grid::margin), px(grid::touch)};
-    }
+    return size_of_button(form_, !picture_.is_empty(), text_);
 }
 
 void panel_button::describe(panel_contents& contents) const {
-    if (has_ground_) {
+    const button_boxes places = boxes();
+    if (shows_ground()) {
         ground_.describe(rect(), contents);
     }
-    picture_.describe(picture_box(), contents);
+    picture_.describe(places.picture, contents);
     if (form_ != button_form::PICTURE) {
-        text_.describe(text_box(), contents);
+        text_.describe(places.text, contents);
+        value_.describe(places.value, contents);
     }
+    badge_.describe(badge_box(places.picture), contents);
 }
 
 void panel_button::reload() {
     ground_.reload();
     picture_.reload();
     text_.reload();
+    value_.reload();
+    badge_.reload();
 }
 
 void panel_button::changeEvent(QEvent* event) {
     if (event->type() == QEvent::EnabledChange) {
+        setDown(false);
         choose_state();
     }
     QAbstractButton::changeEvent(event);
 }
 
+void panel_button::keyPressEvent(QKeyEvent* event) {
+    set_worked_by_keys(*this, true);
+    if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) {
+        click();
+    } else {
+        QAbstractButton::keyPressEvent(event);
+    }
+}
+
+void panel_button::mousePressEvent(QMouseEvent* event) {
+    set_worked_by_keys(*this, false);
+    QAbstractButton::mousePressEvent(event);
+}
+
+void panel_button::draw_badge(QPainter& painter, const QRect& box) const {
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(colors::warn);
+    painter.drawRoundedRect(box, box.height() / 2.0, box.height() / 2.0);
+    badge_.draw(painter, box, colors::on_accent, layoutDirection());
+}
+
 void panel_button::paintEvent(QPaintEvent*) {
     QPainter painter(this);
-    if (has_ground_) {
+    const button_boxes places = boxes();
+    if (shows_ground()) {
         ground_.draw_ground(painter, rect());
     }
-    picture_.draw(painter, picture_box());
+    if (is_primary_ && isDown()) {
+        painter.setRenderHint(QPainter::Antialiasing);
+        painter.setPen(Qt::NoPen);
+        painter.setBrush(QColor::fromRgbF(1, 1, 1, SHEEN));
+        painter.drawRoundedRect(rect(), RADIUS, RADIUS);
+    }
+    picture_.draw(painter, places.picture);
     if (form_ != button_form::PICTURE) {
-        text_.draw(painter, text_box(), text_color(), layoutDirection());
+        const QColor color = !isEnabled() ? colors::disabled_text
+                             : is_lit()   ? colors::on_accent
+                                          : colors::text;
+        const bool is_name = form_ == button_form::SETTING && isEnabled() && !is_lit();
+        text_.draw(painter, places.text, is_name ? colors::quiet_text : color, layoutDirection());
+        value_.draw(painter, places.value, color, layoutDirection());
     }
-    if (window()->focusWidget() == this) {
-        painter.setPen(QPen(colors::text, 2));
-        painter.drawRoundedRect(rect().adjusted(2, 2, -3, -3), 6, 6);
+    if (!badge_.text().isEmpty()) {
+        draw_badge(painter, badge_box(places.picture));
     }
+    draw_focus_ring(painter, *this, rect());
 }
 
 } // namespace velarion

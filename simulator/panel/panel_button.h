@@ -1,24 +1,16 @@
 #ifndef PANEL_BUTTON_H
 #define PANEL_BUTTON_H
 
+#include "button_layout.h"
 #include "panel_element.h"
 #include "picture_block.h"
-#include "text_block.h"
 
 #include <QAbstractButton>
 
 namespace velarion {
 
-/** How picture and text of a button stand. */
-enum class button_form {
-    TEXT,   ///< text alone
-    ROW,    ///< picture before the text
-    TILE,   ///< picture above the text
-    PICTURE ///< picture alone
-};
-
 /**
- * A button of the panel: a ground, a picture and a text, each in the state of the button: pressed, chosen,
+ * A button of the panel: a ground, a picture and texts, each in the state of the button: pressed, chosen,
  * disabled or none of these.
  */
 class panel_button : public QAbstractButton, public panel_element {
@@ -30,11 +22,16 @@ public:
     panel_button(const char* name, button_form form, const message_text& text = {}, const char* picture = "");
 
     void set_message(const message_text& text);
+    /** The value that a button of the form SETTING shows below its text. */
+    void set_value(const message_text& value);
     void set_picture(const char* picture);
-    /** @param has_ground  false: the picture and the text stand on the screen's own ground */
+    /** @param has_ground  false: the picture and the text stand on the screen's own ground, until the button
+     * is pressed or chosen */
     void set_ground(bool has_ground);
     /** @param is_primary  the one button of a screen that does its work */
     void set_primary(bool is_primary);
+    /** A number or sign at the picture's corner; empty: none. */
+    void set_badge(const QString& badge);
 
     QSize sizeHint() const override;
 
@@ -44,12 +41,16 @@ public:
 protected:
     void paintEvent(QPaintEvent* event) override;
     void changeEvent(QEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+    void mousePressEvent(QMouseEvent* event) override;
 
 private:
     void choose_state();
-    QRect picture_box() const;
-    QRect text_box() const;
-    QColor text_color() const;
+    bool shows_ground() const;
+    bool is_lit() const;
+    button_boxes boxes() const;
+    QRect badge_box(const QRect& picture) const;
+    void draw_badge(QPainter& painter, const QRect& box) const;
 
     button_form form_;
     bool has_ground_ = true;
@@ -57,6 +58,8 @@ private:
     picture_block ground_;
     picture_block picture_;
     text_block text_;
+    text_block value_;
+    text_block badge_;
 };
 
 } // namespace velarion

@@ -1,14 +1,18 @@
 #include "panel_frame.h"
 
+#include "focus_ring.h"
+#include "hard_key.h"
 #include "machine_state.h"
-#include "message_label.h"
-#include "panel_button.h"
+#include "navigation_bar.h"
+#include "panel_dialog.h"
 #include "panel_element.h"
+#include "sleep_cover.h"
+#include "stop_question.h"
 #include "theme.h"
+#include "title_bar.h"
 #include "units.h"
 
 #include <QEvent>
-#include <QHBoxLayout>
 #include <QPainter>
 #include <QVBoxLayout>
 
@@ -16,71 +20,40 @@ namespace velarion {
 
 namespace {
 
-struct navigation_entry {
-    const char* name;
-    const char* picture; ///< id
+struct screen_key {
+    int key;
     const char* screen;
 };
 
-constexpr navigation_entry NAVIGATION[] = {
-    {"nav_home", "3", "home"},    // ICON_NORMAL_OTHER_GLOBAL_NAVIGATION_HOME
-    {"nav_jobs", "10", "status"}, // ..._JOB_LIST
-    {"nav_trays", "22", "trays"}, // ..._TRAY
-    {"nav_settings", "11", "settings"},
-};
-constexpr char BACK_PICTURE[] = "30"; // ICON_NORMAL_OTHER_GLOBAL_NAVIGATION_BACK
+constexpr screen_key SCREEN_KEYS[] = {{KEY_COPY, "copy"},     {KEY_SCAN, "scan"},
+                                      {KEY_FAX, "fax"},       {KEY_DOCUMENTS, "documents"},
+                                      {KEY_STATUS, "status"}, {KEY_HELP, "help"}};
 
 } // namespace
 
 panel_frame::panel_frame(const panel_services& services, const std::vector<screen_entry>& screens)
     : services_(services)
-    , screens_(screens) {
+    , screens_(screens)
+    , title_(new title_bar(services.machine))
+    , navigation_(new navigation_bar(services.machine))
+    , content_(new QWidget) {
     setFixedSize(PANEL_SIZE);
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->setSpacing(0);
-    layout->addWidget(make_title_bar());
-    content_ = new QWidget;
+    layout->addWidget(title_);
+    layout->addWidget(content_, 1);
+    layout->addWidget(navigation_);
     new QVBoxLayout(content_);
     content_->layout()->setContentsMargins(0, 0, 0, 0);
-    layout->addWidget(content_, 1);
-    layout->addWidget(make_navigation());
+    connect(title_, &title_bar::back_wanted, this, &panel_frame::back);
+    connect(title_, &title_bar::status_wanted, this, [this] { open(QStringLiteral("status")); });
+    connect(navigation_, &navigation_bar::chosen, this, [this](const QString& screen) {
+        go_home();
+        open(screen);
+    });
+    new sleep_cover(services.machine, this);
     go_home();
-}
-
-QWidget* panel_frame::make_title_bar() {
-    auto* bar = new QWidget;
-    bar->setFixedHeight(px(grid::title_bar));
-    auto* layout = new QHBoxLayout(bar);
-    layout->setContentsMargins(px(grid::margin), 0, px(grid::margin), 0);
-    layout->setSpacing(px(grid::space));
-    back_ = new panel_button("back", button_form::PICTURE, {}, BACK_PICTURE);
-    back_->set_ground(false);
-    connect(back_, &QAbstractButton::clicked, this, [this] { back(); });
-    title_ = new message_label(text_role::TITLE);
-    layout->addWidget(back_);
-    layout->addWidget(title_, 1);
-    return bar;
-}
-
-QWidget* panel_frame::make_navigation() {
-    auto* bar = new QWidget;
-    bar->setFixedHeight(px(grid::navigation));
-    auto* layout = new QHBoxLayout(bar);
-    layout->setContentsMargins(px(grid::margin), 0, px(grid::margin), 0);
-    layout->setSpacing(px(grid::space));
-    for (const navigation_entry& entry : NAVIGATION) {
-        auto* button = new panel_button(entry.name, button_form::PICTURE, {}, entry.picture);
-        button->set_ground(false);
-        button->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
-        const QString screen = QLatin1String(entry.screen);
-        connect(button, &QAbstractButton::clicked, this, [this, screen] {
-            go_home();
-            open(screen);
-        });
-        layout->addWidget(button);
-    }
-    return bar;
 }
 
 const screen_entry* panel_frame::find_screen(const QString& name) const {
@@ -123,6 +96,7 @@ void panel_frame::ask_text(const text_request& request) {
 }
 
 void panel_frame::show_screen() {
+    close_dialog();
     if (screen_) {
         content_->layout()->removeWidget(screen_);
         screen_->hide();
@@ -131,14 +105,87 @@ void panel_frame::show_screen() {
     }
     screen_ = find_screen(names_.last())->make({services_, *this});
     content_->layout()->addWidget(screen_);
-    title_->set_message(screen_->title());
-    back_->setVisible(names_.size() > 1);
+    title_->set_title(screen_->title(), names_.size() > 1);
+    navigation_->set_current(names_.value(1, names_.first()));
+    if (!screen_->isAncestorOf(focusWidget())) {
+        focus_within(*screen_, screen_, true);
+    }
     Q_EMIT screen_changed(names_.last());
 }
 
+void panel_frame::show_dialog(panel_dialog* shown) {
+    close_dialog();
+    dialog_ = shown;
+    dialog_->setParent(this);
+    dialog_->setGeometry(rect());
+    dialog_->show();
+    dialog_->raise();
+    connect(dialog_, &panel_dialog::left, this, [this] { close_dialog(); });
+    focus_within(*dialog_, dialog_, true);
+}
+
+void panel_frame::close_dialog() {
+    if (!dialog_) {
+        return;
+    }
+    dialog_->hide();
+    dialog_->deleteLater(); // one of its own buttons may have closed it
+    dialog_->setParent(nullptr);
+    dialog_ = nullptr;
+    focus_within(*screen_, screen_, true);
+}
+
+/** Gives the focus to the next widget behind @p start that takes it and lies within @p area, if there is one.
+ */
+void panel_frame::focus_within(const QWidget& area, QWidget* start, bool is_forward) {
+    QWidget* widget = start;
+    do {
+        widget = is_forward ? widget->nextInFocusChain() : widget->previousInFocusChain();
+        if (area.isAncestorOf(widget) && widget->isEnabled() && widget->isVisibleTo(this) &&
+            (widget->focusPolicy() & Qt::TabFocus) != 0) {
+            widget->setFocus(is_forward ? Qt::TabFocusReason : Qt::BacktabFocusReason);
+            break;
+        }
+    } while (widget != start);
+    update();
+}
+
+bool panel_frame::focusNextPrevChild(bool is_forward) {
+    set_worked_by_keys(*this, true);
+    const QWidget& area = dialog_ ? static_cast<QWidget&>(*dialog_) : *this;
+    QWidget* start = focusWidget() && area.isAncestorOf(focusWidget()) ? focusWidget() : screen_;
+    focus_within(area, start, is_forward);
+    return true;
+}
+
 void panel_frame::take_key(int key) {
-    if (!screen_->take_key(key)) {
-        services_.machine.take_key(key);
+    machine_state& machine = services_.machine;
+    if (machine.condition() == machine_condition::ASLEEP) {
+        machine.set_asleep(false);
+        return;
+    }
+    if (dialog_) {
+        dialog_->take_key(key);
+        return;
+    }
+    if (screen_->take_key(key)) {
+        return;
+    }
+    for (const screen_key& entry : SCREEN_KEYS) {
+        if (entry.key == key) {
+            go_home();
+            open(QLatin1String(entry.screen));
+            return;
+        }
+    }
+    if (key == KEY_HOME) {
+        go_home();
+    } else if (key == KEY_BACK) {
+        back();
+    } else if (key == KEY_STOP) {
+        ask_to_stop(*this, machine);
+    } else {
+        machine.take_key(key);
     }
 }
 
@@ -157,8 +204,6 @@ void panel_frame::paintEvent(QPaintEvent*) {
     QPainter painter(this);
     painter.fillRect(rect(), colors::background);
     painter.fillRect(QRect(0, 0, width(), px(grid::title_bar)), colors::surface);
-    painter.fillRect(QRect(0, height() - px(grid::navigation), width(), px(grid::navigation)),
-                     colors::surface);
 }
 
 } // namespace velarion

@@ -11,8 +11,9 @@
 
 namespace velarion {
 
-class message_label;
-class panel_button;
+class navigation_bar;
+class panel_dialog;
+class title_bar;
 
 /**
  * The display: title bar, the screen that is open, navigation. The top of the panel's widgets; it is sent
@@ -41,6 +42,12 @@ public:
     /** What was asked for last; without a title when nothing was. */
     const text_request& asked_text() const { return asked_text_; }
 
+    /** Shows a dialog over everything, in the place of one that is there. @param shown  becomes the frame's
+     */
+    void show_dialog(panel_dialog* shown);
+    /** @return the dialog that is shown, or null */
+    panel_dialog* dialog() const { return dialog_; }
+
     const QString& screen_name() const { return names_.last(); }
     panel_screen* screen() const { return screen_; }
 
@@ -56,21 +63,23 @@ Q_SIGNALS:
 protected:
     void changeEvent(QEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
+    bool focusNextPrevChild(bool is_forward) override;
 
 private:
-    QWidget* make_title_bar();
-    QWidget* make_navigation();
     const screen_entry* find_screen(const QString& name) const;
     void show_screen();
+    void close_dialog();
+    void focus_within(const QWidget& area, QWidget* start, bool is_forward);
 
     panel_services services_;
     const std::vector<screen_entry>& screens_;
     QStringList names_; ///< of the open screens, the one that is seen last
     panel_screen* screen_ = nullptr;
     text_request asked_text_;
-    message_label* title_ = nullptr;
-    panel_button* back_ = nullptr;
-    QWidget* content_ = nullptr;
+    title_bar* title_;
+    navigation_bar* navigation_;
+    QWidget* content_;
+    panel_dialog* dialog_ = nullptr;
 };
 
 } // namespace velarion
