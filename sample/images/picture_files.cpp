@@ -30,9 +30,10 @@ bool is_navigation_icon(const std::string& file) {
 }
 
 bool has_states(const std::string& file) {
-    const bool is_key = begins_with(file, "ico_softkey_") && file.find("_disable") == std::string::npos;
+    const bool is_button = (begins_with(file, "ico_softkey_") || begins_with(file, "ico_common_")) &&
+                           file.find("_disable") == std::string::npos;
     const std::size_t dot = file.rfind('.');
-    return (is_navigation_icon(file) || is_key) && dot != std::string::npos && file.substr(dot) == ".svg";
+    return (is_navigation_icon(file) || is_button) && dot != std::string::npos && file.substr(dot) == ".svg";
 }
 
 std::string state_of(const std::string& file, const char* suffix) {
