@@ -40,8 +40,8 @@ struct fax_settings {
 
 struct sound_settings {
     bool keys = true;   ///< a sound for each key
-    int key_volume = 2; ///< 0 to MOST_VOLUME
-    int done_volume = 3;
+    int key_volume = 3; ///< 0 to MOST_VOLUME
+    int done_volume = 4;
     int error_volume = 4;
 };
 constexpr int MOST_VOLUME = 5;

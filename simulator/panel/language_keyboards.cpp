@@ -1,6 +1,7 @@
 #include "language_keyboards.h"
 
 #include "dvc_pnl_rmg_language_resource.h"
+#include "dvc_pnl_rmg_property.h"
 
 #include <QFileInfo>
 
@@ -86,8 +87,11 @@ QString prohibited_characters(int language_id, const QString& rule) {
     return found != rules.end() ? found->second : QString();
 }
 
-QString own_language_name(int language_id) {
-    return information_of(language_id).name;
+message_text language_name(const language_choice& choice) {
+    const bool is_option = choice.language_id == DVC_PNL_RMG_PROPERTY::LANGUAGE_ID_OPTION;
+    const int id = is_option ? choice.option_language_id : choice.language_id;
+    const QString name = information_of(id).name;
+    return message_text::literal(name.isEmpty() ? QString::number(id) : name);
 }
 
 } // namespace velarion

@@ -2,6 +2,8 @@
 #define LANGUAGE_KEYBOARDS_H
 
 #include "keyboard_file.h"
+#include "message_text.h"
+#include "panel_languages.h"
 
 #include <QString>
 
@@ -26,8 +28,8 @@ std::vector<keyboard> keyboards_of(int language_id, bool has_figures = false);
 /** @return the characters that a field does not take in a language; none for a rule that is not there */
 QString prohibited_characters(int language_id, const QString& rule);
 
-/** @return the language's name in itself; empty when no file tells it */
-QString own_language_name(int language_id);
+/** A language's name in itself; its number where no file tells it. */
+message_text language_name(const language_choice& choice);
 
 } // namespace velarion
 

@@ -35,6 +35,7 @@ public:
     /** Shows these rows, as far scrolled as before where that is possible. */
     void set_rows(const std::vector<list_row>& rows);
     std::size_t row_count() const { return rows_.size(); }
+    QString row_name(int row) const { return rows_[static_cast<std::size_t>(row)].name; }
     /** @return the place of a row's name, or -1 */
     int find_row(const QString& name) const;
     QStringList row_names() const;

@@ -114,6 +114,12 @@ void keyboard_screen::accept() {
     if (!ok_->isEnabled()) {
         return;
     }
+    if (request_.accepts && !request_.accepts(input_.text())) {
+        field_->set_refused(true);
+        note_->set_message(request_.fault);
+        note_->set_color(colors::error);
+        return;
+    }
     if (request_.done) {
         request_.done(input_.text());
     }

@@ -1,0 +1,127 @@
+#include "network_screen.h"
+
+#include "language_keyboards.h"
+#include "machine_state.h"
+#include "panel_frame.h"
+#include "panel_list.h"
+#include "screen_layout.h"
+
+namespace velarion {
+
+namespace {
+
+constexpr char ON[] = "46";         // MSG_CMN_ON_TEXT
+constexpr char OFF[] = "47";        // MSG_CMN_OFF_TEXT
+constexpr int LONGEST_ADDRESS = 15; // characters
+constexpr int LONGEST_NAME = 63;
+
+/** A setting that is on or off. */
+struct switched_value {
+    const char* name;
+    const char* text_on;
+    const char* text_off;
+    bool has_value; ///< "On" or "Off" stands at the far end: the text does not tell it
+    bool network_settings::*value;
+};
+
+constexpr switched_value SWITCHES[] = {
+    {"dhcp", "10423", "10423", true, &network_settings::has_dhcp},          // MSG_NORMAL_NET_AUTO_DHCP
+    {"ipv6", "10579", "10580", false, &network_settings::has_ipv6},         // MSG_NORMAL_NET_SERVICE_IPv6_...
+    {"wireless", "10589", "10590", false, &network_settings::has_wireless}, // ..._WIFI_...
+};
+
+/** A setting that is entered. */
+struct entered_value {
+    const char* name;
+    const char* text;
+    QString network_settings::*value;
+    bool is_address;
+};
+
+const entered_value ENTRIES[] = {
+    {"address", "10858", &network_settings::address, true},      // MSG_NORMAL_NET_IF_ETHERNET_IPv4
+    {"gateway", "10859", &network_settings::gateway, true},      // ..._GATEWAY
+    {"host_name", "10866", &network_settings::host_name, false}, // ..._HOST
+};
+
+bool is_address(const QString& text) {
+    const QStringList parts = text.split(QLatin1Char('.'));
+    bool is_good = parts.size() == 4;
+    for (const QString& part : parts) {
+        bool is_number = false;
+        is_good = is_good && part.toUInt(&is_number) <= 255 && is_number && part.size() <= 3;
+    }
+    return is_good;
+}
+
+} // namespace
+
+network_screen::network_screen(const panel_context& context)
+    : panel_screen(context)
+    , list_(new panel_list) {
+    lay_out_column(*this, {list_});
+    connect(list_, &panel_list::chosen, this, [this](int row) { choose(list_->row_name(row)); });
+    connect(&machine(), &machine_state::changed, this, [this] { refresh(); });
+    refresh();
+}
+
+message_text network_screen::title() const {
+    return "10422"; // MSG_NORMAL_NET_TITLE
+}
+
+void network_screen::refresh() {
+    const network_settings& network = machine().network();
+    std::vector<list_row> rows;
+    for (const switched_value& entry : SWITCHES) {
+        const bool is_on = network.*entry.value;
+        rows.push_back({QLatin1String(entry.name),
+                        {},
+                        is_on ? entry.text_on : entry.text_off,
+                        entry.has_value ? message_text(is_on ? ON : OFF) : message_text()});
+    }
+    for (const entered_value& entry : ENTRIES) {
+        rows.push_back(
+            {QLatin1String(entry.name), {}, entry.text, message_text::literal(network.*entry.value)});
+    }
+    // MSG_NORMAL_NET_IF_ETHERNET_MAC
+    rows.push_back({QStringLiteral("mac"), {}, "10867", message_text::literal(network.hardware_address)});
+    list_->set_rows(rows);
+}
+
+void network_screen::choose(const QString& name) {
+    for (const switched_value& entry : SWITCHES) {
+        if (name == QLatin1String(entry.name)) {
+            network_settings network = machine().network();
+            network.*entry.value = !(network.*entry.value);
+            machine().set_network(network);
+        }
+    }
+    for (const entered_value& entry : ENTRIES) {
+        if (name == QLatin1String(entry.name)) {
+            ask_value(entry.text, entry.value, entry.is_address);
+        }
+    }
+}
+
+/** An address that is entered ends the automatic one. */
+void network_screen::ask_value(const char* title, QString network_settings::*value, bool wants_address) {
+    text_request request;
+    request.title = title;
+    request.text = machine().network().*value;
+    request.has_figures = wants_address;
+    request.limit = wants_address ? LONGEST_ADDRESS : LONGEST_NAME;
+    request.rule = QLatin1String(FIELD_USER_NAME);
+    if (wants_address) {
+        request.accepts = is_address;
+        request.fault = "10426"; // MSG_NORMAL_NET_INVALID_IP
+    }
+    request.done = [&machine = machine(), value, wants_address](const QString& text) {
+        network_settings network = machine.network();
+        network.*value = text;
+        network.has_dhcp = network.has_dhcp && !wants_address;
+        machine.set_network(network);
+    };
+    frame().ask_text(request);
+}
+
+} // namespace velarion
