@@ -19,6 +19,11 @@ dvc_pnl_rmg_language_resource& language() {
 
 simulation::simulation(panel_hardware* hardware)
     : hardware_(hardware ? *hardware : absent_hardware_) {
+    connect(&hardware_, &panel_hardware::key_changed, this, [this](int key, bool is_pressed) {
+        if (is_pressed) {
+            panel_->take_key(key);
+        }
+    });
     start_anew();
 }
 
@@ -26,6 +31,20 @@ void simulation::start_anew() {
     panel_.reset();
     machine_ = std::make_unique<machine_state>();
     panel_ = std::make_unique<panel_frame>(panel_services{*machine_, hardware_, *this}, all_screens());
+    connect(machine_.get(), &machine_state::changed, this, &simulation::light_leds);
+    lit_.fill(static_cast<DVC_PNL_DEC_LED_STATUS_ID>(led_state::UNKNOWN));
+    light_leds();
+}
+
+/** Only what the machine wants otherwise than before: a screen may set LEDs too. */
+void simulation::light_leds() {
+    const auto leds = machine_->leds();
+    for (std::size_t led = 0; led < leds.size(); ++led) {
+        if (leds[led] != lit_[led]) {
+            hardware_.set_led(static_cast<int>(led), leds[led]);
+        }
+    }
+    lit_ = leds;
 }
 
 language_choice simulation::choice_of(int language_id) {

@@ -9,6 +9,7 @@
 
 #include <QObject>
 
+#include <array>
 #include <memory>
 #include <vector>
 
@@ -45,11 +46,13 @@ Q_SIGNALS:
 
 private:
     void show_language();
+    void light_leds();
 
     panel_host host_;
     absent_hardware absent_hardware_;
     panel_hardware& hardware_;
     mutable language_choice standard_{}; ///< the library tells only the selection that is active
+    std::array<DVC_PNL_DEC_LED_STATUS_ID, LED_COUNT> lit_{}; ///< as the machine wanted them last
     std::unique_ptr<machine_state> machine_;
     std::unique_ptr<panel_frame> panel_;
 };

@@ -1,6 +1,7 @@
 #ifndef MACHINE_STATE_H
 #define MACHINE_STATE_H
 
+#include "device_protocol.h"
 #include "dvc_pnl_dec_types.h"
 #include "machine_job.h"
 #include "machine_settings.h"
@@ -17,8 +18,6 @@ namespace velarion {
 
 /** What the machine does at the moment; the first that is true, from the end. */
 enum class machine_condition { READY, READING, PRINTING, SENDING, PAUSED, NO_PAPER, JAMMED, ASLEEP };
-
-constexpr int LED_COUNT = 8;
 
 /**
  * The machine that the panel belongs to, as far as its screens show it: jobs, paper, toner, faults, settings.
