@@ -1,13 +1,19 @@
 #include "osw.h"
 
+#include "file_descriptor.h"
 #include "platform_codes.h"
 
 #include <atomic>
 #include <cerrno>
 #include <ctime>
 #include <dlfcn.h>
+#include <fcntl.h>
+#include <map>
 #include <mutex>
 #include <semaphore.h>
+#include <string>
+#include <sys/stat.h>
+#include <utility>
 
 using namespace velarion;
 
@@ -38,6 +44,34 @@ timespec time_after(unsigned long units) {
         ++time.tv_sec;
     }
     return time;
+}
+
+/** Tells whether a library's file is another one than when it was first loaded from the same path. */
+class loaded_libraries {
+public:
+    bool is_replaced(const char* path, const struct stat& now) {
+        const std::lock_guard<std::mutex> lock(mutex_);
+        return identities_.insert({path, identity(now)}).first->second != identity(now);
+    }
+
+private:
+    using file_identity = std::pair<dev_t, ino_t>;
+    static file_identity identity(const struct stat& file) { return {file.st_dev, file.st_ino}; }
+
+    std::mutex mutex_;
+    std::map<std::string, file_identity> identities_;
+};
+
+/** The loader takes a path that it knows for the library that it has; a rebuilt one is loaded by its
+ * descriptor. */
+void* load_library(const char* path) {
+    static loaded_libraries* const loaded = new loaded_libraries;
+    const file_descriptor file(::open(path, O_RDONLY | O_CLOEXEC | O_NONBLOCK));
+    struct stat status = {};
+    if (file.get() < 0 || ::fstat(file.get(), &status) != 0 || !loaded->is_replaced(path, status)) {
+        return dlopen(path, RTLD_NOW | RTLD_LOCAL);
+    }
+    return dlopen(("/proc/self/fd/" + std::to_string(file.get())).c_str(), RTLD_NOW | RTLD_LOCAL);
 }
 
 } // namespace
@@ -97,7 +131,7 @@ int emwOSWLoadLibrary(void** handle, const char* path) {
     if (!path || !*path) {
         return PLATFORM_INVALID_ARGUMENT;
     }
-    *handle = dlopen(path, RTLD_NOW | RTLD_LOCAL);
+    *handle = load_library(path);
     return *handle ? PLATFORM_OK : PLATFORM_LIBRARY_NOT_LOADED;
 }
 

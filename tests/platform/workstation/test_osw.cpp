@@ -1,8 +1,11 @@
 #include "osw.h"
 
+#include "scratch_folder.h"
 #include "scratch_platform.h"
 
 #include <cstring>
+#include <dlfcn.h>
+#include <filesystem>
 #include <set>
 #include <thread>
 
@@ -54,6 +57,29 @@ TEST(test_osw, libraries_are_loaded_and_slots_kept_when_a_symbol_is_missing) {
     EXPECT_NE(emwOSWGetProcAddress(handle, "no_such_symbol", &address), 0);
     EXPECT_NE(emwOSWGetProcAddress(nullptr, "cbrt", &address), 0);
     EXPECT_NE(address, nullptr);
+}
+
+TEST(test_osw, a_library_that_was_replaced_is_loaded_anew) {
+    const scratch_folder folder;
+    const std::string path = folder.path("library.so");
+    const std::string rebuilt = folder.path("rebuilt.so");
+    const std::pair<const char*, const char*> libraries[] = {{"libm.so.6", "cbrt"},
+                                                             {"libz.so.1", "zlibVersion"}};
+    for (const auto& [name, symbol] : libraries) {
+        void* handle = nullptr;
+        void* address = nullptr;
+        Dl_info place = {};
+        ASSERT_EQ(emwOSWLoadLibrary(&handle, name), 0);
+        ASSERT_EQ(emwOSWGetProcAddress(handle, symbol, &address), 0);
+        ASSERT_NE(dladdr(address, &place), 0);
+        std::filesystem::copy_file(place.dli_fname, rebuilt);
+        std::filesystem::rename(rebuilt, path);
+        void* again = nullptr;
+        ASSERT_EQ(emwOSWLoadLibrary(&handle, path.c_str()), 0);
+        ASSERT_EQ(emwOSWLoadLibrary(&again, path.c_str()), 0);
+        EXPECT_EQ(again, handle);
+        EXPECT_EQ(emwOSWGetProcAddress(handle, symbol, &address), 0) << symbol;
+    }
 }
 
 } // namespace
