@@ -1,5 +1,6 @@
 #include "headless_run.h"
 #include "panel_view.h"
+#include "panel_watch.h"
 #include "simulation.h"
 #include "simulator_options.h"
 
@@ -7,6 +8,7 @@
 
 #include <algorithm>
 #include <cstring>
+#include <memory>
 
 namespace velarion {
 
@@ -33,8 +35,12 @@ bool choose_platform(int argc, char** argv) {
     return has_display;
 }
 
-int run_window() {
+int run_window(const simulator_options& options) {
     simulation panel;
+    std::unique_ptr<panel_watch> watch;
+    if (options.watches) {
+        watch = std::make_unique<panel_watch>(panel);
+    }
     panel_view view(panel.panel());
     view.show();
     return QApplication::exec();
@@ -62,5 +68,5 @@ int main(int argc, char** argv) {
                            "one, or add -platform vnc and look at it with a VNC viewer"));
         return SIMULATOR_FAILED;
     }
-    return options.is_headless() ? run_headless(options) : run_window();
+    return options.is_headless() ? run_headless(options) : run_window(options);
 }

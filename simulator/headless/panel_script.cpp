@@ -1,7 +1,9 @@
 #include "hard_key.h"
+#include "language_names.h"
 #include "panel_touch.h"
 #include "screen_pictures.h"
 #include "script_runner.h"
+#include "settings_database.h"
 
 #include "dvc_pnl_rmg_language_resource.h"
 
@@ -15,15 +17,16 @@ namespace {
 using words = QStringList;
 
 /** @return the fault, or an empty text */
-QString read_language(const simulation& panel, const QString& word, language_choice& choice) {
+QString read_choice(const simulation& panel, const QString& word, language_choice& choice) {
+    choice = {};
+    int id = 0;
     if (word == QLatin1String("none")) {
-        choice = {};
         return {};
     }
-    bool is_number = false;
-    choice = simulation::choice_of(word.toInt(&is_number));
+    const bool is_language = read_language(word.toStdString(), id);
+    choice = simulation::choice_of(id);
     const std::vector<language_choice> known = panel.languages();
-    return is_number && std::find(known.begin(), known.end(), choice) != known.end()
+    return is_language && std::find(known.begin(), known.end(), choice) != known.end()
                ? QString()
                : QStringLiteral("the panel has no language \"%1\"").arg(word);
 }
@@ -39,6 +42,22 @@ script_outcome type_text(panel_frame& panel, const QString& text) {
             QCoreApplication::sendEvent(target, &event);
         }
     }
+    return {};
+}
+
+/** Changes a device setting, and tells the library as a host does. @return the fault, or an empty text */
+QString change_setting(simulation& panel, const words& word) {
+    bool is_number = false;
+    const qint64 value = word[1].toLongLong(&is_number, 0);
+    if (!is_number) {
+        return QStringLiteral("\"%1\" is no number").arg(word[1]);
+    }
+    std::string fault;
+    const platform_code code = settings_database().write(word[0].toUtf8().constData(), value, fault);
+    if (code != PLATFORM_OK && code != PLATFORM_NOT_DURABLE) {
+        return QString::fromUtf8(fault.c_str());
+    }
+    panel.reload_languages();
     return {};
 }
 
@@ -77,7 +96,7 @@ int language_in_force() {
 void add_panel_commands(script_runner& runner, simulation& panel, panel_stage& stage) {
     runner.add_command(QStringLiteral("language"), QStringLiteral("ID | none"), 1, 1, [&](const words& word) {
         language_choice choice{};
-        const QString fault = read_language(panel, word[0], choice);
+        const QString fault = read_choice(panel, word[0], choice);
         if (fault.isEmpty()) {
             stage.show_language(choice);
         }
@@ -85,7 +104,7 @@ void add_panel_commands(script_runner& runner, simulation& panel, panel_stage& s
     });
     runner.add_command(QStringLiteral("standard"), QStringLiteral("ID"), 1, 1, [&](const words& word) {
         language_choice choice{};
-        const QString fault = read_language(panel, word[0], choice);
+        const QString fault = read_choice(panel, word[0], choice);
         if (fault.isEmpty()) {
             panel.choose_standard_language(choice);
         }
@@ -128,6 +147,9 @@ void add_panel_commands(script_runner& runner, simulation& panel, panel_stage& s
             return script_outcome::wrong(QStringLiteral("paper does not jam in \"%1\"").arg(word[0]));
         }
         return script_outcome{};
+    });
+    runner.add_command(QStringLiteral("setting"), QStringLiteral("NAME VALUE"), 2, 2, [&](const words& word) {
+        return script_outcome::of_fault(change_setting(panel, word));
     });
     runner.add_command(QStringLiteral("screenshot"), QStringLiteral("FILE"), 1, 1, [&](const words& word) {
         return script_outcome::of_fault(

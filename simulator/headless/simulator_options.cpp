@@ -1,5 +1,7 @@
 #include "simulator_options.h"
 
+#include "language_names.h"
+
 #include <QCommandLineParser>
 
 #include <algorithm>
@@ -77,10 +79,11 @@ bool read_fail_on(const QString& list, unsigned int& faults, int& exit_code) {
 
 bool read_languages(const QString& list, std::vector<int>& languages, int& exit_code) {
     for (const QString& word : list.split(QLatin1Char(','))) {
-        bool is_number = false;
-        const int id = word.toInt(&is_number);
-        if (!is_number) {
-            return fail(QStringLiteral("--language: \"%1\" is no language id").arg(word), exit_code);
+        int id = 0;
+        if (!read_language(word.toStdString(), id)) {
+            return fail(QStringLiteral("--language: unknown language \"%1\"; a language is %2")
+                            .arg(word, QString::fromStdString(known_languages())),
+                        exit_code);
         }
         languages.push_back(id);
     }

@@ -22,10 +22,14 @@ struct stand_in_font {
 constexpr stand_in_font STAND_INS[] = {{"Univers OTS", "Liberation Sans"},
                                        {"HeiseiKakuGothW5_JIS0213C", "VL Gothic"}};
 
+/** What was loaded stays: a font that is in use may not go. */
 void make_fonts_known() {
+    static QStringList known;
     const QDir folder(QString::fromLatin1(FONT_FOLDER));
     for (const QString& name : folder.entryList({QStringLiteral("*.ttf")}, QDir::Files)) {
-        QFontDatabase::addApplicationFont(folder.filePath(name));
+        if (!known.contains(name) && QFontDatabase::addApplicationFont(folder.filePath(name)) >= 0) {
+            known.append(name);
+        }
     }
     for (const stand_in_font& font : STAND_INS) {
         QFont::insertSubstitution(QLatin1String(font.family), QLatin1String(font.stand_in));
@@ -35,14 +39,24 @@ void make_fonts_known() {
 } // namespace
 
 panel_host::panel_host() {
-    dvc_pnl_rmg_language_resource::dvc_pnl_rmg_create_instance();
-    make_fonts_known();
-    dvc_pnl_rmg_image_resource_manager::dvc_pnl_rmg_create_instance()->dvc_pnl_rmg_initialize();
+    start_languages_anew();
+    start_images_anew();
 }
 
 panel_host::~panel_host() {
     dvc_pnl_rmg_image_resource_manager::dvc_pnl_rmg_delete_instance();
     dvc_pnl_rmg_language_resource::dvc_pnl_rmg_delete_instance();
+}
+
+void panel_host::start_images_anew() {
+    dvc_pnl_rmg_image_resource_manager::dvc_pnl_rmg_delete_instance();
+    dvc_pnl_rmg_image_resource_manager::dvc_pnl_rmg_create_instance()->dvc_pnl_rmg_initialize();
+}
+
+void panel_host::start_languages_anew() {
+    dvc_pnl_rmg_language_resource::dvc_pnl_rmg_delete_instance();
+    dvc_pnl_rmg_language_resource::dvc_pnl_rmg_create_instance();
+    make_fonts_known();
 }
 
 } // namespace velarion

@@ -14,6 +14,13 @@ public:
     panel_host();
     /** Deletes both instances. */
     ~panel_host();
+
+    /** Deletes the image manager and creates it anew: it knows no picture from before. */
+    void start_images_anew();
+    /** The same for the language resource, which reads slots and packs; its selections are those of the
+     * settings. */
+    void start_languages_anew();
+
     panel_host(const panel_host&) = delete;
     panel_host& operator=(const panel_host&) = delete;
 };

@@ -47,6 +47,20 @@ void simulation::light_leds() {
     lit_ = leds;
 }
 
+void simulation::reload_pictures() {
+    host_.start_images_anew();
+    panel_->reload();
+}
+
+void simulation::reload_languages() {
+    const language_choice standard = standard_language();
+    const language_choice preferred = preferred_language();
+    host_.start_languages_anew();
+    language().dvc_pnl_rmg_set_standard_language(standard.language_id, standard.option_language_id);
+    language().dvc_pnl_rmg_set_preferred_language(preferred.language_id, preferred.option_language_id);
+    show_language();
+}
+
 language_choice simulation::choice_of(int language_id) {
     const int index = language().dvc_pnl_rmg_get_standard_language_index(language_id);
     if (index >= 0 || language_id == DVC_PNL_RMG_PROPERTY::LANGUAGE_ID_UNSET) {

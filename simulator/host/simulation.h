@@ -31,6 +31,11 @@ public:
      */
     void start_anew();
 
+    /** Pictures may have changed: the image manager is created anew, and what is shown is read again. */
+    void reload_pictures();
+    /** Packs or slots may have changed: the language resource is created anew, with the same selections. */
+    void reload_languages();
+
     /** The selection that shows a language: standard ids by themselves, every other one as an option
      * language. */
     static language_choice choice_of(int language_id);
