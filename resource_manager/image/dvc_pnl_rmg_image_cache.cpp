@@ -66,4 +66,16 @@ int dvc_pnl_rmg_image_cache::dvc_pnl_rmg_get_cache_limit() {
     return cache_.maxCost() / BYTES_PER_KILOBYTE;
 }
 
+bool dvc_pnl_rmg_image_cache::contains(const QString& key) const {
+    return cache_.contains(key);
+}
+
+QStringList dvc_pnl_rmg_image_cache::keys() const {
+    return QStringList(cache_.keys());
+}
+
+int dvc_pnl_rmg_image_cache::bytes() const {
+    return cache_.totalCost();
+}
+
 } // namespace velarion

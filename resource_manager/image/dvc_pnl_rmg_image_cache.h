@@ -6,6 +6,7 @@
 
 #include <QCache>
 #include <QString>
+#include <QStringList>
 
 class QPixmap;
 
@@ -53,6 +54,13 @@ public:
     void dvc_pnl_rmg_set_cache_limit(int kilobytes);
     /** @return the limit in units of 1024 bytes, truncated toward zero */
     int dvc_pnl_rmg_get_cache_limit();
+
+    /** @return whether there is a picture under the key; unlike a lookup, it moves nothing */
+    bool contains(const QString& key) const;
+    /** @return every key, in no particular order; moves nothing */
+    QStringList keys() const;
+    /** @return what the cached pictures cost together, in bytes */
+    int bytes() const;
 
 private:
     int cache_enable_;

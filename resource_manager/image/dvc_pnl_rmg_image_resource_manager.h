@@ -139,6 +139,8 @@ public:
     void dvc_pnl_rmg_set_cache_limit(int kilobytes);
     /** @return the limit of the cache in units of 1024 bytes */
     int dvc_pnl_rmg_get_cache_limit();
+    /** @return the cache, to look at what it holds; the manager's own, gone with the instance */
+    const dvc_pnl_rmg_image_cache& cache() const { return *image_cache_; }
 
     /**
      * Draws an SVG document, stretched to the whole pixmap; what it leaves unpainted is transparent.

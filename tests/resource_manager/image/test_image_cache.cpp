@@ -52,8 +52,12 @@ TEST_F(image_cache, evicts_the_least_recently_used_and_no_more_than_needed) {
         EXPECT_TRUE(insert(key, 3));
     }
     EXPECT_NE(find("a"), nullptr);
-    EXPECT_TRUE(insert("d", 4)); // exactly fits once b is gone
+    EXPECT_TRUE(cache_->contains(name("b"))); // looking in saves nothing
+    EXPECT_TRUE(insert("d", 4));              // exactly fits once b is gone
     EXPECT_EQ(living(), "acd");
+    EXPECT_FALSE(cache_->contains(name("b")));
+    EXPECT_EQ(cache_->keys().size(), 3);
+    EXPECT_EQ(cache_->bytes(), 10 * 1024);
     cache_->dvc_pnl_rmg_set_cache_limit(4);
     EXPECT_EQ(living(), "d");
     cache_.reset();
