@@ -26,6 +26,7 @@ constexpr char FONT[] = "font";
 
 // In the folder that a pack is written to.
 const std::string ATTRIBUTES = "tree/panel/attr/opt_attribute.txt";
+const std::string FILLED_ROWS = "tree/panel/attr/filled_rows.txt";
 const std::string FONTS = "tree/panel/optfonts/";
 const std::string KEYMAP = "tree/panel/keymap/";
 
@@ -233,7 +234,7 @@ bool write_library_source(const option_pack& pack, const std::string& folder, st
 }
 
 std::set<std::string> files_of_tree(const option_pack& pack) {
-    std::set<std::string> files = {ATTRIBUTES};
+    std::set<std::string> files = {ATTRIBUTES, FILLED_ROWS};
     for (const std::string& font : pack.font_files) {
         files.insert(FONTS + fs::path(font).filename().string());
     }
@@ -254,8 +255,17 @@ bool copy_file(const fs::path& from, const output_folder& output, const std::str
     return output.write(name, contents, fault);
 }
 
+std::string lines_of(const std::set<std::int32_t>& rows) {
+    std::string lines;
+    for (const std::int32_t row : rows) {
+        lines += std::to_string(row) + '\n';
+    }
+    return lines;
+}
+
 bool write_tree(const option_pack& pack, const output_folder& output, std::string& fault) {
-    if (!output.write(ATTRIBUTES, pack.is_right_to_left ? "il_ae=0\n" : "il_ae=1\n", fault)) {
+    if (!output.write(ATTRIBUTES, pack.is_right_to_left ? "il_ae=0\n" : "il_ae=1\n", fault) ||
+        !output.write(FILLED_ROWS, lines_of(pack.filled_rows), fault)) {
         return false;
     }
     for (const std::string& font : pack.font_files) {
@@ -291,18 +301,22 @@ option_pack read_option_pack(const std::string& folder, const message_catalogue&
 }
 
 std::size_t fill_option_pack(const message_catalogue& catalogue, option_pack& pack) {
-    const std::size_t own = pack.texts.size();
-    pack.texts.emplace(EMPTY_ROW, "");
+    const auto fill = [&pack](std::int32_t row, const std::string& text) {
+        if (pack.texts.emplace(row, text).second) {
+            pack.filled_rows.insert(row);
+        }
+    };
+    fill(EMPTY_ROW, "");
     for (const catalogue_message& message : catalogue.messages) {
-        pack.texts.emplace(message.row, catalogue.rows[static_cast<std::size_t>(message.row)].texts[ENGLISH]);
+        fill(message.row, catalogue.rows[static_cast<std::size_t>(message.row)].texts[ENGLISH]);
     }
     for (std::int32_t row = EMPTY_ROW; row < NULL_ROW; ++row) {
         const std::string& english = catalogue.rows[static_cast<std::size_t>(row)].texts[ENGLISH];
         if (!english.empty()) {
-            pack.texts.emplace(row, english);
+            fill(row, english);
         }
     }
-    return pack.texts.size() - own;
+    return pack.filled_rows.size();
 }
 
 bool write_option_pack(const option_pack& pack, const std::string& folder, std::string& fault) {

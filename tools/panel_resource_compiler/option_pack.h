@@ -17,6 +17,7 @@ struct option_pack {
     bool is_right_to_left = false;
     std::vector<std::string> font_files;       ///< absolute paths
     std::map<std::int32_t, std::string> texts; ///< by row; rows without an entry have no text
+    std::set<std::int32_t> filled_rows;        ///< whose texts fill_option_pack() gave
     std::string keymap_folder;
     std::set<std::string> keymap_files; ///< named from keymap_folder
 };
@@ -43,8 +44,9 @@ std::size_t fill_option_pack(const message_catalogue& catalogue, option_pack& pa
 
 /**
  * Writes the source of the pack's library, option_pack.cpp, and the pack's other files below
- * tree/panel/, as they are to lie in the pack's directory on the device; fonts become links. What an earlier
- * call wrote below tree/panel/ and this one does not is removed.
+ * tree/panel/, as they are to lie in the pack's directory on the device; fonts become links. One of them,
+ * attr/filled_rows.txt, lists the filled rows, one a line, for who looks for what is not translated. What an
+ * earlier call wrote below tree/panel/ and this one does not is removed.
  *
  * @param fault  receives the reason when it fails
  */

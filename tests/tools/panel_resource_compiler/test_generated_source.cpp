@@ -90,7 +90,10 @@ TEST(generated_source, a_pack_answers_for_its_own_language_and_rows) {
     const std::string folder = catalogue.path("packs/86/");
     EXPECT_EQ(catalogue.run("pack", {"--pack", folder, "--no-fill"}).output, own + "none filled\n");
     EXPECT_EQ(catalogue.folder().read("out/option_pack.cpp").find("English"), std::string::npos);
+    const std::string filled_rows = "out/tree/panel/attr/filled_rows.txt";
+    EXPECT_EQ(catalogue.folder().read(filled_rows), "");
     ASSERT_EQ(catalogue.run("pack", {"--pack", folder}).output, own + "3 filled with English ones\n");
+    EXPECT_EQ(catalogue.folder().read(filled_rows), "1\n900\n950\n");
     void* library = load_compiled(catalogue, {"option_pack.cpp"});
     const auto is_valid = symbol<int (*)(int)>(library, "isValidOptionLanguage");
     const auto message = symbol<const char* (*)(long, int)>(library, "optionMessage");
