@@ -22,6 +22,7 @@ struct shown_text {
     QSize needed; ///< that it takes there, px
     bool wraps = false;
     int lines = 1;
+    Qt::Alignment alignment;
     QFont font;
     bool overflows() const { return needed.width() > box.width() || needed.height() > box.height(); }
 };
@@ -30,10 +31,11 @@ struct shown_text {
 struct shown_picture {
     QString id;
     QString suffix;
-    QString found_name; ///< empty when there is no picture
-    QRect box;          ///< as of shown_text
-    QSize natural_size; ///< px; empty when it is not known
-    int result = 0;     ///< of the request, DVC_PNL_RMG_IMAGE_OK when delivered
+    QString found_name;   ///< empty when there is no picture
+    QRect box;            ///< as of shown_text
+    QSize requested_size; ///< px; empty: the picture's own
+    QSize natural_size;   ///< px; empty when it is not known
+    int result = 0;       ///< of the request, DVC_PNL_RMG_IMAGE_OK when delivered
     bool was_cached = false;
 };
 

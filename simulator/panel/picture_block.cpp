@@ -1,6 +1,7 @@
 #include "picture_block.h"
 
 #include "dvc_pnl_rmg_image_resource_manager.h"
+#include "picture_requests.h"
 
 #include <QPainter>
 #include <qdrawutil.h>
@@ -28,15 +29,15 @@ void picture_block::load(const QSize& size) const {
     is_loaded_ = true;
     size_ = size;
     pixmap_ = QPixmap();
-    std::string found;
-    auto* images = dvc_pnl_rmg_image_resource_manager::dvc_pnl_rmg_get_instance();
-    int result = images->dvc_pnl_rmg_get_image(id_, &pixmap_, suffix_, found, size.width(), size.height());
+    int result =
+        picture_requests::get_image(id_, suffix_, size, pixmap_, shown_.found_name, shown_.was_cached);
     if (result != DVC_PNL_RMG_IMAGE_OK && !suffix_.isEmpty()) {
-        result = images->dvc_pnl_rmg_get_image(id_, &pixmap_, QString(), found, size.width(), size.height());
+        result =
+            picture_requests::get_image(id_, QString(), size, pixmap_, shown_.found_name, shown_.was_cached);
     }
     shown_.id = id_;
     shown_.suffix = suffix_;
-    shown_.found_name = QString::fromUtf8(found.c_str());
+    shown_.requested_size = size;
     shown_.result = result;
 }
 

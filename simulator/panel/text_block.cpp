@@ -77,6 +77,7 @@ void text_block::describe(const QRect& box, panel_contents& contents) const {
     shown.font = font_for(box);
     shown.needed = bounds(shown.font, box).size();
     shown.wraps = wraps_;
+    shown.alignment = alignment_;
     const QFontMetrics metrics(shown.font);
     shown.lines = 1 + qMax(0, shown.needed.height() - metrics.height() + metrics.lineSpacing() / 2) /
                           metrics.lineSpacing();

@@ -1,0 +1,14 @@
+#ifndef GLYPH_CHECK_H
+#define GLYPH_CHECK_H
+
+#include <QFont>
+#include <QString>
+
+namespace velarion {
+
+/** The characters of a text, each once, that neither the font nor its stand-ins can show. */
+QString missing_glyphs(const QString& text, const QFont& font);
+
+} // namespace velarion
+
+#endif
