@@ -1,9 +1,17 @@
 #include "authoring_subcommands.h"
 
+#include "edit_commands.h"
+
 namespace velarion {
 
 std::vector<subcommand> authoring_subcommands() {
-    return {};
+    return {
+        {"find", "finds messages and pictures by text, name or id", run_find_command},
+        {"add", "adds a message with its texts, or a picture", run_add_command},
+        {"rename", "gives a message or a picture another name", run_rename_command},
+        {"remove", "removes a message with its texts, or a picture", run_remove_command},
+        {"sort", "brings the tables into ascending order", run_sort_command},
+    };
 }
 
 } // namespace velarion

@@ -205,4 +205,17 @@ void check_catalogue_figures(const std::string& folder, const message_catalogue&
     }
 }
 
+std::map<std::string, std::string> figures_of_catalogue(const std::vector<std::string>& names,
+                                                        const message_catalogue& messages,
+                                                        const std::vector<catalogue_image>& images) {
+    const figure_book book(messages, images);
+    std::map<std::string, std::string> figures;
+    for (const std::string& name : names) {
+        if (book.has(name) || is_of_a_family(name)) {
+            figures[name] = book.at(name);
+        }
+    }
+    return figures;
+}
+
 } // namespace velarion

@@ -4,6 +4,7 @@
 #include "image_catalogue.h"
 #include "message_catalogue.h"
 
+#include <map>
 #include <string>
 #include <vector>
 
@@ -18,6 +19,11 @@ namespace velarion {
  */
 void check_catalogue_figures(const std::string& folder, const message_catalogue& messages,
                              const std::vector<catalogue_image>& images, diagnostics& report);
+
+/** @return those of the figures with these names that a catalogue has, by name */
+std::map<std::string, std::string> figures_of_catalogue(const std::vector<std::string>& names,
+                                                        const message_catalogue& messages,
+                                                        const std::vector<catalogue_image>& images);
 
 } // namespace velarion
 

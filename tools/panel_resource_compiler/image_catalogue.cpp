@@ -51,12 +51,12 @@ public:
 
 private:
     void check_name(const source_place& place, const std::string& name) {
-        if (name.empty()) {
-            report_.error(CHECK_NAME, place, "the image has no name");
-            return;
+        const std::string fault = image_name_fault(name);
+        if (!fault.empty()) {
+            report_.error(CHECK_NAME, place, fault);
         }
-        if (!is_printable_ascii(name)) {
-            report_.error(CHECK_NAME, place, "the name \"" + name + "\" holds more than printable ASCII");
+        if (name.empty()) {
+            return;
         }
         const auto [first, is_new] = names_.emplace(name, place.line);
         if (!is_new) {
@@ -67,21 +67,10 @@ private:
     }
 
     void check_file(const source_place& place, const std::string& file) {
-        if (file.empty()) {
-            report_.error(CHECK_PICTURE, place,
-                          "the image has no file; one blank stands for an image without a picture");
-        } else if (is_blank_file_name(file)) {
-            return;
-        } else if (!is_printable_ascii(file)) {
-            report_.error(CHECK_PICTURE, place, "the file \"" + file + "\" holds more than printable ASCII");
-        } else if (file.find_first_of("/\\") != std::string::npos) {
-            report_.error(CHECK_PICTURE, place, "the file \"" + file + "\" holds a path separator");
-        } else if (file.front() == ' ' || file.back() == ' ') {
-            report_.error(CHECK_PICTURE, place, "the file \"" + file + "\" begins or ends with a blank");
-        } else if (file.find(':') != std::string::npos) {
-            report_.error(CHECK_PICTURE, place,
-                          "the file \"" + file + "\" holds a \":\", which marks external images");
-        } else if (!has_picture_extension(file)) {
+        const std::string fault = image_file_fault(file);
+        if (!fault.empty()) {
+            report_.error(CHECK_PICTURE, place, fault);
+        } else if (!is_blank_file_name(file) && !has_picture_extension(file)) {
             report_.warning(CHECK_EXTENSIONS, place,
                             "the file \"" + file + "\" does not end in .png, .svg or .gif: never shown");
         }
@@ -96,6 +85,35 @@ private:
 
 bool is_blank_file_name(const std::string& file) {
     return file == BLANK || file == IDEOGRAPHIC_SPACE;
+}
+
+std::string image_name_fault(const std::string& name) {
+    if (name.empty()) {
+        return "the image has no name";
+    }
+    return is_printable_ascii(name) ? std::string()
+                                    : "the name \"" + name + "\" holds more than printable ASCII";
+}
+
+std::string image_file_fault(const std::string& file) {
+    const std::string described = "the file \"" + file + "\" ";
+    if (file.empty()) {
+        return "the image has no file; one blank stands for an image without a picture";
+    }
+    if (is_blank_file_name(file)) {
+        return {};
+    }
+    if (!is_printable_ascii(file)) {
+        return described + "holds more than printable ASCII";
+    }
+    if (file.find_first_of("/\\") != std::string::npos) {
+        return described + "holds a path separator";
+    }
+    if (file.front() == ' ' || file.back() == ' ') {
+        return described + "begins or ends with a blank";
+    }
+    return file.find(':') == std::string::npos ? std::string()
+                                               : described + "holds a \":\", which marks external images";
 }
 
 std::vector<catalogue_image> read_image_catalogue(const std::string& folder, diagnostics& report) {

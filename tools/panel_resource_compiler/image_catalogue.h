@@ -18,6 +18,11 @@ struct catalogue_image {
 /** Whether a file name stands for "no picture". */
 bool is_blank_file_name(const std::string& file);
 
+/** What is wrong with the name of an image; empty when nothing is. */
+std::string image_name_fault(const std::string& name);
+/** What makes an image's file an error; empty when nothing does. */
+std::string image_file_fault(const std::string& file);
+
 /**
  * Reads images.tsv of a catalogue folder and checks it. The images are usable only when the report counts
  * no error.

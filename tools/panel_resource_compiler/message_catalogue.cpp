@@ -13,19 +13,9 @@ const std::array<const char*, DVC_PNL_RMG_STANDARD_LANGUAGE_COUNT> STANDARD_LANG
 namespace {
 
 constexpr std::int32_t FIRST_MESSAGE_ROW = 1;
-constexpr std::int32_t FIRST_TEXT_ROW = 2;
 
 bool is_printable_ascii_or_tab(const std::string& name) {
     return std::all_of(name.begin(), name.end(), [](char c) { return c == '\t' || (c >= ' ' && c <= '~'); });
-}
-
-void check_name(const tsv_record& record, const std::string& name, diagnostics& report) {
-    if (name.empty()) {
-        report.error(CHECK_NAME, record.place_of(1), "the message has no name");
-    } else if (!is_printable_ascii_or_tab(name)) {
-        report.error(CHECK_NAME, record.place_of(1),
-                     "the name \"" + name + "\" holds more than printable ASCII and tabs");
-    }
 }
 
 /** Whether a text may stand in its row; reports why not. */
@@ -74,6 +64,15 @@ void check_placeholders(const std::vector<catalogue_row>& rows, diagnostics& rep
 }
 
 } // namespace
+
+std::string message_name_fault(const std::string& name) {
+    if (name.empty()) {
+        return "the message has no name";
+    }
+    return is_printable_ascii_or_tab(name)
+               ? std::string()
+               : "the name \"" + name + "\" holds more than printable ASCII and tabs";
+}
 
 unsigned int placeholders_of(const std::string& text) {
     unsigned int found = 0;
@@ -127,7 +126,10 @@ std::vector<catalogue_message> read_message_list(const std::string& folder, diag
         } else {
             ids.take(record.place_of(0), message.id, report);
         }
-        check_name(record, message.name, report);
+        const std::string name_fault = message_name_fault(message.name);
+        if (!name_fault.empty()) {
+            report.error(CHECK_NAME, record.place_of(1), name_fault);
+        }
         if (message.row < FIRST_MESSAGE_ROW || message.row >= NULL_ROW) {
             report.error(CHECK_ROW, record.place_of(2),
                          "row " + std::to_string(message.row) + " is outside " +

@@ -14,6 +14,8 @@ namespace velarion {
 /** The two-letter names of the standard languages, in the order of their indexes. */
 extern const std::array<const char*, DVC_PNL_RMG_STANDARD_LANGUAGE_COUNT> STANDARD_LANGUAGE_NAMES;
 
+/** The first row that takes texts. */
+constexpr std::int32_t FIRST_TEXT_ROW = 2;
 /** The last row of the text table: all its cells are null. */
 constexpr std::int32_t NULL_ROW = DVC_PNL_RMG_STANDARD_MESSAGE_ROWS - 1;
 
@@ -59,6 +61,9 @@ std::vector<catalogue_message> read_message_list(const std::string& folder, diag
  * @return the texts whose rows, 0 to NULL_ROW - 1, may hold them
  */
 std::vector<row_text> read_row_texts(const std::string& path, diagnostics& report);
+
+/** What is wrong with the name of a message; empty when nothing is. */
+std::string message_name_fault(const std::string& name);
 
 /** The placeholders of a text, "%1" to "%9": bit n for "%n". */
 unsigned int placeholders_of(const std::string& text);

@@ -27,14 +27,6 @@ std::int64_t rank_of(const std::string& key) {
     return read_number(key, number) ? number : std::numeric_limits<std::int64_t>::max();
 }
 
-std::string escaped(const std::string& field) {
-    std::string text;
-    for (const char c : field) {
-        text += c == '\n' ? "\\n" : c == '\t' ? "\\t" : c == '\\' ? "\\\\" : std::string(1, c);
-    }
-    return text;
-}
-
 std::string end_of(const std::string& line) {
     const std::size_t length = line.size();
     if (length == 0 || line.back() != '\n') {
@@ -59,6 +51,14 @@ tsv_editor::tsv_editor(std::string path, std::vector<std::string> columns)
     for (std::size_t c = 0; c < columns_.size(); ++c) {
         order_.push_back(c);
     }
+}
+
+std::string tsv_editor::escaped(const std::string& field) {
+    std::string text;
+    for (const char c : field) {
+        text += c == '\n' ? "\\n" : c == '\t' ? "\\t" : c == '\\' ? "\\\\" : std::string(1, c);
+    }
+    return text;
 }
 
 bool tsv_editor::key_order::operator()(const std::string& a, const std::string& b) const {

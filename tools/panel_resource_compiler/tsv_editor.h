@@ -51,6 +51,9 @@ public:
     void put(const std::vector<std::string>& fields);
     /** Removes a key's row; comments stay. @return whether there was one */
     bool remove(const std::string& key);
+    /** A field as a table holds it. */
+    static std::string escaped(const std::string& field);
+
     /** Brings the rows into ascending order; comments and empty lines go with the row below them. */
     void sort();
 

@@ -23,33 +23,6 @@ std::vector<std::string> split_at_tabs(const std::string& line) {
     }
 }
 
-/** @param position  receives where the fault stands in the field */
-bool resolve_escapes(const std::string& field, std::string& resolved, std::string& fault,
-                     std::size_t& position) {
-    resolved.clear();
-    for (std::size_t i = 0; i < field.size(); ++i) {
-        if (field[i] != '\\') {
-            resolved += field[i];
-            continue;
-        }
-        ++i;
-        const char escape = i < field.size() ? field[i] : '\0';
-        if (escape == 'n') {
-            resolved += '\n';
-        } else if (escape == 't') {
-            resolved += '\t';
-        } else if (escape == '\\') {
-            resolved += '\\';
-        } else {
-            position = i - 1;
-            fault = std::string("unknown escape \"\\") + (escape == '\0' ? "" : std::string(1, escape)) +
-                    "\"; use \\n, \\t or \\\\";
-            return false;
-        }
-    }
-    return true;
-}
-
 class table_reader {
 public:
     table_reader(const std::string& path, const std::vector<std::string>& columns, diagnostics& report)
@@ -170,6 +143,32 @@ private:
 };
 
 } // namespace
+
+bool resolve_escapes(const std::string& field, std::string& resolved, std::string& fault,
+                     std::size_t& position) {
+    resolved.clear();
+    for (std::size_t i = 0; i < field.size(); ++i) {
+        if (field[i] != '\\') {
+            resolved += field[i];
+            continue;
+        }
+        ++i;
+        const char escape = i < field.size() ? field[i] : '\0';
+        if (escape == 'n') {
+            resolved += '\n';
+        } else if (escape == 't') {
+            resolved += '\t';
+        } else if (escape == '\\') {
+            resolved += '\\';
+        } else {
+            position = i - 1;
+            fault = std::string("unknown escape \"\\") + (escape == '\0' ? "" : std::string(1, escape)) +
+                    "\"; use \\n, \\t or \\\\";
+            return false;
+        }
+    }
+    return true;
+}
 
 bool read_number_field(const tsv_record& record, std::size_t field, const std::string& what,
                        diagnostics& report, std::int32_t& number) {

@@ -32,6 +32,14 @@ struct tsv_record {
 std::vector<tsv_record> read_tsv_table(const std::string& path, const std::vector<std::string>& columns,
                                        diagnostics& report);
 
+/**
+ * Resolves the escapes of a field.
+ *
+ * @param fault,position  receive the reason, and where in the field it stands, when the result is false
+ */
+bool resolve_escapes(const std::string& field, std::string& resolved, std::string& fault,
+                     std::size_t& position);
+
 /** Reads a decimal number that fits 32 bits, without blanks or sign of plus; reports what is not one. */
 bool read_number_field(const tsv_record& record, std::size_t field, const std::string& what,
                        diagnostics& report, std::int32_t& number);

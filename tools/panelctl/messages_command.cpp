@@ -23,14 +23,15 @@ struct listed_text {
     QString text;
 };
 
-std::vector<listed_text> find_texts(dvc_pnl_rmg_language_resource& language, const text_search& search,
-                                    const std::vector<int>& language_ids) {
+std::vector<listed_text> find_texts(dvc_pnl_rmg_language_resource& language, const QString& words,
+                                    bool ignores_accents, const std::vector<int>& language_ids) {
+    const text_search search = text_search::of_words(words, ignores_accents);
     std::vector<listed_text> found;
     for (const DVC_PNL_RMG_IMPL_MESSAGE* message : all_messages()) {
         for (const int id : language_ids) {
             const QString text = text_of(language, *message, id);
-            if (search.is_in_any(
-                    {QString::number(message->message_id), QLatin1String(message->message_name), text})) {
+            if (words == QString::number(message->message_id) ||
+                search.is_in_any({QLatin1String(message->message_name), text})) {
                 found.push_back({message, id, text});
             }
         }
@@ -73,7 +74,8 @@ int run_messages_command(const QStringList& arguments) {
     add_language_options(parser);
     parser.addOptions({
         {QStringLiteral("filter"),
-         QStringLiteral("Only messages in whose id, name and text all the words occur, in any letter case."),
+         QStringLiteral("Only the message with the id, or those in whose name and text all words occur, in "
+                        "any letter case."),
          QStringLiteral("WORDS")},
         {QStringLiteral("fold"), QStringLiteral("Ignores accents: \"eleve\" finds \"\u00E9l\u00E8ve\".")},
     });
@@ -87,10 +89,10 @@ int run_messages_command(const QStringList& arguments) {
         return EXIT_USAGE;
     }
     const QString words = parser.value(QStringLiteral("filter"));
-    const text_search search = text_search::of_words(words, parser.isSet(QStringLiteral("fold")));
-    const std::vector<listed_text> texts = find_texts(session.language(), search, language_ids);
+    const std::vector<listed_text> texts =
+        find_texts(session.language(), words, parser.isSet(QStringLiteral("fold")), language_ids);
     if (texts.empty()) {
-        report_fault(QStringLiteral("no message's id, name and text hold \"%1\"").arg(words));
+        report_fault(QStringLiteral("no message's id, name or text matches \"%1\"").arg(words));
     }
     if (parser.isSet(QLatin1String(JSON_OPTION))) {
         print_texts_as_json(texts);
