@@ -56,6 +56,7 @@ public:
         }
         for (const given_text& text : texts) {
             compare(text);
+            confirm(text);
         }
     }
 
@@ -107,6 +108,15 @@ private:
             report_.error(CHECK_PLACEHOLDERS, given.place,
                           "placeholders " + describe_placeholders(wanted) + " in " + model + ", " +
                               describe_placeholders(found) + " in " + given.language);
+        }
+    }
+
+    /** What comes with the English text was written for it. */
+    void confirm(const given_text& given) {
+        language_texts* language = editor_.find_language(given.language);
+        const std::string english = catalogue_editor::text_of(*editor_.find_language(ENGLISH), row_);
+        if (language && language->name != ENGLISH && !given.text.empty() && !english.empty()) {
+            language->confirmed.confirm(row_, english);
         }
     }
 

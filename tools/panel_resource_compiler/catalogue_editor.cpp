@@ -94,7 +94,8 @@ int catalogue_editor::open(bool demands_a_good_one) {
     for (const catalogue_check* each = SELECTABLE_CHECKS; each->name; ++each) {
         report.disable(each->name);
     }
-    if (demands_a_good_one) {
+    is_checked_ = demands_a_good_one;
+    if (is_checked_) {
         check(report);
     }
     if (report.error_count() != 0 || !read(report)) {
@@ -102,7 +103,6 @@ int catalogue_editor::open(bool demands_a_good_one) {
         std::cerr << "panel_resource_compiler: nothing was changed; mend the errors first\n";
         return EXIT_CATALOGUE_FAULT;
     }
-    is_good_ = demands_a_good_one;
     return EXIT_GOOD;
 }
 
@@ -119,13 +119,17 @@ bool catalogue_editor::read(diagnostics& report) {
     tables_ = std::make_unique<tables>(tables{tsv_editor(folder + "/messages.tsv", {"id", "name", "row"}),
                                               tsv_editor(folder + "/images.tsv", {"id", "name", "file"}),
                                               tsv_editor(folder + "/figures.tsv", {"name", "figure"}),
+                                              {},
                                               {}});
+    const auto take_language = [this, &folder](const std::string& name, const std::string& file) {
+        languages().push_back(
+            {name, number_of(name), {folder + file, {"row", "text"}}, confirmed_texts(folder, name)});
+    };
     for (const std::string name : STANDARD_LANGUAGE_NAMES) {
-        languages().push_back({name, number_of(name), {folder + "/texts/" + name + ".tsv", {"row", "text"}}});
+        take_language(name, "/texts/" + name + ".tsv");
     }
     for (const std::string& name : pack_names(folder)) {
-        languages().push_back(
-            {name, number_of(name), {folder + "/packs/" + name + "/texts.tsv", {"row", "text"}}});
+        take_language(name, "/packs/" + name + "/texts.tsv");
     }
     bool is_read = true;
     for (tsv_editor* table : {&tables_->messages, &tables_->images, &tables_->figures}) {
@@ -134,7 +138,32 @@ bool catalogue_editor::read(diagnostics& report) {
     for (language_texts& language : languages()) {
         is_read = language.texts.read(report) && is_read;
     }
+    return read_confirmed(report) && is_read;
+}
+
+bool catalogue_editor::read_confirmed(diagnostics& report) {
+    bool is_read = true;
+    for (language_texts& language : languages()) {
+        if (is_checked_) {
+            is_read = language.confirmed.read(report) && is_read;
+        } else {
+            tables_->confirmed.emplace_back(language.confirmed.path(),
+                                            std::vector<std::string>{"row", "english"});
+            is_read = tables_->confirmed.back().read(report) && is_read;
+        }
+    }
     return is_read;
+}
+
+std::vector<tsv_editor*> catalogue_editor::all_tables() {
+    std::vector<tsv_editor*> all = {&tables_->messages, &tables_->images};
+    for (language_texts& language : languages()) {
+        all.push_back(&language.texts);
+    }
+    for (tsv_editor& table : tables_->confirmed) {
+        all.push_back(&table);
+    }
+    return all;
 }
 
 language_texts* catalogue_editor::find_language(const std::string& word) {
@@ -254,10 +283,16 @@ int catalogue_editor::finish() {
     file_replacement files;
     for (const language_texts& language : languages()) {
         language.texts.save(files);
+        if (is_checked_) {
+            language.confirmed.save(files);
+        }
+    }
+    for (const tsv_editor& table : tables_->confirmed) {
+        table.save(files);
     }
     tables_->images.save(files);
     tables_->messages.save(files);
-    if (is_good_ && !files.is_empty()) {
+    if (is_checked_ && !files.is_empty()) {
         bring_figures_up_to_date();
     }
     if (line_.updates_figures) {

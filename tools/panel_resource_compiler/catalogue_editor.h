@@ -2,6 +2,7 @@
 #define CATALOGUE_EDITOR_H
 
 #include "command_options.h"
+#include "confirmed_texts.h"
 #include "image_catalogue.h"
 #include "message_catalogue.h"
 #include "tsv_editor.h"
@@ -33,6 +34,7 @@ struct language_texts {
     std::string name; ///< "de", or a pack's number
     int id;
     tsv_editor texts;
+    confirmed_texts confirmed; ///< against the English texts; of no use for English itself
 };
 
 /** A change of a catalogue: its tables, held for changing, and what is to be said when they are in place. */
@@ -55,6 +57,8 @@ public:
     tsv_editor& messages() { return tables_->messages; }
     tsv_editor& images() { return tables_->images; }
     std::vector<language_texts>& languages() { return tables_->languages; }
+    /** All tables, with those of the confirmed texts; for sorting, when open() demanded no good catalogue. */
+    std::vector<tsv_editor*> all_tables();
     /** @return the texts of a language given by number, name or folder of a pack; null when there are none */
     language_texts* find_language(const std::string& word);
 
@@ -91,10 +95,12 @@ private:
         tsv_editor images;
         tsv_editor figures;
         std::vector<language_texts> languages;
+        std::vector<tsv_editor> confirmed; ///< for sorting: the files of confirmed_texts as they are
     };
 
     bool lock(std::string& fault);
     bool read(diagnostics& report);
+    bool read_confirmed(diagnostics& report);
     void check(diagnostics& report) const;
     message_catalogue message_contents() const;
     std::vector<catalogue_image> image_contents() const;
@@ -103,7 +109,7 @@ private:
     const edit_options& line_;
     int lock_ = -1;
     std::unique_ptr<tables> tables_;
-    bool is_good_ = false; ///< checked and without errors
+    bool is_checked_ = false; ///< as open() was told
     std::string sayings_;
 };
 

@@ -41,6 +41,7 @@ void remove_texts(catalogue_editor& editor, std::int32_t row) {
     }
     for (language_texts& language : editor.languages()) {
         const std::string text = catalogue_editor::text_of(language, row);
+        language.confirmed.forget(row);
         if (language.texts.remove(std::to_string(row))) {
             editor.say("removed from " + language.texts.path() + ": " + std::to_string(row) + '\t' +
                        tsv_editor::escaped(text));
@@ -138,12 +139,8 @@ int run_sort_command(const std::vector<std::string>& arguments) {
     if (const int end = editor.open(false)) {
         return end;
     }
-    std::vector<tsv_editor*> tables = {&editor.messages(), &editor.images()};
-    for (language_texts& language : editor.languages()) {
-        tables.push_back(&language.texts);
-    }
     bool is_changed = false;
-    for (tsv_editor* table : tables) {
+    for (tsv_editor* table : editor.all_tables()) {
         if (!table->is_sorted()) {
             table->sort();
             is_changed = true;
