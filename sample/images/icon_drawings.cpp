@@ -218,9 +218,10 @@ void draw_icon(svg_canvas& canvas, const picture_name& name, const glyph_book& b
     palette colors = colors_of(name);
     const bool has_plate = name.state == picture_state::SELECTED || name.state == picture_state::PRESSED;
     if (has_plate) {
-        canvas.rect({2, 2, 44, 44}, 9, {"", colors.accent});
-        colors.surface = colors.accent;
+        const std::string plate = colors.accent;
+        canvas.rect({2, 2, 44, 44}, 9, {"", plate});
         colors = one_color_palette(colors, colors.ink);
+        colors.surface = colors.ink = plate; // what is cut out of the glyph shows the plate
         canvas.begin_group(4.08, 4.08, 0.83);
     }
     const icon_plan plan = plan_of(name);

@@ -30,10 +30,12 @@ bool is_navigation_icon(const std::string& file) {
 }
 
 bool has_states(const std::string& file) {
-    const bool is_button = (begins_with(file, "ico_softkey_") || begins_with(file, "ico_common_")) &&
-                           file.find("_disable") == std::string::npos;
     const std::size_t dot = file.rfind('.');
-    return (is_navigation_icon(file) || is_button) && dot != std::string::npos && file.substr(dot) == ".svg";
+    const bool stands_on_buttons = begins_with(file, "ico_softkey_") || begins_with(file, "ico_common_") ||
+                                   begins_with(file, "ico_function_") || begins_with(file, "ico_copy_");
+    const bool is_disabled = file.find("_disable") != std::string::npos;
+    return (is_navigation_icon(file) || (stands_on_buttons && !is_disabled)) && dot != std::string::npos &&
+           file.substr(dot) == ".svg";
 }
 
 std::string state_of(const std::string& file, const char* suffix) {

@@ -7,6 +7,7 @@ namespace velarion {
 
 enum class copy_sides { ONE_TO_ONE, ONE_TO_TWO, TWO_TO_TWO, TWO_TO_ONE };
 enum class color_mode { AUTO, FULL, BLACK_WHITE };
+enum class original_type { TEXT, TEXT_PHOTO, PHOTO };
 
 constexpr int MOST_COPIES = 999;
 constexpr int LEAST_RATIO = 25; // %
@@ -20,6 +21,7 @@ struct copy_settings {
     int tray = 0;    ///< 0: chosen by the machine
     int density = 0; ///< -DARKEST to DARKEST
     color_mode color = color_mode::AUTO;
+    original_type original = original_type::TEXT_PHOTO;
 };
 
 enum class file_format { PDF, PDF_A, JPEG, TIFF };

@@ -68,6 +68,12 @@ void panel_button::set_value(const message_text& value) {
     }
 }
 
+void panel_button::set_role(text_role role) {
+    text_.set_role(role);
+    updateGeometry();
+    update();
+}
+
 void panel_button::set_picture(const char* picture) {
     picture_.set_picture(QLatin1String(picture));
     choose_state();

@@ -24,6 +24,8 @@ public:
     void set_message(const message_text& text);
     /** The value that a button of the form SETTING shows below its text. */
     void set_value(const message_text& value);
+    /** @param role  of the text */
+    void set_role(text_role role);
     void set_picture(const char* picture);
     /** @param has_ground  false: the picture and the text stand on the screen's own ground, until the button
      * is pressed or chosen */

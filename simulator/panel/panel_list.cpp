@@ -1,5 +1,6 @@
 #include "panel_list.h"
 
+#include "focus_ring.h"
 #include "units.h"
 
 #include <QMouseEvent>
@@ -16,6 +17,7 @@ constexpr char GROUND_PRESSED[] = "100";  // ..._PRESSED
 constexpr char GROUND_SELECTED[] = "101"; // ..._SELECTED
 
 constexpr int DRAG_START = 8;   // px that a finger moves before the list follows
+constexpr int SCROLL_BAR = 4;   // dp
 constexpr int VALUE_SHARE = 40; // % of a row's width that its value may take
 
 int row_height() {
@@ -30,6 +32,10 @@ panel_list::panel_list() {
 }
 
 void panel_list::set_rows(const std::vector<list_row>& rows) {
+    if (rows == given_) {
+        return;
+    }
+    given_ = rows;
     rows_.clear();
     for (const list_row& row : rows) {
         shown_row shown{row.name,
@@ -45,6 +51,7 @@ void panel_list::set_rows(const std::vector<list_row>& rows) {
     }
     current_ = qBound(0, current_, static_cast<int>(rows_.size()) - 1);
     scroll_to(offset_);
+    press_row(pressed_);
     updateGeometry();
 }
 
@@ -95,9 +102,12 @@ int panel_list::row_at(int y) const {
 }
 
 void panel_list::scroll_to(int offset) {
-    const int longest = qMax(0, static_cast<int>(rows_.size()) * row_height() - height());
-    offset_ = qBound(0, offset, longest);
+    offset_ = qBound(0, offset, last_offset());
     update();
+}
+
+int panel_list::last_offset() const {
+    return qMax(0, static_cast<int>(rows_.size()) * row_height() - height());
 }
 
 QRect panel_list::show_row(int row) {
@@ -148,28 +158,45 @@ void panel_list::reload() {
     }
 }
 
-void panel_list::paintEvent(QPaintEvent*) {
-    QPainter painter(this);
-    for (int i = 0; i < static_cast<int>(rows_.size()); ++i) {
-        const row_boxes boxes = boxes_of(i);
-        if (!rect().intersects(boxes.row)) {
-            continue;
-        }
-        const shown_row& row = rows_[static_cast<std::size_t>(i)];
-        row.ground.draw_ground(painter, boxes.row);
-        row.picture.draw(painter, boxes.picture);
-        const bool is_pressed = i == pressed_;
-        row.text.draw(painter, boxes.text, is_pressed ? colors::on_accent : colors::text, layoutDirection());
-        row.value.draw(painter, boxes.value, is_pressed ? colors::on_accent : colors::quiet_text,
-                       layoutDirection());
-        if (i == current_ && window()->focusWidget() == this) {
-            painter.setPen(QPen(colors::text, 2));
-            painter.drawRoundedRect(boxes.row.adjusted(2, 2, -3, -3), 6, 6);
-        }
+void panel_list::draw_row(QPainter& painter, int row) const {
+    const row_boxes boxes = boxes_of(row);
+    const shown_row& shown = rows_[static_cast<std::size_t>(row)];
+    const bool is_pressed = row == pressed_;
+    shown.ground.draw_ground(painter, boxes.row, layoutDirection());
+    shown.picture.draw(painter, boxes.picture);
+    shown.text.draw(painter, boxes.text, is_pressed ? colors::on_accent : colors::text, layoutDirection());
+    shown.value.draw(painter, boxes.value, is_pressed ? colors::on_accent : colors::quiet_text,
+                     layoutDirection());
+    if (row == current_) {
+        draw_focus_ring(painter, *this, boxes.row);
     }
 }
 
+void panel_list::draw_scroll_bar(QPainter& painter) const {
+    if (last_offset() == 0) {
+        return;
+    }
+    const int all = height() + last_offset();
+    const QRect knob(width() - px(SCROLL_BAR), offset_ * height() / all, px(SCROLL_BAR),
+                     height() * height() / all);
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(colors::disabled_text);
+    painter.drawRoundedRect(QStyle::visualRect(layoutDirection(), rect(), knob), 2, 2);
+}
+
+void panel_list::paintEvent(QPaintEvent*) {
+    QPainter painter(this);
+    for (int i = 0; i < static_cast<int>(rows_.size()); ++i) {
+        if (rect().intersects(boxes_of(i).row)) {
+            draw_row(painter, i);
+        }
+    }
+    draw_scroll_bar(painter);
+}
+
 void panel_list::mousePressEvent(QMouseEvent* event) {
+    set_worked_by_keys(*this, false);
     drag_start_ = event->y();
     drag_offset_ = offset_;
     is_dragged_ = false;
@@ -200,6 +227,7 @@ void panel_list::wheelEvent(QWheelEvent* event) {
 }
 
 void panel_list::keyPressEvent(QKeyEvent* event) {
+    set_worked_by_keys(*this, true);
     const int last = static_cast<int>(rows_.size()) - 1;
     switch (event->key()) {
     case Qt::Key_Up:

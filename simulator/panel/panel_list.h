@@ -20,6 +20,11 @@ struct list_row {
     message_text text;
     message_text value = {}; ///< at the far end
     bool is_chosen = false;
+
+    bool operator==(const list_row& other) const {
+        return name == other.name && picture == other.picture && text == other.text && value == other.value &&
+               is_chosen == other.is_chosen;
+    }
 };
 
 /**
@@ -80,6 +85,11 @@ private:
     void scroll_to(int offset);
     void press_row(int row);
 
+    int last_offset() const;
+    void draw_row(QPainter& painter, int row) const;
+    void draw_scroll_bar(QPainter& painter) const;
+
+    std::vector<list_row> given_;
     std::vector<shown_row> rows_;
     int offset_ = 0; ///< px scrolled
     int pressed_ = -1;

@@ -48,14 +48,22 @@ void picture_block::draw(QPainter& painter, const QRect& box) const {
     }
 }
 
-void picture_block::draw_ground(QPainter& painter, const QRect& box) const {
+void picture_block::draw_ground(QPainter& painter, const QRect& box, Qt::LayoutDirection direction) const {
     load(QSize());
     if (pixmap_.isNull()) {
         return;
     }
     const int corner = qMin(GROUND_CORNER, qMin(pixmap_.width(), pixmap_.height()) / 2 - 1);
     const QMargins margins(corner, corner, corner, corner);
+    if (direction == Qt::LeftToRight) {
+        qDrawBorderPixmap(&painter, box, margins, pixmap_);
+        return;
+    }
+    painter.save();
+    painter.translate(2 * box.left() + box.width(), 0);
+    painter.scale(-1, 1);
     qDrawBorderPixmap(&painter, box, margins, pixmap_);
+    painter.restore();
 }
 
 void picture_block::describe(const QRect& box, panel_contents& contents) const {

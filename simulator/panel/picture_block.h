@@ -25,8 +25,10 @@ public:
 
     /** Draws the picture, filling the box, which is px. */
     void draw(QPainter& painter, const QRect& box) const;
-    /** Draws a component's ground: its corners as they are, its middle stretched. */
-    void draw_ground(QPainter& painter, const QRect& box) const;
+    /** Draws a component's ground: its corners as they are, its middle stretched; mirrored from right to
+     * left. */
+    void draw_ground(QPainter& painter, const QRect& box,
+                     Qt::LayoutDirection direction = Qt::LeftToRight) const;
     void describe(const QRect& box, panel_contents& contents) const;
 
 private:

@@ -1,11 +1,16 @@
 #include "screen_table.h"
 
+#include "copy_screen.h"
+#include "fax_screen.h"
 #include "home_screen.h"
 #include "keyboard_screen.h"
 #include "language_screen.h"
+#include "machine_state.h"
 #include "network_screen.h"
+#include "scan_screen.h"
 #include "settings_screen.h"
 #include "sounds_screen.h"
+#include "status_screen.h"
 
 namespace velarion {
 
@@ -15,11 +20,62 @@ template <class SCREEN> panel_screen* make_screen(const panel_context& context) 
     return new SCREEN(context);
 }
 
+void run(machine_state& machine, int steps) {
+    for (int i = 0; i < steps; ++i) {
+        machine.step();
+    }
+}
+
+void begin_copying(machine_state& machine) {
+    copy_settings settings;
+    settings.copies = 10;
+    settings.sides = copy_sides::ONE_TO_TWO;
+    machine.set_copy(settings);
+    machine.start_copy();
+    run(machine, 45);
+}
+
+void begin_faxing(machine_state& machine) {
+    machine.set_fax({QStringLiteral("0123456789"), fax_resolution::FINE});
+    machine.start_fax();
+    run(machine, 50);
+}
+
+void begin_scanning(machine_state& machine) {
+    scan_settings settings;
+    settings.destination = 2;
+    machine.set_scan(settings);
+    machine.start_scan();
+    run(machine, 8);
+}
+
+void stop_copying(machine_state& machine) {
+    begin_copying(machine);
+    machine.pause_job();
+}
+
+void jam_copying(machine_state& machine) {
+    begin_copying(machine);
+    machine.raise_jam(*find_jam_place(QStringLiteral("tray2")));
+}
+
+void want_paper(machine_state& machine) {
+    copy_settings settings;
+    settings.tray = 4;
+    machine.set_copy(settings);
+    machine.start_copy();
+    run(machine, 20);
+}
+
 } // namespace
 
 const std::vector<screen_entry>& all_screens() {
     static const std::vector<screen_entry> screens = {
         {"home", "the functions of the machine", make_screen<home_screen>},
+        {"copy", "copying: settings, start and stop", make_screen<copy_screen>},
+        {"scan", "scanning: destination, settings, start", make_screen<scan_screen>},
+        {"fax", "faxing: the number, start", make_screen<fax_screen>},
+        {"status", "the job at work and the job history", make_screen<status_screen>},
         {"keyboard", "the soft keyboard of the language", make_screen<keyboard_screen>},
         {"settings", "the settings, a list that leads on", make_screen<settings_screen>},
         {"settings_language", "the machine's language and a user's", make_screen<language_screen>},
@@ -32,6 +88,18 @@ const std::vector<screen_entry>& all_screens() {
 const std::vector<screen_view>& all_screen_views() {
     static const std::vector<screen_view> views = {
         {"home", "home", nullptr},
+        {"copy", "copy", nullptr},
+        {"copy_running", "copy", begin_copying},
+        {"copy_no_original", "copy", [](machine_state& machine) { machine.set_originals(0); }},
+        {"scan", "scan", nullptr},
+        {"scan_running", "scan", begin_scanning},
+        {"fax", "fax", nullptr},
+        {"fax_running", "fax", begin_faxing},
+        {"status", "status", nullptr},
+        {"status_running", "status", begin_copying},
+        {"status_stopped", "status", stop_copying},
+        {"status_jam", "status", jam_copying},
+        {"status_no_paper", "status", want_paper},
         {"keyboard", "keyboard", nullptr},
         {"settings", "settings", nullptr},
         {"settings_language", "settings_language", nullptr},

@@ -1,0 +1,26 @@
+#ifndef PANEL_CARD_H
+#define PANEL_CARD_H
+
+#include <QWidget>
+
+class QVBoxLayout;
+
+namespace velarion {
+
+/** A surface that holds what belongs together, from top to bottom. */
+class panel_card : public QWidget {
+public:
+    panel_card();
+    /** Its layout, with the margins of the grid. */
+    QVBoxLayout& column() const { return *column_; }
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
+
+private:
+    QVBoxLayout* column_;
+};
+
+} // namespace velarion
+
+#endif

@@ -1,0 +1,152 @@
+#include "copy_screen.h"
+
+#include "choice_bar.h"
+#include "hard_key.h"
+#include "machine_state.h"
+#include "message_label.h"
+#include "panel_button.h"
+#include "panel_dialog.h"
+#include "panel_frame.h"
+#include "stepper.h"
+#include "theme.h"
+#include "units.h"
+
+#include <QGridLayout>
+#include <QHBoxLayout>
+#include <QVBoxLayout>
+
+namespace velarion {
+
+copy_screen::copy_screen(const panel_context& context)
+    : function_screen(context)
+    , copies_(new stepper(QStringLiteral("copies"), 1, MOST_COPIES))
+    , color_(make_setting("color", "66", "710"))
+    , ratio_(make_setting("ratio", "91", "725"))
+    , sides_(make_setting("sides", "95", "735"))
+    , paper_(make_setting("paper", "87", "22"))
+    , density_(make_setting("density", "77", "719"))
+    , original_(make_setting("original", "81", "706")) {
+    auto* label = new message_label(text_role::CAPTION);
+    label->set_color(colors::quiet_text);
+    label->set_message("2"); // MSG_NORMAL_OTHER_COPIES
+    card().addWidget(label);
+    card().addWidget(copies_);
+    connect(copies_, &stepper::changed, this,
+            [this](int copies) { change([copies](copy_settings& copy) { copy.copies = copies; }); });
+    make_settings();
+    connect(&machine(), &machine_state::changed, this, [this] { refresh(); });
+    refresh();
+}
+
+message_text copy_screen::title() const {
+    return "1"; // MSG_NORMAL_TITLE_COPY
+}
+
+template <class CHANGE> void copy_screen::change(CHANGE apply) {
+    copy_settings settings = machine().copy();
+    apply(settings);
+    begins_number_ = true;
+    machine().set_copy(settings);
+}
+
+void copy_screen::make_settings() {
+    auto* layout = new QGridLayout;
+    layout->setSpacing(px(grid::space));
+    int place = 0;
+    for (panel_button* button : {color_, ratio_, sides_, paper_, density_, original_}) {
+        layout->addWidget(button, place / 2, place % 2);
+        ++place;
+    }
+    near_side().addLayout(layout);
+    connect(color_, &QAbstractButton::clicked, this, [this] {
+        ask_value("66", color_modes(), machine().copy().color,
+                  [this](color_mode value) { change([value](copy_settings& copy) { copy.color = value; }); });
+    });
+    connect(ratio_, &QAbstractButton::clicked, this, [this] {
+        ask_value("91", ratios(), machine().copy().ratio,
+                  [this](int value) { change([value](copy_settings& copy) { copy.ratio = value; }); });
+    });
+    connect(sides_, &QAbstractButton::clicked, this, [this] {
+        ask_value("95", sides_of_copies(), machine().copy().sides,
+                  [this](copy_sides value) { change([value](copy_settings& copy) { copy.sides = value; }); });
+    });
+    connect(paper_, &QAbstractButton::clicked, this, [this] {
+        ask_value("87", paper_choices(), machine().copy().tray,
+                  [this](int value) { change([value](copy_settings& copy) { copy.tray = value; }); });
+    });
+    connect(original_, &QAbstractButton::clicked, this, [this] {
+        ask_value("81", original_types(), machine().copy().original, [this](original_type value) {
+            change([value](copy_settings& copy) { copy.original = value; });
+        });
+    });
+    connect(density_, &QAbstractButton::clicked, this, [this] { ask_density(); });
+}
+
+void copy_screen::ask_density() {
+    std::vector<bar_choice> choices;
+    constexpr const char* NAMES[] = {"lighter_3", "lighter_2", "lighter_1", "normal",
+                                     "darker_1",  "darker_2",  "darker_3"};
+    for (int i = -DARKEST; i <= DARKEST; ++i) {
+        choices.push_back({NAMES[i + DARKEST], density_text(i)});
+    }
+    auto* content = new QWidget;
+    auto* column = new QVBoxLayout(content);
+    column->setContentsMargins(0, 0, 0, 0);
+    auto* bar = new choice_bar(choices);
+    bar->set_current(machine().copy().density + DARKEST);
+    connect(bar, &choice_bar::chosen, this, [this, bar](int choice) {
+        bar->set_current(choice);
+        change([choice](copy_settings& copy) { copy.density = choice - DARKEST; });
+    });
+    column->addWidget(bar);
+    auto* ends = new QHBoxLayout;
+    for (const char* text : {"79", "80"}) { // MSG_NORMAL_COPY_DENSITY_LIGHTER, ..._DARKER
+        auto* label = new message_label(text_role::CAPTION);
+        label->set_color(colors::quiet_text);
+        label->set_message(text);
+        ends->addWidget(label);
+        if (ends->count() == 1) {
+            ends->addStretch(1);
+        }
+    }
+    column->addLayout(ends);
+    // MSG_NORMAL_COPY_DENSITY, MSG_CMN_OK_TEXT
+    frame().show_dialog(new panel_dialog("77", content, {{"ok", "25", {}, true, KEY_START}}));
+}
+
+void copy_screen::start() {
+    machine().start_copy();
+}
+
+/** Digits make the number of copies. */
+bool copy_screen::take_key(int key) {
+    const int copies = machine().copy().copies;
+    if (is_digit_key(key)) {
+        const int number = begins_number_ ? key : copies * 10 + key;
+        if (number >= 1 && number <= MOST_COPIES) {
+            change([number](copy_settings& copy) { copy.copies = number; });
+            begins_number_ = false;
+        }
+        return true;
+    }
+    if (key == KEY_CLEAR) {
+        change([](copy_settings& copy) { copy.copies = 1; });
+        return true;
+    }
+    return function_screen::take_key(key);
+}
+
+void copy_screen::refresh() {
+    const copy_settings& copy = machine().copy();
+    copies_->set_value(copy.copies);
+    color_->set_value(text_of(color_modes(), copy.color));
+    ratio_->set_value(ratio_text(copy.ratio));
+    sides_->set_value(text_of(sides_of_copies(), copy.sides));
+    paper_->set_value(text_of(paper_choices(), copy.tray));
+    density_->set_value(copy.density == 0 ? message_text("78") : density_text(copy.density)); // ..._AUTO
+    original_->set_value(text_of(original_types(), copy.original));
+    // MSG_NORMAL_STATUS_READY_TO_COPY, MSG_NORMAL_STATUS_PLACE_ORIGINAL
+    show_state(machine().originals() > 0, machine().originals() > 0 ? "127" : "129");
+}
+
+} // namespace velarion
