@@ -1,6 +1,8 @@
 #include "headless_run.h"
 
+#include "panel_report.h"
 #include "panel_stage.h"
+#include "review_page.h"
 #include "screen_pictures.h"
 #include "script_runner.h"
 #include "simulation.h"
@@ -63,6 +65,30 @@ int write_screenshot(panel_stage& stage, const simulator_options& options, const
     return write_picture(stage.picture(), options.screenshot) ? SIMULATOR_GOOD : SIMULATOR_FAILED;
 }
 
+/** Tells on standard error what was found, and on which of it the run fails. */
+int judge(const panel_report& report, const simulator_options& options) {
+    for (const QString& line : report.lines()) {
+        std::fprintf(stderr, "%s\n", line.toUtf8().constData());
+    }
+    std::fprintf(stderr, "found: %s\n", qPrintable(describe_counts(report.counts())));
+    return has_fault(report.counts(), options.fail_on) ? SIMULATOR_FOUND_FAULTS : SIMULATOR_GOOD;
+}
+
+int write_panel_report(panel_stage& stage, const simulator_options& options, const stage_plan& plan) {
+    panel_report report;
+    show_all(stage, plan, [&](const screen_view& view, const language_choice& language) {
+        report.add(stage, view, language);
+        return true;
+    });
+    return write_report(report, options.report) ? judge(report, options) : SIMULATOR_FAILED;
+}
+
+int write_review_page(panel_stage& stage, const simulator_options& options, const stage_plan& plan) {
+    panel_report report;
+    const int result = write_review(stage, plan, options.review, options.compare_with, report);
+    return result == SIMULATOR_GOOD ? judge(report, options) : result;
+}
+
 int run_script(simulation& panel, panel_stage& stage, const simulator_options& options,
                const stage_plan& plan) {
     if (!options.languages.empty()) {
@@ -89,6 +115,12 @@ int run_headless(const simulator_options& options) {
     }
     if (result == SIMULATOR_GOOD && !options.all_screens.isEmpty()) {
         result = write_all_screens(stage, plan, options.all_screens);
+    }
+    if (result == SIMULATOR_GOOD && !options.review.isEmpty()) {
+        result = write_review_page(stage, options, plan);
+    }
+    if (result == SIMULATOR_GOOD && !options.report.isEmpty()) {
+        result = write_panel_report(stage, options, plan);
     }
     if (result == SIMULATOR_GOOD && !options.script.isEmpty()) {
         result = run_script(panel, stage, options, plan);

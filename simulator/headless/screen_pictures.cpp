@@ -7,6 +7,7 @@
 #include <QDir>
 #include <QFont>
 #include <QPainter>
+#include <QSaveFile>
 
 #include <cstdio>
 #include <unistd.h>
@@ -124,6 +125,15 @@ bool write_picture(const QImage& picture, const QString& file) {
         QStringLiteral("%1 cannot be written; its folder must be there, and its name end in a "
                        "kind of picture such as .png")
             .arg(file));
+    return false;
+}
+
+bool write_file(const QString& file, const QByteArray& bytes) {
+    QSaveFile output(file);
+    if (output.open(QIODevice::WriteOnly) && output.write(bytes) == bytes.size() && output.commit()) {
+        return true;
+    }
+    report_simulator_fault(QStringLiteral("%1 cannot be written: %2").arg(file, output.errorString()));
     return false;
 }
 

@@ -38,6 +38,10 @@ int write_all_screens(panel_stage& stage, const stage_plan& plan, const QString&
 /** Writes a picture. @return whether that was possible; a fault is reported */
 bool write_picture(const QImage& picture, const QString& file);
 
+/** Writes a file in the place of the one that is there. @return whether that was possible; a fault is
+ * reported */
+bool write_file(const QString& file, const QByteArray& bytes);
+
 /** Makes a folder with those above it. @return whether it is there; a fault is reported */
 bool make_folder(const QString& folder);
 

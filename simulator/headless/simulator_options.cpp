@@ -20,6 +20,7 @@ struct fault_name {
     fault_class fault;
 };
 constexpr fault_name FAULT_NAMES[] = {{"overflow", FAULT_OVERFLOW},
+                                      {"overlap", FAULT_OVERLAP},
                                       {"glyphs", FAULT_GLYPHS},
                                       {"pictures", FAULT_PICTURES},
                                       {"fallbacks", FAULT_FALL_BACKS}};
@@ -48,7 +49,7 @@ void add_options(QCommandLineParser& parser) {
     add("test-icons",
         "Sets TEST_ICON_MESSAGE: keys for missing messages, a placeholder for missing pictures.");
     add("overlay", "Draws boxes around texts and pictures, what is wrong in colour.");
-    add("fail-on", "Ends with 1 when some are found: overflow, glyphs, pictures, fallbacks, with commas.",
+    add("fail-on", "Ends with 1 when some are found: overflow, overlap, glyphs, pictures, fallbacks.",
         "LIST");
     add("watch", "Shows changed pictures and rebuilt packs at once.");
     add("timing", "Prints how long the start took, phase by phase, and the longest pause of the window.");
@@ -66,11 +67,10 @@ bool read_fail_on(const QString& list, unsigned int& faults, int& exit_code) {
             std::find_if(std::begin(FAULT_NAMES), std::end(FAULT_NAMES),
                          [&](const fault_name& name) { return word == QLatin1String(name.name); });
         if (found == std::end(FAULT_NAMES)) {
-            return fail(
-                QStringLiteral("--fail-on: unknown word \"%1\"; known are overflow, glyphs, pictures, "
-                               "fallbacks")
-                    .arg(word),
-                exit_code);
+            return fail(QStringLiteral("--fail-on: unknown word \"%1\"; known are overflow, overlap, glyphs, "
+                                       "pictures, fallbacks")
+                            .arg(word),
+                        exit_code);
         }
         faults |= found->fault;
     }

@@ -21,6 +21,7 @@ enum fault_class : unsigned int {
     FAULT_OVERFLOW = 1U,   ///< a text that its box cannot hold
     FAULT_GLYPHS = 2U,     ///< a character that no font shows
     FAULT_PICTURES = 4U,   ///< a picture that is not there
+    FAULT_OVERLAP = 16U,   ///< a text over another one
     FAULT_FALL_BACKS = 8U, ///< a text in English where another language was asked for
 };
 
