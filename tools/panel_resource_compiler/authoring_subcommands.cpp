@@ -11,6 +11,8 @@ std::vector<subcommand> authoring_subcommands() {
         {"rename", "gives a message or a picture another name", run_rename_command},
         {"remove", "removes a message with its texts, or a picture", run_remove_command},
         {"sort", "brings the tables into ascending order", run_sort_command},
+        {"export", "writes the texts of a language as gettext PO or Qt Linguist TS", run_export_command},
+        {"import", "takes the texts of a PO or TS file over", run_import_command},
     };
 }
 

@@ -3,6 +3,11 @@
 
 #include "subcommand.h"
 
-namespace velarion {} // namespace velarion
+namespace velarion {
+
+int run_export_command(const std::vector<std::string>& arguments);
+int run_import_command(const std::vector<std::string>& arguments);
+
+} // namespace velarion
 
 #endif

@@ -24,6 +24,8 @@ inline constexpr char CHECK_PICTURE[] = "picture";
 inline constexpr char CHECK_PACK[] = "pack";
 inline constexpr char CHECK_KEYBOARD[] = "keyboard";
 inline constexpr char CHECK_FIGURES[] = "figures";
+inline constexpr char CHECK_EXCHANGE[] = "exchange";
+inline constexpr char CHECK_CONFLICT[] = "conflict";
 
 // What can be left out, or made an error.
 inline constexpr char CHECK_PLACEHOLDERS[] = "placeholders";

@@ -47,7 +47,8 @@ void diagnostics::remark(const std::string& check, const source_place& place, co
 void diagnostics::add(finding found) {
     if (error_checks_.count(found.check) != 0) {
         found.kind = severity::ERROR;
-    } else if (found.kind != severity::ERROR && disabled_checks_.count(found.check) != 0) {
+    } else if (found.kind != severity::ERROR &&
+               (takes_errors_alone_ || disabled_checks_.count(found.check) != 0)) {
         return;
     }
     if (is_ignored_ && is_ignored_(found)) {

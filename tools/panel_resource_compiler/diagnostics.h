@@ -51,6 +51,8 @@ public:
 
     /** Leaves out what a check finds short of errors. */
     void disable(const std::string& check) { disabled_checks_.insert(check); }
+    /** Leaves out everything short of errors. */
+    void disable_all() { takes_errors_alone_ = true; }
     /** Makes errors of what a check finds. */
     void make_errors(const std::string& check) { error_checks_.insert(check); }
     /** @param is_ignored  told of each finding that would count; neither counts nor shows those it accepts */
@@ -75,6 +77,7 @@ private:
     std::set<std::string> disabled_checks_;
     std::set<std::string> error_checks_;
     std::function<bool(const finding&)> is_ignored_;
+    bool takes_errors_alone_ = false;
     bool shows_all_ = false;
     bool is_silent_ = false;
     std::vector<finding> findings_;
