@@ -78,16 +78,22 @@ private:
         if (unit.is_unfinished) {
             xml_.writeAttribute(QStringLiteral("type"), QStringLiteral("unfinished"));
         }
-        write_characters(unit.translation);
-        xml_.writeEndElement();
+        end_with(unit.translation);
         write_text(MARK_ELEMENT, unit.exported);
         xml_.writeEndElement();
     }
 
     void write_text(const char* element, const std::string& text) {
         xml_.writeStartElement(QLatin1String(element));
+        end_with(text);
+    }
+
+    /** Writes the text of the element, to which formatting may add nothing, and its end. */
+    void end_with(const std::string& text) {
+        xml_.setAutoFormatting(false);
         write_characters(text);
         xml_.writeEndElement();
+        xml_.setAutoFormatting(true);
     }
 
     /** Control characters have no place in XML: TS names them. */
