@@ -13,6 +13,7 @@ std::vector<subcommand> authoring_subcommands() {
         {"sort", "brings the tables into ascending order", run_sort_command},
         {"export", "writes the texts of a language as gettext PO or Qt Linguist TS", run_export_command},
         {"import", "takes the texts of a PO or TS file over", run_import_command},
+        {"pseudo", "makes a pack of lengthened English texts, to try a panel with", run_pseudo_command},
     };
 }
 

@@ -7,6 +7,7 @@ namespace velarion {
 
 int run_export_command(const std::vector<std::string>& arguments);
 int run_import_command(const std::vector<std::string>& arguments);
+int run_pseudo_command(const std::vector<std::string>& arguments);
 
 } // namespace velarion
 
