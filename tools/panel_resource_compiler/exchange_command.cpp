@@ -2,11 +2,16 @@
 #include "checks.h"
 #include "command_options.h"
 #include "exchange_import.h"
+#include "file_descriptor.h"
 #include "file_guard.h"
 #include "output_folder.h"
 #include "po_file.h"
 #include "ts_file.h"
 
+#include <fcntl.h>
+#include <sys/file.h>
+
+#include <cerrno>
 #include <filesystem>
 #include <iostream>
 
@@ -29,6 +34,19 @@ struct exchange_line {
     bool shows_all = false;
 };
 
+/** Lets those that change the same catalogue wait for each other, where the file system can. */
+class folder_lock {
+public:
+    explicit folder_lock(const std::string& folder)
+        : folder_(open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC)) {
+        while (folder_.get() >= 0 && flock(folder_.get(), LOCK_EX) != 0 && errno == EINTR) {
+        }
+    }
+
+private:
+    file_descriptor folder_;
+};
+
 void add_common_options(command_options& options, exchange_line& line) {
     options.require("catalogue", "DIR", line.catalogue,
                     "folder that holds messages.tsv and texts/<language>.tsv");
@@ -45,11 +63,6 @@ std::optional<int> read_language(const command_options& options, exchange_langua
     const bool is_read = language.read(report);
     report.write_summary();
     return is_read ? std::nullopt : std::optional<int>(EXIT_CATALOGUE_FAULT);
-}
-
-bool write_file(const fs::path& file, const std::string& contents, std::string& fault) {
-    const output_folder folder(file.has_parent_path() ? file.parent_path().string() : ".");
-    return folder.make(fault) && folder.write(file.filename().string(), contents, fault);
 }
 
 bool read_file(const std::string& path, std::string& contents, std::string& fault) {
@@ -134,7 +147,7 @@ int run_export_command(const std::vector<std::string>& arguments) {
     } else if (!write_po(document, contents, fault)) {
         return file_fault(fault);
     }
-    return write_file(line.file, contents, fault) ? EXIT_GOOD : file_fault(fault);
+    return write_named_file(line.file, contents, fault) ? EXIT_GOOD : file_fault(fault);
 }
 
 int run_import_command(const std::vector<std::string>& arguments) {
@@ -160,6 +173,7 @@ int run_import_command(const std::vector<std::string>& arguments) {
     if (ending != ".po" && ending != ".ts") {
         return options.usage_fault("\"" + line.file + "\" ends neither in .po nor in .ts");
     }
+    const folder_lock lock(line.catalogue); // until the files are in place
     exchange_language language(line.catalogue, line.language);
     if (const std::optional<int> end = read_language(options, language)) {
         return *end;
@@ -183,8 +197,11 @@ int run_import_command(const std::vector<std::string>& arguments) {
         std::cerr << "panel_resource_compiler: nothing is taken from " << line.file << '\n';
         return EXIT_CATALOGUE_FAULT;
     }
-    print_counts(line, counts);
-    return save(line, language);
+    const int exit_code = save(line, language);
+    if (exit_code == EXIT_GOOD) {
+        print_counts(line, counts);
+    }
+    return exit_code;
 }
 
 } // namespace velarion

@@ -3,22 +3,9 @@
 #include "id_header_writer.h"
 #include "output_folder.h"
 
-#include <filesystem>
 #include <iostream>
 
 namespace velarion {
-
-namespace {
-
-/** Leaves a file that holds the text already as it is, so that a build finds nothing to do. */
-bool write_when_different(const std::filesystem::path& file, const std::string& text, std::string& fault) {
-    const std::filesystem::path parent = file.parent_path();
-    const output_folder folder(parent.empty() ? "." : parent.string());
-    const std::string name = file.filename().string();
-    return folder.make(fault) && (folder.read(name) == text || folder.write(name, text, fault));
-}
-
-} // namespace
 
 int run_header_command(const std::vector<std::string>& arguments) {
     catalogue_options line;
@@ -42,7 +29,7 @@ int run_header_command(const std::vector<std::string>& arguments) {
     if (report.error_count() != 0) {
         return EXIT_CATALOGUE_FAULT;
     }
-    return write_when_different(output, id_header(messages, images), fault) ? EXIT_GOOD : file_fault(fault);
+    return write_named_file(output, id_header(messages, images), fault) ? EXIT_GOOD : file_fault(fault);
 }
 
 } // namespace velarion

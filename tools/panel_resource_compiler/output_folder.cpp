@@ -1,6 +1,7 @@
 #include "output_folder.h"
 
 #include "file_descriptor.h"
+#include "file_guard.h"
 
 #include <fcntl.h>
 #include <sys/stat.h>
@@ -177,6 +178,27 @@ std::string output_folder::read(const std::string& name) const {
         contents.append(bytes, static_cast<std::size_t>(count));
     }
     return contents;
+}
+
+bool write_named_file(const std::string& path, const std::string& contents, std::string& fault) {
+    if (is_special_file(path.c_str())) {
+        const file_descriptor file(open(path.c_str(), O_WRONLY | O_NOCTTY | O_CLOEXEC));
+        if (file.get() >= 0 && write_bytes(file.get(), contents)) {
+            return true;
+        }
+        fault = describe_system_fault(path);
+        return false;
+    }
+    std::error_code missing;
+    std::error_code error;
+    const fs::path target = fs::is_symlink(path, missing) ? fs::canonical(path, error) : fs::path(path);
+    if (error) {
+        fault = path + ": " + error.message();
+        return false;
+    }
+    const output_folder folder(target.has_parent_path() ? target.parent_path().string() : ".");
+    const std::string name = target.filename().string();
+    return folder.make(fault) && (folder.read(name) == contents || folder.write(name, contents, fault));
 }
 
 } // namespace velarion

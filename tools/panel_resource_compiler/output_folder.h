@@ -40,6 +40,13 @@ private:
     std::string path_;
 };
 
+/**
+ * Writes a single file that the user named, as a whole and in place of an earlier one; its folder is made
+ * when missing, and a link is followed. A file that holds the contents already is not touched, so that a
+ * build finds nothing to do. A pipe or device is written to.
+ */
+bool write_named_file(const std::string& path, const std::string& contents, std::string& fault);
+
 } // namespace velarion
 
 #endif
