@@ -162,7 +162,8 @@ int add_message(catalogue_editor& editor, const add_line& line, const std::vecto
         return refuse("row " + std::to_string(row) + " has no text; give --text, or --row 1");
     }
     editor.messages().put({std::to_string(id), line.name, std::to_string(row)});
-    editor.say("added message " + std::to_string(id) + ": " + line.name + ", row " + std::to_string(row));
+    editor.say("added message " + std::to_string(id) + ": " + tsv_editor::escaped(line.name) + ", row " +
+               std::to_string(row));
     if (row != ROW_WITHOUT_TEXT && !missing.empty()) {
         editor.say("without a text in " + list_of(missing));
     }

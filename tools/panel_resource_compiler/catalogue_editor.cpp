@@ -281,6 +281,9 @@ void catalogue_editor::bring_figures_up_to_date() {
 
 int catalogue_editor::finish() {
     file_replacement files;
+    if (are_messages_first_) { // a process that is ended half way leaves no message without its texts
+        tables_->messages.save(files);
+    }
     for (const language_texts& language : languages()) {
         language.texts.save(files);
         if (is_checked_) {
@@ -291,7 +294,9 @@ int catalogue_editor::finish() {
         table.save(files);
     }
     tables_->images.save(files);
-    tables_->messages.save(files);
+    if (!are_messages_first_) {
+        tables_->messages.save(files);
+    }
     if (is_checked_ && !files.is_empty()) {
         bring_figures_up_to_date();
     }

@@ -78,6 +78,9 @@ public:
     /** @return the ids of a table's rows with a name */
     static std::vector<std::string> find_by_name(const tsv_editor& table, const std::string& name);
 
+    /** Replaces messages.tsv before the texts, not behind them. */
+    void replace_messages_first() { are_messages_first_ = true; }
+
     /** Keeps a line for standard output, for when the change is in place. */
     void say(const std::string& line) { sayings_ += line + '\n'; }
 
@@ -110,6 +113,7 @@ private:
     int lock_ = -1;
     std::unique_ptr<tables> tables_;
     bool is_checked_ = false; ///< as open() was told
+    bool are_messages_first_ = false;
     std::string sayings_;
 };
 

@@ -84,7 +84,8 @@ int run_rename_command(const std::vector<std::string>& arguments) {
     if (!same.empty() && fields[1] != new_name && (is_picture || !allows_same_name)) {
         return refuse("the name \"" + new_name + "\" is that of " + kind.noun + ' ' + list_of(same));
     }
-    editor.say(std::string(kind.noun) + ' ' + id + ": " + fields[1] + " is named " + new_name);
+    editor.say(std::string(kind.noun) + ' ' + id + ": " + tsv_editor::escaped(fields[1]) + " is named " +
+               tsv_editor::escaped(new_name));
     fields[1] = new_name;
     table.put(fields);
     return editor.finish();
@@ -118,7 +119,8 @@ int run_remove_command(const std::vector<std::string>& arguments) {
     }
     const std::vector<std::string> fields = table.fields(id);
     table.remove(id);
-    editor.say(std::string("removed ") + kind.noun + ' ' + id + ": " + fields[1] + ", " +
+    editor.replace_messages_first();
+    editor.say(std::string("removed ") + kind.noun + ' ' + id + ": " + tsv_editor::escaped(fields[1]) + ", " +
                (is_picture ? "file \"" + fields[2] + "\"" : "row " + fields[2]));
     if (!is_picture) {
         remove_texts(editor, static_cast<std::int32_t>(std::stol(fields[2])));

@@ -17,6 +17,7 @@ namespace fs = std::filesystem;
 
 namespace {
 
+constexpr mode_t NEW_FOLDER_MODE = 0777;
 constexpr mode_t NEW_FILE_MODE = 0666; // less what the user's mask takes away
 
 std::string describe_system_fault(const std::string& path) {
@@ -44,14 +45,23 @@ bool copy_permissions(const std::string& from, int to) {
     return fchmod(to, status.st_mode & (is_owner_kept ? 07777 : 0777)) == 0;
 }
 
-/** A new file beside its target, gone with the object unless it took the target's place. */
+/**
+ * A new file beside its target, gone with the object unless it took the target's place; so are the folders
+ * that were made for it.
+ */
 class pending_file {
 public:
-    explicit pending_file(std::string target)
-        : target_(std::move(target)) {}
+    pending_file(std::string target, bool makes_folder)
+        : target_(std::move(target)) {
+        if (makes_folder) {
+            make_folder(fs::path(target_).parent_path());
+        }
+    }
     pending_file(pending_file&& other) noexcept
         : target_(std::move(other.target_))
+        , made_folders_(std::move(other.made_folders_))
         , is_pending_(other.is_pending_) {
+        other.made_folders_.clear();
         other.is_pending_ = false;
     }
     pending_file(const pending_file&) = delete;
@@ -59,6 +69,9 @@ public:
     ~pending_file() {
         if (is_pending_) {
             ::unlink(name().c_str());
+        }
+        for (auto folder = made_folders_.rbegin(); folder != made_folders_.rend(); ++folder) {
+            ::rmdir(folder->c_str()); // stays while it holds a file
         }
     }
 
@@ -86,9 +99,20 @@ public:
     }
 
 private:
+    void make_folder(const fs::path& folder) {
+        std::error_code error;
+        if (folder.has_relative_path() && !fs::exists(folder, error)) {
+            make_folder(folder.parent_path());
+            if (::mkdir(folder.c_str(), NEW_FOLDER_MODE) == 0) {
+                made_folders_.push_back(folder.string());
+            }
+        }
+    }
+
     std::string name() const { return target_ + ".new"; }
 
     std::string target_;
+    std::vector<std::string> made_folders_; ///< from the outermost on
     bool is_pending_ = false;
 };
 
@@ -102,12 +126,10 @@ bool find_target(const std::string& path, const std::string& contents, bool is_n
         return false;
     }
     if (is_new) {
-        fs::create_directories(fs::path(target).parent_path(), error);
-        if (error || fs::exists(target, error)) {
-            fault = path + ": " + (error ? error.message() : "has appeared meanwhile; try again");
-            return false;
+        if (fs::exists(target, error)) {
+            fault = path + ": has appeared meanwhile; try again";
         }
-        return true;
+        return fault.empty();
     }
     if (access(target.c_str(), W_OK) != 0) {
         fault = describe_system_fault(path);
@@ -147,7 +169,7 @@ bool file_replacement::commit(std::string& fault) const {
             fault += "\nnothing was changed";
             return false;
         }
-        pending.emplace_back(target);
+        pending.emplace_back(target, file.is_new);
         if (!pending.back().write(file.new_contents, fault)) {
             fault += "\nnothing was changed";
             return false;

@@ -19,7 +19,7 @@ public:
      * Takes a file into the work; one that stays as it is takes no part.
      *
      * @param old_contents  as they were read; the file is not replaced when it holds something else by then
-     * @param is_new        the file is not there yet; it is made, and its folder too
+     * @param is_new        the file is not there yet; it is made, and the folders that it needs
      */
     void add(const std::string& path, std::string old_contents, std::string new_contents,
              bool is_new = false);

@@ -69,12 +69,13 @@ TEST(tsv_editor, files_are_replaced_together_or_not_at_all) {
         const char* fault;
         std::function<void(const scratch_folder&)> prepare;
     } rows[] = {
-        {"b.tsv.new: File exists",
-         [](const scratch_folder& folder) { fs::create_directories(folder.path("b.tsv.new/in the way")); }},
+        {"d.tsv.new: File exists",
+         [](const scratch_folder& folder) { fs::create_directories(folder.path("d.tsv.new/in the way")); }},
         {"b.tsv: has been changed meanwhile; try again",
          [](const scratch_folder& folder) { folder.write("b.tsv", "other"); }},
         {"b.tsv: No such file", [](const scratch_folder& folder) { fs::remove(folder.path("b.tsv")); }},
-        {"c.tsv: has appeared meanwhile", [](const scratch_folder& folder) { folder.write("c.tsv", ""); }},
+        {"c.tsv: has appeared meanwhile",
+         [](const scratch_folder& folder) { folder.write("new/c.tsv", ""); }},
         {"", [](const scratch_folder& folder) { folder.write("a.tsv.new", "of an ended process"); }},
     };
     for (const auto& row : rows) {
@@ -87,12 +88,15 @@ TEST(tsv_editor, files_are_replaced_together_or_not_at_all) {
         file_replacement files;
         files.add(folder.path("a.tsv"), "a\n", "A\n");
         files.add(folder.path("b.tsv"), "b\n", "B\n");
-        files.add(folder.path("c.tsv"), "", "C\n", true);
+        files.add(folder.path("new/c.tsv"), "", "C\n", true);
+        files.add(folder.path("d.tsv"), "", "D\n", true);
         row.prepare(folder);
         std::string fault;
         const bool is_done = *row.fault == '\0';
         EXPECT_EQ(files.commit(fault), is_done);
         EXPECT_NE(fault.find(row.fault), std::string::npos) << fault;
+        EXPECT_EQ(folder.read("new/c.tsv"), is_done ? "C\n" : "");
+        EXPECT_EQ(fs::exists(folder.path("new")), is_done || fault.find("appeared") != std::string::npos);
         EXPECT_EQ(folder.read("a.tsv"), is_done ? "A\n" : "a\n");
         EXPECT_TRUE(fs::is_symlink(folder.path("a.tsv")) && !fs::exists(folder.path("beside/a.tsv.new")));
         EXPECT_EQ(fs::status(folder.path("a.tsv")).permissions(), fs::perms(0600));
