@@ -16,7 +16,7 @@ function(panel_view_add_option_pack folder)
     file(CONFIGURE OUTPUT "packs/${id}.txt" CONTENT "${source_list}\n" @ONLY)
     add_custom_command(OUTPUT "${output}/option_pack.cpp"
         COMMAND panel_resource_compiler pack --catalogue "${PANEL_VIEW_CATALOGUE_DIR}"
-                --pack "${folder}" --output "${output}" -Werror=placeholders
+                --pack "${folder}" --output "${output}"
         COMMAND ${CMAKE_COMMAND} -E rm -rf "${pack_directory}/panel/keymap" "${pack_directory}/panel/optfonts"
         COMMAND ${CMAKE_COMMAND} -E copy_directory "${output}/tree" "${pack_directory}"
         DEPENDS panel_resource_compiler ${sources} "${CMAKE_CURRENT_BINARY_DIR}/packs/${id}.txt" ${catalogue_files}

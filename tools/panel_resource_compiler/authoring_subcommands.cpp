@@ -14,6 +14,8 @@ std::vector<subcommand> authoring_subcommands() {
         {"export", "writes the texts of a language as gettext PO or Qt Linguist TS", run_export_command},
         {"import", "takes the texts of a PO or TS file over", run_import_command},
         {"pseudo", "makes a pack of lengthened English texts, to try a panel with", run_pseudo_command},
+        {"confirm", "notes that texts say what the English ones say", run_confirm_command},
+        {"stats", "counts texts by language and screen area", run_stats_command},
     };
 }
 

@@ -3,11 +3,16 @@
 
 #include "subcommand.h"
 
+#include <string>
+#include <vector>
+
 namespace velarion {
 
+int run_confirm_command(const std::vector<std::string>& arguments);
 int run_export_command(const std::vector<std::string>& arguments);
 int run_import_command(const std::vector<std::string>& arguments);
 int run_pseudo_command(const std::vector<std::string>& arguments);
+int run_stats_command(const std::vector<std::string>& arguments);
 
 } // namespace velarion
 

@@ -21,7 +21,6 @@ const std::string* const FAMILIES[] = {&MESSAGE_GROUP, &IMAGE_CATEGORY, &IMAGE_E
 
 const std::string DARKER_PREFIX = "d_";
 const std::string NAVIGATION_ICON = "ico_globalnavi";
-constexpr std::int32_t ROW_WITHOUT_TEXT = 1;
 
 /** The word of a name behind the prefix that all are to have; the first one of a name without it. */
 std::string area_of(const std::string& name, const std::string& prefix) {

@@ -2,12 +2,19 @@
 
 #include "checks.h"
 
+#include <algorithm>
+#include <iterator>
+
 namespace velarion {
 
 namespace {
 
-const std::string NO_CHECK = "no-";
-const std::string ERROR_CHECK = "error=";
+const struct {
+    const char* start;
+    void (diagnostics::*apply)(const std::string& check);
+} FORMS[] = {{"no-error=", &diagnostics::make_no_errors},
+             {"no-", &diagnostics::disable},
+             {"error=", &diagnostics::make_errors}};
 
 bool starts_with(const std::string& text, const std::string& prefix) {
     return text.compare(0, prefix.size(), prefix) == 0;
@@ -27,6 +34,7 @@ void add_catalogue_options(command_options& options, catalogue_options& line) {
     options.require("catalogue", "DIR", line.catalogue,
                     "folder that holds messages.tsv, texts/<language>.tsv and images.tsv");
     options.letter('W', "no-CHECK", line.warnings, "leaves out what a check finds");
+    options.letter('W', "no-error=CHECK", line.warnings, "makes no errors of what a check finds");
     options.letter('W', "error=CHECK", line.warnings, check_help().c_str());
     options.flag("all", line.shows_all, "shows all findings of each check, not only the first 20");
 }
@@ -36,15 +44,17 @@ std::string apply_catalogue_options(const catalogue_options& line, diagnostics& 
         report.show_all();
     }
     for (const std::string& warning : line.warnings) {
-        const bool is_no = starts_with(warning, NO_CHECK);
-        if (!is_no && !starts_with(warning, ERROR_CHECK)) {
+        const auto* form = std::find_if(std::begin(FORMS), std::end(FORMS), [&warning](const auto& each) {
+            return starts_with(warning, each.start);
+        });
+        if (form == std::end(FORMS)) {
             return "unknown option \"-W" + warning + "\"";
         }
-        const std::string check = warning.substr(is_no ? NO_CHECK.size() : ERROR_CHECK.size());
+        const std::string check = warning.substr(std::string(form->start).size());
         if (!is_selectable_check(check)) {
             return "unknown check \"" + check + "\"; known are " + selectable_check_names();
         }
-        is_no ? report.disable(check) : report.make_errors(check);
+        (report.*form->apply)(check);
     }
     return {};
 }

@@ -1,48 +1,288 @@
 #include "build_subcommands.h"
 #include "catalogue_figures.h"
 #include "catalogue_options.h"
-#include "option_pack.h"
+#include "catalogue_rules.h"
+#include "catalogue_source.h"
+#include "checks.h"
+#include "ignore_list.h"
+#include "json_text.h"
+#include "keyboard_rules.h"
+#include "progress.h"
 
+#include <algorithm>
 #include <filesystem>
 #include <iostream>
+#include <map>
+#include <set>
 
 namespace velarion {
 
 namespace {
 
-void check_all_packs(const std::string& folder, const message_catalogue& catalogue, diagnostics& report) {
-    std::error_code no_packs;
-    for (const auto& entry : std::filesystem::directory_iterator(folder + "/packs", no_packs)) {
-        if (entry.is_directory()) {
-            read_option_pack(entry.path().string(), catalogue, report);
+const struct {
+    const char* name;
+    check_class kind;
+} CLASSES[] = {{"broken", check_class::BROKEN},
+               {"missing", check_class::MISSING},
+               {"stale", check_class::STALE},
+               {"suspicious", check_class::SUSPICIOUS}};
+
+struct check_line {
+    catalogue_options catalogue;
+    std::vector<std::string> languages;
+    std::vector<std::string> keyboards;
+    std::vector<std::string> failing;
+    bool is_json = false;
+    bool is_progress_wanted = false;
+};
+
+bool is_class(const std::string& name) {
+    return std::any_of(std::begin(CLASSES), std::end(CLASSES),
+                       [&name](const auto& each) { return each.name == name; });
+}
+
+/** How many findings of a check there are in each language. */
+using language_counts = std::map<std::string, std::map<std::string, std::size_t>>;
+
+/** One run of the command over a catalogue. */
+class catalogue_check_run {
+public:
+    catalogue_check_run(const check_line& line, diagnostics& report)
+        : line_(line)
+        , folder_(line.catalogue.catalogue)
+        , report_(report)
+        , progress_(line.is_progress_wanted) {}
+
+    /** @return a fault of usage, or nothing */
+    std::string check() {
+        ignore_list ignored;
+        ignored.read(folder_, report_);
+        report_.set_filter([this, &ignored](const finding& found) {
+            progress_.clear();
+            return !is_wanted(found.language) || ignored.accepts(found);
+        });
+        if (std::string fault = read(); !fault.empty()) {
+            return fault;
+        }
+        check_unknown_files(folder_, report_);
+        check_all_keyboards();
+        if (!is_sound()) {
+            std::cerr << (report_.is_silent() ? "" : "the texts are looked at when the tables can be read\n");
+            report_.set_filter(nullptr);
+            return {};
+        }
+        check_texts();
+        ignored.report_unused(
+            [this](const std::string& check, const std::string& language) {
+                return ran(check) && (language == "*" ? wanted_.empty() : is_wanted(language));
+            },
+            report_);
+        report_.set_filter(nullptr);
+        return {};
+    }
+
+    bool fails() const {
+        if (report_.error_count() != 0) {
+            return true;
+        }
+        return std::any_of(
+            report_.findings().begin(), report_.findings().end(), [this](const finding& found) {
+                const catalogue_check* check = find_selectable_check(found.check);
+                return check &&
+                       std::any_of(std::begin(CLASSES), std::end(CLASSES), [this, check](const auto& each) {
+                           return each.kind == check->kind &&
+                                  std::count(line_.failing.begin(), line_.failing.end(), each.name) != 0;
+                       });
+            });
+    }
+
+private:
+    bool is_wanted(const std::string& language) const {
+        return language.empty() || wanted_.empty() || wanted_.count(language) != 0;
+    }
+
+    /** Whether this command looks for what a check finds. */
+    bool ran(const std::string& check) const {
+        const bool is_of_texts = find_selectable_check(check)->kind != check_class::OTHER ||
+                                 check == CHECK_DUPLICATE_NAMES || check == CHECK_UNUSED_ROWS ||
+                                 check == CHECK_UNKNOWN_FILES || check == CHECK_UNCONFIRMED;
+        return is_of_texts && !report_.is_disabled(check);
+    }
+
+    /** The languages are known, and wanted ones picked out, only when all is read: reports wait so long. */
+    std::string read() {
+        progress_.tell("reading " + folder_);
+        for (const std::string& given : line_.languages) {
+            catalogue_source names;
+            for (const std::string& pack : pack_folders(folder_)) {
+                names.packs.push_back({std::filesystem::path(pack).filename().string(), {}, {}});
+            }
+            const std::string language = language_of(names, given);
+            if (language.empty()) {
+                return "--language \"" + given + "\" is no language of the catalogue";
+            }
+            wanted_.insert(language);
+        }
+        source_ = read_catalogue(folder_, report_);
+        return {};
+    }
+
+    void check_language(const text_file& language) {
+        if (is_wanted(language.language)) {
+            progress_.tell("checking " + language.file);
+            check_slips(source_.messages, language, report_);
+            check_renderings(source_.messages, language, report_);
+            check_quoted_names(language, report_);
+            check_stale(folder_, source_.messages, language, report_);
         }
     }
+
+    void check_texts() {
+        for (const text_file& language : source_.messages.languages) {
+            check_language(language);
+        }
+        for (const text_file& pack : source_.packs) {
+            check_language(pack);
+        }
+        progress_.tell("looking for missing texts");
+        check_missing(source_.messages, source_.packs, report_);
+        check_duplicate_names(source_.messages, report_);
+        check_unused_rows(source_.messages, source_.packs, report_);
+        if (report_.error_count() == 0) {
+            check_catalogue_figures(folder_, source_.messages, source_.images, report_);
+        }
+    }
+
+    /** Whether all records are there: without one, many a text would seem to be missing. */
+    bool is_sound() const {
+        const auto& findings = report_.findings();
+        return std::all_of(findings.begin(), findings.end(), [](const finding& found) {
+            return found.kind != severity::ERROR || is_selectable_check(found.check);
+        });
+    }
+
+    void check_all_keyboards() {
+        progress_.tell("reading keyboards");
+        for (const std::string& pack : pack_folders(folder_)) {
+            check_keyboards(pack + "/keymap", std::filesystem::path(pack).filename().string(), report_);
+        }
+        for (const std::string& keyboards : line_.keyboards) {
+            check_keyboards(keyboards, "", report_);
+        }
+    }
+
+    const check_line& line_;
+    const std::string& folder_;
+    diagnostics& report_;
+    progress progress_;
+    catalogue_source source_;
+    std::set<std::string> wanted_; // languages; empty for all
+};
+
+language_counts count_languages(const diagnostics& report) {
+    language_counts counts;
+    for (const finding& found : report.findings()) {
+        if (!found.language.empty()) {
+            ++counts[found.check][found.language];
+        }
+    }
+    return counts;
+}
+
+void print_languages(const diagnostics& report) {
+    for (const auto& [check, languages] : count_languages(report)) {
+        std::cerr << check << ':';
+        for (const auto& [language, count] : languages) {
+            std::cerr << ' ' << language << ' ' << count;
+        }
+        std::cerr << '\n';
+    }
+}
+
+std::string json_of(const finding& found) {
+    return "{\"file\": " + json_text(found.place.file) + ", \"line\": " + std::to_string(found.place.line) +
+           ", \"column\": " + std::to_string(found.place.column) + ", \"severity\": \"" +
+           severity_name(found.kind) + "\", \"check\": " + json_text(found.check) +
+           ", \"language\": " + json_text(found.language) + ", \"subject\": " + json_text(found.subject) +
+           ", \"text\": " + json_text(found.text) + "}";
+}
+
+void print_json(const diagnostics& report, bool fails) {
+    std::cout << "{\"findings\": [";
+    const char* separator = "\n  ";
+    for (const finding& found : report.findings()) {
+        std::cout << separator << json_of(found);
+        separator = ",\n  ";
+    }
+    std::cout << "],\n \"checks\": {";
+    separator = "\n  ";
+    for (const auto& [check, languages] : count_languages(report)) {
+        std::cout << separator << json_text(check) << ": {";
+        const char* comma = "";
+        for (const auto& [language, count] : languages) {
+            std::cout << comma << json_text(language) << ": " << count;
+            comma = ", ";
+        }
+        std::cout << '}';
+        separator = ",\n  ";
+    }
+    std::cout << "},\n \"errors\": " << report.error_count()
+              << ", \"warnings\": " << report.count(severity::WARNING)
+              << ", \"remarks\": " << report.count(severity::REMARK)
+              << ", \"passed\": " << (fails ? "false" : "true") << "}\n";
+}
+
+void declare(command_options& options, check_line& line) {
+    add_catalogue_options(options, line.catalogue);
+    options.values("language", "L", line.languages,
+                   "only what concerns a language, \"de\" or 49; may stand several times");
+    options.values("fail-on", "CLASS", line.failing,
+                   "fails on findings of a class, and on errors: broken, missing, stale or\n"
+                   "suspicious; may stand several times");
+    options.values("keyboards", "DIR", line.keyboards,
+                   "a folder of keyboard files beside those of the packs; may stand several times");
+    options.flag("json", line.is_json, "writes all findings as JSON to standard output");
+    options.flag("progress", line.is_progress_wanted, "tells what it is at, also without a terminal");
 }
 
 } // namespace
 
 int run_check_command(const std::vector<std::string>& arguments) {
-    catalogue_options line;
+    check_line line;
     command_options options(
         "check", "Checks messages, texts, images and every pack below DIR/packs, and compares them\n"
-                 "with DIR/figures.tsv if there is one. Writes no file.");
-    add_catalogue_options(options, line);
+                 "with DIR/figures.tsv if there is one. Leaves out what DIR/ignore.tsv lists. Writes\n"
+                 "no file. Ends with 1 when there are errors.");
+    declare(options, line);
     if (const std::optional<int> end = options.read(arguments)) {
         return *end;
     }
+    for (const std::string& name : line.failing) {
+        if (!is_class(name)) {
+            return options.usage_fault("--fail-on \"" + name +
+                                       "\" is not one of broken|missing|stale|suspicious");
+        }
+    }
     diagnostics report(std::cerr);
-    const std::string fault = apply_catalogue_options(line, report);
+    std::string fault = apply_catalogue_options(line.catalogue, report);
     if (!fault.empty()) {
         return options.usage_fault(fault);
     }
-    const message_catalogue messages = read_message_catalogue(line.catalogue, report);
-    const std::vector<catalogue_image> images = read_image_catalogue(line.catalogue, report);
-    check_all_packs(line.catalogue, messages, report);
-    if (report.error_count() == 0) {
-        check_catalogue_figures(line.catalogue, messages, images, report);
+    if (line.is_json) {
+        report.be_silent();
     }
-    report.write_summary();
-    return report.error_count() == 0 ? EXIT_GOOD : EXIT_CATALOGUE_FAULT;
+    catalogue_check_run run(line, report);
+    fault = run.check();
+    if (!fault.empty()) {
+        return options.usage_fault(fault);
+    }
+    if (line.is_json) {
+        print_json(report, run.fails());
+    } else {
+        print_languages(report);
+        report.write_summary();
+    }
+    return run.fails() ? EXIT_CATALOGUE_FAULT : EXIT_GOOD;
 }
 
 } // namespace velarion

@@ -5,10 +5,20 @@
 
 namespace velarion {
 
+/** What the findings of a check mean. */
+enum class check_class {
+    OTHER,     ///< what no command counts by itself
+    BROKEN,    ///< the panel would show it wrongly: an error unless told otherwise
+    MISSING,   ///< a text is not there
+    STALE,     ///< a text may say what the English one said earlier
+    SUSPICIOUS ///< likely a slip
+};
+
 /** What can be found in a catalogue; the name stands behind each report, in "[...]". */
 struct catalogue_check {
     const char* name;
     const char* summary;
+    check_class kind = check_class::OTHER;
 };
 
 // Faults: what the build cannot take.
@@ -29,6 +39,23 @@ inline constexpr char CHECK_CONFLICT[] = "conflict";
 
 // What can be left out, or made an error.
 inline constexpr char CHECK_PLACEHOLDERS[] = "placeholders";
+inline constexpr char CHECK_CONTROL_CHARACTERS[] = "control-characters";
+inline constexpr char CHECK_LENGTH[] = "length";
+inline constexpr char CHECK_MISSING[] = "missing";
+inline constexpr char CHECK_STALE[] = "stale";
+inline constexpr char CHECK_UNCONFIRMED[] = "unconfirmed";
+inline constexpr char CHECK_EDGE_BLANKS[] = "edge-blanks";
+inline constexpr char CHECK_LINE_BREAKS[] = "line-breaks";
+inline constexpr char CHECK_END_PUNCTUATION[] = "end-punctuation";
+inline constexpr char CHECK_INVERTED_MARKS[] = "inverted-marks";
+inline constexpr char CHECK_NO_BREAK_BLANKS[] = "no-break-blanks";
+inline constexpr char CHECK_SAME_AS_ENGLISH[] = "same-as-english";
+inline constexpr char CHECK_RENDERINGS[] = "renderings";
+inline constexpr char CHECK_QUOTED_NAMES[] = "quoted-names";
+inline constexpr char CHECK_DUPLICATE_NAMES[] = "duplicate-names";
+inline constexpr char CHECK_UNUSED_ROWS[] = "unused-rows";
+inline constexpr char CHECK_UNKNOWN_FILES[] = "unknown-files";
+inline constexpr char CHECK_IGNORE_LIST[] = "ignore-list";
 inline constexpr char CHECK_FONTS[] = "fonts";
 inline constexpr char CHECK_EXTENSIONS[] = "extensions";
 inline constexpr char CHECK_STANDARD[] = "standard";
@@ -36,6 +63,8 @@ inline constexpr char CHECK_STANDARD[] = "standard";
 /** The checks that -W takes, in the order in which they are told; ends with a null name. */
 extern const catalogue_check SELECTABLE_CHECKS[];
 
+/** @return the check of SELECTABLE_CHECKS with a name, or null */
+const catalogue_check* find_selectable_check(const std::string& name);
 bool is_selectable_check(const std::string& name);
 
 /** The names of SELECTABLE_CHECKS, for people: "a, b, c". */

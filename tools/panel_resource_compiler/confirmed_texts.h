@@ -37,6 +37,8 @@ public:
     void confirm(std::int32_t row, const std::string& english);
     void forget(std::int32_t row) { table_.remove(std::to_string(row)); }
 
+    /** Whether the file is not there yet. */
+    bool is_new() const { return table_.is_new(); }
     /** Gives the file to a replacement of files, if it changed. */
     void save(file_replacement& files) const { table_.save(files); }
 

@@ -1,5 +1,7 @@
 #include "diagnostics.h"
 
+#include "checks.h"
+
 #include <ostream>
 
 namespace velarion {
@@ -30,7 +32,33 @@ std::string describe_finding(const finding& found) {
 }
 
 diagnostics::diagnostics(std::ostream& output)
-    : output_(output) {}
+    : output_(output) {
+    for (const catalogue_check* check = SELECTABLE_CHECKS; check->name; ++check) {
+        if (check->kind == check_class::BROKEN) {
+            error_checks_.insert(check->name);
+        }
+    }
+}
+
+void diagnostics::disable(const std::string& check) {
+    error_checks_.erase(check);
+    disabled_checks_.insert(check);
+}
+
+void diagnostics::disable_all() {
+    error_checks_.clear();
+    takes_errors_alone_ = true;
+}
+
+void diagnostics::make_errors(const std::string& check) {
+    disabled_checks_.erase(check);
+    error_checks_.insert(check);
+}
+
+void diagnostics::make_no_errors(const std::string& check) {
+    disabled_checks_.erase(check);
+    error_checks_.erase(check);
+}
 
 void diagnostics::error(const std::string& check, const source_place& place, const std::string& text) {
     add({place, severity::ERROR, check, text});

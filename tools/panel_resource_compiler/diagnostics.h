@@ -29,14 +29,17 @@ struct finding {
     severity kind;
     std::string check; ///< as checks.h names it
     std::string text;
+    std::string language = {}; ///< "de", or the number of a pack; empty when it is of no one language
+    std::string subject = {};  ///< the row of a text, the id of a message or image, or a file; may be empty
 };
 
 /** A finding on one line, as "file:line:column: severity: text [check]". */
 std::string describe_finding(const finding& found);
 
 /**
- * Takes what is wrong with a catalogue, counts it and keeps it, and writes each finding at once. Of one check
- * the first MOST_SHOWN are written; the summary tells how many more there are.
+ * Takes what is wrong with a catalogue, makes errors of what a check of the class BROKEN finds, counts it and
+ * keeps it, and writes each finding at once. Of one check the first MOST_SHOWN are written; the summary tells
+ * how many more there are.
  */
 class diagnostics {
 public:
@@ -45,22 +48,27 @@ public:
     /** @param output  receives the findings and the summary; outlives the object */
     explicit diagnostics(std::ostream& output);
 
+    void add(finding found);
     void error(const std::string& check, const source_place& place, const std::string& text);
     void warning(const std::string& check, const source_place& place, const std::string& text);
     void remark(const std::string& check, const source_place& place, const std::string& text);
 
     /** Leaves out what a check finds short of errors. */
-    void disable(const std::string& check) { disabled_checks_.insert(check); }
-    /** Leaves out everything short of errors. */
-    void disable_all() { takes_errors_alone_ = true; }
+    void disable(const std::string& check);
+    /** Leaves out everything short of errors, and what is one only unless told otherwise. */
+    void disable_all();
     /** Makes errors of what a check finds. */
-    void make_errors(const std::string& check) { error_checks_.insert(check); }
+    void make_errors(const std::string& check);
+    /** Leaves what a check finds as it is, also where errors are made of it unless told otherwise. */
+    void make_no_errors(const std::string& check);
+    bool is_disabled(const std::string& check) const { return disabled_checks_.count(check) != 0; }
     /** @param is_ignored  told of each finding that would count; neither counts nor shows those it accepts */
     void set_filter(std::function<bool(const finding&)> is_ignored) { is_ignored_ = std::move(is_ignored); }
     /** Writes all findings of a check. */
     void show_all() { shows_all_ = true; }
     /** Writes nothing: the caller writes findings() in a form of its own. */
     void be_silent() { is_silent_ = true; }
+    bool is_silent() const { return is_silent_; }
 
     std::size_t error_count() const { return count(severity::ERROR); }
     std::size_t count(severity kind) const { return counts_[static_cast<std::size_t>(kind)]; }
@@ -71,8 +79,6 @@ public:
     void write_summary() const;
 
 private:
-    void add(finding found);
-
     std::ostream& output_;
     std::set<std::string> disabled_checks_;
     std::set<std::string> error_checks_;

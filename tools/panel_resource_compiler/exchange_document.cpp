@@ -83,7 +83,7 @@ bool exchange_language::is_known() const {
 bool exchange_language::read(diagnostics& report) {
     messages_ = read_message_catalogue(catalogue_, report);
     if (is_pack()) {
-        read_row_texts(texts_.path(), report);
+        read_row_texts(texts_.path(), {}, report);
     }
     if (report.error_count() != 0 || !texts_.read(report) || !confirmed_.read(report)) {
         return false;

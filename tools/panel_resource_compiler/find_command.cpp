@@ -113,7 +113,7 @@ private:
             const std::string texts = entry.path().string() + "/texts.tsv";
             if (entry.is_directory(no_packs)) {
                 packs.push_back({entry.path().filename().string(), {}});
-                for (const row_text& text : read_row_texts(texts, report)) {
+                for (const row_text& text : read_row_texts(texts, {}, report)) {
                     packs.back().texts.emplace(text.row, text.text);
                 }
             }

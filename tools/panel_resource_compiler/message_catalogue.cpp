@@ -1,6 +1,9 @@
 #include "message_catalogue.h"
 
 #include "checks.h"
+#include "placeholder_rules.h"
+#include "text_findings.h"
+#include "text_rules.h"
 #include "tsv_table.h"
 
 #include <algorithm>
@@ -12,7 +15,7 @@ const std::array<const char*, DVC_PNL_RMG_STANDARD_LANGUAGE_COUNT> STANDARD_LANG
 
 namespace {
 
-constexpr std::int32_t FIRST_MESSAGE_ROW = 1;
+constexpr std::int32_t FIRST_TEXT_ROW = 2;
 
 bool is_printable_ascii_or_tab(const std::string& name) {
     return std::all_of(name.begin(), name.end(), [](char c) { return c == '\t' || (c >= ' ' && c <= '~'); });
@@ -32,34 +35,10 @@ bool check_row(const tsv_record& record, const row_text& entry, diagnostics& rep
     return true;
 }
 
-void take_texts(const std::vector<row_text>& texts, std::size_t language, std::vector<catalogue_row>& rows) {
-    for (const row_text& text : texts) {
-        catalogue_row& entry = rows[static_cast<std::size_t>(text.row)];
-        entry.texts[language] = text.text;
-        if (entry.place.line == 0) {
-            entry.place = text.place;
-        }
-    }
-}
-
-/** Empty texts are left out: a row may be meant for some languages only. */
-void check_placeholders(const std::vector<catalogue_row>& rows, diagnostics& report) {
-    for (std::size_t row = 0; row < rows.size(); ++row) {
-        const auto& texts = rows[row].texts;
-        const auto first =
-            std::find_if(texts.begin(), texts.end(), [](const std::string& text) { return !text.empty(); });
-        for (auto text = first; text != texts.end(); ++text) {
-            const unsigned int wanted = placeholders_of(*first);
-            const unsigned int found = placeholders_of(*text);
-            if (!text->empty() && found != wanted) {
-                report.warning(CHECK_PLACEHOLDERS, rows[row].place,
-                               "row " + std::to_string(row) + ": placeholders " +
-                                   describe_placeholders(wanted) + " in " +
-                                   STANDARD_LANGUAGE_NAMES[static_cast<std::size_t>(first - texts.begin())] +
-                                   ", " + describe_placeholders(found) + " in " +
-                                   STANDARD_LANGUAGE_NAMES[static_cast<std::size_t>(text - texts.begin())]);
-            }
-        }
+/** Reports what of a text the panel could not show or hold. */
+void check_text(const row_text& text, const std::string& language, diagnostics& report) {
+    for (const text_fault& fault : broken_parts_of(text.text)) {
+        report.add(text_finding(fault.check, language, text, fault.character, fault.text));
     }
 }
 
@@ -75,11 +54,10 @@ std::string message_name_fault(const std::string& name) {
 }
 
 unsigned int placeholders_of(const std::string& text) {
+    const placeholder_counts counts = count_placeholders(text);
     unsigned int found = 0;
-    for (std::size_t i = 0; i + 1 < text.size(); ++i) {
-        if (text[i] == '%' && text[i + 1] >= '1' && text[i + 1] <= '9') {
-            found |= 1U << static_cast<unsigned int>(text[i + 1] - '0');
-        }
+    for (std::size_t i = 0; i < counts.size(); ++i) {
+        found |= counts[i] == 0 ? 0U : 2U << i;
     }
     return found;
 }
@@ -94,7 +72,8 @@ std::string describe_placeholders(unsigned int placeholders) {
     return text.empty() ? "none" : text;
 }
 
-std::vector<row_text> read_row_texts(const std::string& path, diagnostics& report) {
+std::vector<row_text> read_row_texts(const std::string& path, const std::string& language,
+                                     diagnostics& report) {
     std::vector<row_text> texts;
     ascending_numbers rows("row", CHECK_ROW);
     for (const tsv_record& record : read_tsv_table(path, {"row", "text"}, report)) {
@@ -104,6 +83,7 @@ std::vector<row_text> read_row_texts(const std::string& path, diagnostics& repor
         }
         rows.take(record.place_of(0), text.row, report);
         if (check_row(record, text, report)) {
+            check_text(text, language, report);
             texts.push_back(std::move(text));
         }
     }
@@ -115,7 +95,7 @@ std::vector<catalogue_message> read_message_list(const std::string& folder, diag
     std::vector<catalogue_message> messages;
     ascending_numbers ids("id", CHECK_ID);
     for (const tsv_record& record : read_tsv_table(path, {"id", "name", "row"}, report)) {
-        catalogue_message message{0, record.fields[1], 0};
+        catalogue_message message{0, record.fields[1], 0, record.place};
         if (!read_number_field(record, 0, "id", report, message.id) ||
             !read_number_field(record, 2, "row", report, message.row)) {
             continue;
@@ -130,10 +110,10 @@ std::vector<catalogue_message> read_message_list(const std::string& folder, diag
         if (!name_fault.empty()) {
             report.error(CHECK_NAME, record.place_of(1), name_fault);
         }
-        if (message.row < FIRST_MESSAGE_ROW || message.row >= NULL_ROW) {
+        if (message.row < ROW_WITHOUT_TEXT || message.row >= NULL_ROW) {
             report.error(CHECK_ROW, record.place_of(2),
                          "row " + std::to_string(message.row) + " is outside " +
-                             std::to_string(FIRST_MESSAGE_ROW) + " to " + std::to_string(NULL_ROW - 1));
+                             std::to_string(ROW_WITHOUT_TEXT) + " to " + std::to_string(NULL_ROW - 1));
         }
         messages.push_back(std::move(message));
     }
@@ -148,10 +128,14 @@ message_catalogue read_message_catalogue(const std::string& folder, diagnostics&
     catalogue.messages = read_message_list(folder, report);
     catalogue.rows.resize(DVC_PNL_RMG_STANDARD_MESSAGE_ROWS);
     for (std::size_t language = 0; language < STANDARD_LANGUAGE_NAMES.size(); ++language) {
-        const std::string path = folder + "/texts/" + STANDARD_LANGUAGE_NAMES[language] + ".tsv";
-        take_texts(read_row_texts(path, report), language, catalogue.rows);
+        const std::string name = STANDARD_LANGUAGE_NAMES[language];
+        const std::string path = folder + "/texts/" + name + ".tsv";
+        catalogue.languages.push_back({name, path, read_row_texts(path, name, report)});
+        for (const row_text& text : catalogue.languages.back().texts) {
+            catalogue.rows[static_cast<std::size_t>(text.row)].texts[language] = text.text;
+        }
     }
-    check_placeholders(catalogue.rows, report);
+    check_placeholders(catalogue, report);
     return catalogue;
 }
 

@@ -3,6 +3,7 @@
 #include "checks.h"
 #include "dvc_pnl_rmg_property.h"
 #include "output_folder.h"
+#include "placeholder_rules.h"
 #include "source_writer.h"
 #include "text_lines.h"
 #include "written_files.h"
@@ -20,8 +21,6 @@ namespace fs = std::filesystem;
 namespace {
 
 constexpr int HIGHEST_LANGUAGE_ID = 65535; // the slots hold 16 bits
-constexpr std::size_t ENGLISH = 1;
-constexpr std::int32_t EMPTY_ROW = 1;
 constexpr char FONT[] = "font";
 
 // In the folder that a pack is written to.
@@ -162,23 +161,14 @@ void read_properties(const std::string& path, option_pack& pack, diagnostics& re
     }
 }
 
-void check_text(const row_text& text, const message_catalogue& catalogue, diagnostics& report) {
-    const std::string& english = catalogue.rows[static_cast<std::size_t>(text.row)].texts[ENGLISH];
-    const unsigned int wanted = placeholders_of(english);
-    const unsigned int found = placeholders_of(text.text);
-    if (!english.empty() && found != wanted) {
-        report.warning(CHECK_PLACEHOLDERS, text.place,
-                       "row " + std::to_string(text.row) + ": placeholders " + describe_placeholders(wanted) +
-                           " in en, " + describe_placeholders(found) + " here");
-    }
-}
-
 void read_texts(const std::string& path, const message_catalogue& catalogue, option_pack& pack,
                 diagnostics& report) {
-    for (const row_text& text : read_row_texts(path, report)) {
-        check_text(text, catalogue, report);
+    const std::string language = std::to_string(pack.language_id);
+    pack.source = {language, path, read_row_texts(path, language, report)};
+    for (const row_text& text : pack.source.texts) {
         pack.texts.emplace(text.row, text.text);
     }
+    check_pack_placeholders(catalogue, pack.source, report);
 }
 
 void read_keymap(const std::string& folder, option_pack& pack, diagnostics& report) {
@@ -306,12 +296,12 @@ std::size_t fill_option_pack(const message_catalogue& catalogue, option_pack& pa
             pack.filled_rows.insert(row);
         }
     };
-    fill(EMPTY_ROW, "");
+    fill(ROW_WITHOUT_TEXT, "");
     for (const catalogue_message& message : catalogue.messages) {
-        fill(message.row, catalogue.rows[static_cast<std::size_t>(message.row)].texts[ENGLISH]);
+        fill(message.row, catalogue.rows[static_cast<std::size_t>(message.row)].texts[ENGLISH_INDEX]);
     }
-    for (std::int32_t row = EMPTY_ROW; row < NULL_ROW; ++row) {
-        const std::string& english = catalogue.rows[static_cast<std::size_t>(row)].texts[ENGLISH];
+    for (std::int32_t row = ROW_WITHOUT_TEXT; row < NULL_ROW; ++row) {
+        const std::string& english = catalogue.rows[static_cast<std::size_t>(row)].texts[ENGLISH_INDEX];
         if (!english.empty()) {
             fill(row, english);
         }

@@ -18,6 +18,7 @@ struct option_pack {
     std::vector<std::string> font_files;       ///< absolute paths
     std::map<std::int32_t, std::string> texts; ///< by row; rows without an entry have no text
     std::set<std::int32_t> filled_rows;        ///< whose texts fill_option_pack() gave
+    text_file source;                          ///< where they stand
     std::string keymap_folder;
     std::set<std::string> keymap_files; ///< named from keymap_folder
 };

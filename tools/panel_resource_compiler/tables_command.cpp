@@ -1,6 +1,8 @@
 #include "build_subcommands.h"
 #include "catalogue_options.h"
+#include "ignore_list.h"
 #include "image_table_writer.h"
+#include "keyboard_rules.h"
 #include "message_table_writer.h"
 #include "option_pack.h"
 #include "output_folder.h"
@@ -40,6 +42,7 @@ int run_writer(command_options& options, const std::vector<std::string>& argumen
     if (!fault.empty()) {
         return options.usage_fault(fault);
     }
+    use_ignore_list(line.catalogue.catalogue, report);
     auto source = read(report);
     report.write_summary();
     if (report.error_count() != 0) {
@@ -112,6 +115,7 @@ int run_pack_command(const std::vector<std::string>& arguments) {
             pack_source source;
             source.messages = read_message_catalogue(line.catalogue.catalogue, report);
             source.pack = read_option_pack(line.pack, source.messages, report);
+            check_keyboards(line.pack + "/keymap", std::to_string(source.pack.language_id), report);
             return source;
         },
         [&line](pack_source& source, std::string& fault) {

@@ -20,13 +20,13 @@ public:
         folder_.write("catalogue/" + name, contents);
     }
     void write_pack(const std::string& id, const std::string& properties = "font_family = Pack Sans\n",
-                    const std::string& texts = "row\ttext\n4\tPack\n") const;
+                    const std::string& texts = "row\ttext\n2\tPack\n") const;
     std::string path(const std::string& name) const { return folder_.path("catalogue/" + name); }
     const scratch_folder& folder() const { return folder_; }
 
     /**
      * Runs the compiler on it; commands that write tables do so into the folder "out", or where @p arguments
-     * say otherwise at the end. Its reports name the files from the catalogue's folder.
+     * say otherwise at the end. Its reports name the files from the catalogue's folder, and do without the note that ends them early.
      */
     process_result run(const std::string& command, const std::vector<std::string>& arguments = {}) const;
 
