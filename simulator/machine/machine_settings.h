@@ -31,6 +31,7 @@ struct scan_settings {
     file_format format = file_format::PDF;
     int resolution = 300; ///< dpi
     color_mode color = color_mode::AUTO;
+    original_type original = original_type::TEXT_PHOTO;
 };
 
 enum class fax_resolution { STANDARD, FINE };

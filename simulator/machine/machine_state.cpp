@@ -12,28 +12,6 @@ namespace {
 
 constexpr int STEP_TIME = 100; // ms
 
-/** Jobs of this morning. */
-std::vector<machine_job> earlier_jobs() {
-    const auto job = [](int number, job_kind kind, int originals, int copies, const char* destination,
-                        const char* begun, job_state state) {
-        machine_job made;
-        made.number = number;
-        made.kind = kind;
-        made.originals = originals;
-        made.copies = copies;
-        made.sheets_per_set = originals;
-        made.destination = QLatin1String(destination);
-        made.begun = QLatin1String(begun);
-        made.state = state;
-        made.steps = state == job_state::COMPLETED ? made.all_steps() : 0;
-        return made;
-    };
-    return {job(101, job_kind::COPY, 12, 2, "", "08:12", job_state::COMPLETED),
-            job(102, job_kind::SCAN, 4, 1, "office@example.com", "08:40", job_state::COMPLETED),
-            job(103, job_kind::FAX, 2, 1, "0123 456789", "09:05", job_state::CANCELED),
-            job(104, job_kind::COPY, 1, 30, "", "09:31", job_state::COMPLETED)};
-}
-
 int sheets_of(const copy_settings& settings, int originals) {
     switch (settings.sides) {
     case copy_sides::ONE_TO_TWO:
@@ -48,8 +26,7 @@ int sheets_of(const copy_settings& settings, int originals) {
 } // namespace
 
 machine_state::machine_state()
-    : jobs_(earlier_jobs())
-    , trays_({{1, paper_size::A4, paper_kind::PLAIN, 410, 550},
+    : trays_({{1, paper_size::A4, paper_kind::PLAIN, 410, 550},
               {2, paper_size::A3, paper_kind::PLAIN, 275, 550},
               {3, paper_size::A5, paper_kind::RECYCLED, 60, 550},
               {4, paper_size::B5, paper_kind::THICK, 0, 550},
@@ -151,38 +128,11 @@ void machine_state::set_originals(int originals) {
     Q_EMIT changed();
 }
 
-const machine_job* machine_state::current_job() const {
-    for (const machine_job& job : jobs_) {
-        if (job.state == job_state::RUNNING || job.state == job_state::PAUSED) {
-            return &job;
-        }
-    }
-    return nullptr;
-}
-
-machine_job* machine_state::current() {
-    return const_cast<machine_job*>(current_job());
-}
-
 void machine_state::add_job(machine_job job) {
-    job.number = jobs_.empty() ? 1 : jobs_.back().number + 1;
     job.originals = originals_;
     job.begun = clock();
-    jobs_.push_back(std::move(job));
-    begin_waiting_job();
+    jobs_.add(std::move(job));
     Q_EMIT changed();
-}
-
-void machine_state::begin_waiting_job() {
-    if (current_job()) {
-        return;
-    }
-    for (machine_job& job : jobs_) {
-        if (job.state == job_state::WAITING) {
-            job.state = job_state::RUNNING;
-            return;
-        }
-    }
 }
 
 bool machine_state::start_copy() {
@@ -221,25 +171,20 @@ bool machine_state::start_fax() {
 }
 
 void machine_state::pause_job() {
-    machine_job* job = current();
-    if (job && job->state == job_state::RUNNING) {
-        job->state = job_state::PAUSED;
+    if (jobs_.change_state(job_state::RUNNING, job_state::PAUSED)) {
         Q_EMIT changed();
     }
 }
 
 void machine_state::resume_job() {
-    machine_job* job = current();
-    if (job && job->state == job_state::PAUSED) {
-        job->state = job_state::RUNNING;
+    if (jobs_.change_state(job_state::PAUSED, job_state::RUNNING)) {
         Q_EMIT changed();
     }
 }
 
 void machine_state::cancel_job() {
-    if (machine_job* job = current()) {
-        job->state = job_state::CANCELED;
-        begin_waiting_job();
+    if (jobs_.current()) {
+        jobs_.end_current(job_state::CANCELED);
         Q_EMIT changed();
     }
 }
@@ -269,18 +214,19 @@ void machine_state::clear_jam() {
     Q_EMIT changed();
 }
 
-paper_tray* machine_state::tray_of(const machine_job& job) {
+/** @return the place of the tray, or the number of trays when none has paper for the job */
+std::size_t machine_state::tray_of(const machine_job& job) const {
     const auto has_paper = [&job](const paper_tray& tray) {
         return job.tray == 0 ? tray.size == paper_size::A4 && tray.sheets > 0
                              : tray.number == job.tray && tray.sheets > 0;
     };
     const auto found = std::find_if(trays_.begin(), trays_.end(), has_paper);
-    return found == trays_.end() ? nullptr : &*found;
+    return static_cast<std::size_t>(found - trays_.begin());
 }
 
 bool machine_state::lacks_paper() const {
     const machine_job* job = current_job();
-    return job && job->kind == job_kind::COPY && !const_cast<machine_state*>(this)->tray_of(*job);
+    return job && job->kind == job_kind::COPY && tray_of(*job) == trays_.size();
 }
 
 void machine_state::set_tray(const paper_tray& tray) {
@@ -350,17 +296,17 @@ void machine_state::step() {
 }
 
 void machine_state::work() {
-    machine_job& job = *current();
+    machine_job& job = *jobs_.current();
     const int pages_before = job.pages_done();
     ++job.steps;
     if (job.kind == job_kind::COPY && job.pages_done() > pages_before) {
-        if (paper_tray* tray = tray_of(job)) {
-            --tray->sheets;
+        const std::size_t tray = tray_of(job);
+        if (tray < trays_.size()) {
+            --trays_[tray].sheets;
         }
     }
     if (job.steps >= job.all_steps()) {
-        job.state = job_state::COMPLETED;
-        begin_waiting_job();
+        jobs_.end_current(job_state::COMPLETED);
     }
 }
 

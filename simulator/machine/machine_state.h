@@ -3,7 +3,7 @@
 
 #include "device_protocol.h"
 #include "dvc_pnl_dec_types.h"
-#include "machine_job.h"
+#include "job_list.h"
 #include "machine_settings.h"
 #include "paper_jam.h"
 #include "supplies.h"
@@ -49,9 +49,9 @@ public:
     void set_originals(int originals);
 
     /** Every job, the newest last; those that wait begin in this order. */
-    const std::vector<machine_job>& jobs() const { return jobs_; }
+    const std::vector<machine_job>& jobs() const { return jobs_.all(); }
     /** The job that runs or is paused, or null. */
-    const machine_job* current_job() const;
+    const machine_job* current_job() const { return jobs_.current(); }
 
     /** Each begins a job with the settings of its kind, or puts it behind the current one. @return whether
      * the settings and the originals allow it */
@@ -106,17 +106,15 @@ Q_SIGNALS:
 
 private:
     void add_job(machine_job job);
-    void begin_waiting_job();
     void work();
-    machine_job* current();
-    paper_tray* tray_of(const machine_job& job);
+    std::size_t tray_of(const machine_job& job) const;
     bool lacks_paper() const;
 
     int steps_ = 0;
     bool is_asleep_ = false;
     int originals_ = 3;
     int received_faxes_ = 0;
-    std::vector<machine_job> jobs_;
+    job_list jobs_;
     std::optional<paper_jam> jam_;
     std::vector<paper_tray> trays_;
     std::vector<toner_bottle> toner_;

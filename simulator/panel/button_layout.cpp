@@ -12,6 +12,7 @@ constexpr int TILE_WIDTH = 112;  // dp
 constexpr int TILE_TEXT = 36;    // dp: two lines
 constexpr int SETTING_NAME = 16; // dp
 constexpr int SETTING_HEIGHT = 52;
+constexpr int VALUE_SHARE = 50; // % of a row's text
 
 QRect square(const QRect& rect, int size) {
     QRect box(0, 0, size, size);
@@ -33,14 +34,14 @@ button_boxes lay_out_tile(const QRect& rect) {
 }
 
 /** Picture and text in the middle, as one. */
-button_boxes lay_out_text(const QRect& rect, bool has_picture, const text_block& text) {
+button_boxes lay_out_text(const QRect& rect, const button_content& content) {
     button_boxes boxes;
     const int side = px(grid::space);
     boxes.text = rect.adjusted(side, px(grid::gap), -side, -px(grid::gap));
-    if (has_picture) {
+    if (content.has_picture) {
         const int picture = px(grid::icon);
         const int room = boxes.text.width() - picture - side;
-        const int width = qMin(room, text.size_hint(room).width());
+        const int width = qMin(room, content.text.size_hint(room).width());
         boxes.picture = square(rect, picture);
         boxes.picture.moveLeft(rect.left() + (rect.width() - picture - side - width) / 2);
         boxes.text.setLeft(boxes.picture.right() + 1 + side);
@@ -49,11 +50,11 @@ button_boxes lay_out_text(const QRect& rect, bool has_picture, const text_block&
     return boxes;
 }
 
-button_boxes lay_out_row(const QRect& rect, bool has_picture) {
+button_boxes lay_out_row(const QRect& rect, const button_content& content) {
     button_boxes boxes;
     const int side = px(grid::margin);
     boxes.text = rect.adjusted(side, px(grid::gap), -side, -px(grid::gap));
-    if (has_picture) {
+    if (content.has_picture) {
         boxes.picture = square(rect, px(grid::icon));
         boxes.picture.moveLeft(rect.left() + side);
         boxes.text.setLeft(boxes.picture.right() + 1 + side);
@@ -61,9 +62,33 @@ button_boxes lay_out_row(const QRect& rect, bool has_picture) {
     return boxes;
 }
 
+button_boxes lay_out_row_with_value(const QRect& rect, const button_content& content) {
+    button_boxes boxes = lay_out_row(rect, content);
+    if (!content.value.text().isEmpty()) {
+        boxes.value = boxes.text;
+        const int most = boxes.text.width() * VALUE_SHARE / 100;
+        boxes.value.setLeft(boxes.text.right() + 1 - qMin(most, content.value.size_hint(most).width() + 1));
+        boxes.text.setRight(boxes.value.left() - px(grid::space));
+    }
+    return boxes;
+}
+
+/** Name and value stand together in the middle. */
+button_boxes lay_out_setting(const QRect& rect, const button_content& content) {
+    button_boxes boxes = lay_out_row(rect, content);
+    const int name = px(SETTING_NAME);
+    const int room = boxes.text.height() - name;
+    const int value = qMin(room, content.value.size_hint(boxes.text.width()).height());
+    boxes.text.setTop(boxes.text.top() + (room - value) / 2);
+    boxes.text.setHeight(name);
+    boxes.value = boxes.text.translated(0, name);
+    boxes.value.setHeight(value);
+    return boxes;
+}
+
 } // namespace
 
-button_boxes lay_out_button(button_form form, const QRect& rect, bool has_picture, const text_block& text,
+button_boxes lay_out_button(button_form form, const QRect& rect, const button_content& content,
                             Qt::LayoutDirection direction) {
     button_boxes boxes;
     switch (form) {
@@ -74,16 +99,13 @@ button_boxes lay_out_button(button_form form, const QRect& rect, bool has_pictur
         boxes.picture = square(rect, px(grid::icon));
         break;
     case button_form::ROW:
-        boxes = lay_out_row(rect, has_picture);
+        boxes = lay_out_row_with_value(rect, content);
         break;
     case button_form::SETTING:
-        boxes = lay_out_row(rect, has_picture);
-        boxes.value = boxes.text;
-        boxes.text.setHeight(px(SETTING_NAME));
-        boxes.value.setTop(boxes.text.bottom() + 1);
+        boxes = lay_out_setting(rect, content);
         break;
     case button_form::TEXT:
-        boxes = lay_out_text(rect, has_picture, text);
+        boxes = lay_out_text(rect, content);
         break;
     }
     for (QRect* box : {&boxes.picture, &boxes.text, &boxes.value}) {
@@ -92,9 +114,9 @@ button_boxes lay_out_button(button_form form, const QRect& rect, bool has_pictur
     return boxes;
 }
 
-QSize size_of_button(button_form form, bool has_picture, const text_block& text) {
-    const QSize needed = text.size_hint(PANEL_SIZE.width());
-    const int picture = has_picture ? px(grid::icon + grid::space) : 0;
+QSize size_of_button(button_form form, const button_content& content) {
+    const QSize needed = content.text.size_hint(PANEL_SIZE.width());
+    const int picture = content.has_picture ? px(grid::icon + grid::space) : 0;
     switch (form) {
     case button_form::TILE:
         return {px(TILE_WIDTH), px(grid::large_icon + TILE_TEXT + 3 * grid::space)};

@@ -10,7 +10,7 @@ namespace velarion {
 /** How picture and texts of a button stand. */
 enum class button_form {
     TEXT,    ///< text, behind a picture if there is one, in the middle
-    ROW,     ///< picture at the near end, the text beside it
+    ROW,     ///< picture at the near end, the text beside it, a value at the far end
     TILE,    ///< picture above the text
     SETTING, ///< picture at the near end, beside it the name of a setting above its value
     PICTURE  ///< picture alone
@@ -23,11 +23,18 @@ struct button_boxes {
     QRect value;
 };
 
-button_boxes lay_out_button(button_form form, const QRect& rect, bool has_picture, const text_block& text,
+/** What a button shows. */
+struct button_content {
+    bool has_picture;
+    const text_block& text;
+    const text_block& value;
+};
+
+button_boxes lay_out_button(button_form form, const QRect& rect, const button_content& content,
                             Qt::LayoutDirection direction);
 
 /** The size at which a button shows everything at its own step of the type scale, px. */
-QSize size_of_button(button_form form, bool has_picture, const text_block& text);
+QSize size_of_button(button_form form, const button_content& content);
 
 } // namespace velarion
 

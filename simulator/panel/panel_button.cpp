@@ -42,7 +42,8 @@ panel_button::panel_button(const char* name, button_form form, const message_tex
     , ground_(GROUND)
     , picture_(picture)
     , text_(text_of(form))
-    , value_(text_role::BUTTON, Qt::AlignLeading | Qt::AlignVCenter, true)
+    , value_(text_role::BUTTON,
+             (form == button_form::ROW ? Qt::AlignTrailing : Qt::AlignLeading) | Qt::AlignVCenter, true)
     , badge_(text_role::CAPTION, Qt::AlignCenter) {
     setObjectName(QLatin1String(name));
     setFocusPolicy(Qt::StrongFocus);
@@ -102,6 +103,11 @@ bool panel_button::is_lit() const {
     return isEnabled() && (isDown() || is_primary_);
 }
 
+void panel_button::set_alert(bool is_alert) {
+    is_alert_ = is_alert;
+    update();
+}
+
 void panel_button::choose_state() {
     ground_.set_picture(QLatin1String(!isEnabled()  ? GROUND_DISABLED
                                       : is_lit()    ? GROUND_PRESSED
@@ -112,7 +118,7 @@ void panel_button::choose_state() {
 }
 
 button_boxes panel_button::boxes() const {
-    return lay_out_button(form_, rect(), !picture_.is_empty(), text_, layoutDirection());
+    return lay_out_button(form_, rect(), content(), layoutDirection());
 }
 
 QRect panel_button::badge_box(const QRect& picture) const {
@@ -124,7 +130,7 @@ QRect panel_button::badge_box(const QRect& picture) const {
 }
 
 QSize panel_button::sizeHint() const {
-    return size_of_button(form_, !picture_.is_empty(), text_);
+    return size_of_button(form_, content());
 }
 
 void panel_button::describe(panel_contents& contents) const {
@@ -178,18 +184,26 @@ void panel_button::draw_badge(QPainter& painter, const QRect& box) const {
     badge_.draw(painter, box, colors::on_accent, layoutDirection());
 }
 
-void panel_button::paintEvent(QPaintEvent*) {
-    QPainter painter(this);
-    const button_boxes places = boxes();
-    if (shows_ground()) {
+void panel_button::draw_own_ground(QPainter& painter) const {
+    painter.setRenderHint(QPainter::Antialiasing);
+    if (is_alert_ && !isDown()) {
+        painter.setPen(QPen(colors::error, 2));
+        painter.setBrush(colors::error_surface);
+        painter.drawRoundedRect(rect().adjusted(1, 1, -1, -1), RADIUS, RADIUS);
+    } else if (shows_ground()) {
         ground_.draw_ground(painter, rect());
     }
     if (is_primary_ && isDown()) {
-        painter.setRenderHint(QPainter::Antialiasing);
         painter.setPen(Qt::NoPen);
         painter.setBrush(QColor::fromRgbF(1, 1, 1, SHEEN));
         painter.drawRoundedRect(rect(), RADIUS, RADIUS);
     }
+}
+
+void panel_button::paintEvent(QPaintEvent*) {
+    QPainter painter(this);
+    const button_boxes places = boxes();
+    draw_own_ground(painter);
     picture_.draw(painter, places.picture);
     if (form_ != button_form::PICTURE) {
         const QColor color = !isEnabled() ? colors::disabled_text

@@ -22,7 +22,7 @@ public:
     panel_button(const char* name, button_form form, const message_text& text = {}, const char* picture = "");
 
     void set_message(const message_text& text);
-    /** The value that a button of the form SETTING shows below its text. */
+    /** The value that a button of the form SETTING shows below its text, one of the form ROW at its end. */
     void set_value(const message_text& value);
     /** @param role  of the text */
     void set_role(text_role role);
@@ -32,6 +32,8 @@ public:
     void set_ground(bool has_ground);
     /** @param is_primary  the one button of a screen that does its work */
     void set_primary(bool is_primary);
+    /** @param is_alert  it tells of a fault */
+    void set_alert(bool is_alert);
     /** A number or sign at the picture's corner; empty: none. */
     void set_badge(const QString& badge);
 
@@ -51,12 +53,15 @@ private:
     bool shows_ground() const;
     bool is_lit() const;
     button_boxes boxes() const;
+    void draw_own_ground(QPainter& painter) const;
+    button_content content() const { return {!picture_.is_empty(), text_, value_}; }
     QRect badge_box(const QRect& picture) const;
     void draw_badge(QPainter& painter, const QRect& box) const;
 
     button_form form_;
     bool has_ground_ = true;
     bool is_primary_ = false;
+    bool is_alert_ = false;
     picture_block ground_;
     picture_block picture_;
     text_block text_;

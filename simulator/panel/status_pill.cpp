@@ -38,7 +38,7 @@ void status_pill::refresh() {
     color_ = color;
     is_fault_ = color == colors::error;
     text_.set_message(text);
-    picture_.set_picture(QLatin1String(condition_picture(machine_)), QLatin1String(is_fault_ ? "_on" : ""));
+    picture_.set_picture(QLatin1String(condition_picture(machine_)));
     updateGeometry();
     update();
 }
@@ -98,10 +98,10 @@ void status_pill::paintEvent(QPaintEvent*) {
     painter.setRenderHint(QPainter::Antialiasing);
     const QRectF pill = QRectF(pill_box()).adjusted(1, 1, -1, -1);
     painter.setPen(QPen(color_, 1.5));
-    painter.setBrush(is_fault_ ? color_ : isDown() ? colors::line : colors::background);
+    painter.setBrush(isDown() ? colors::line : is_fault_ ? colors::error_surface : colors::background);
     painter.drawRoundedRect(pill, pill.height() / 2, pill.height() / 2);
     picture_.draw(painter, picture_box());
-    text_.draw(painter, text_box(), is_fault_ ? colors::on_accent : colors::text, layoutDirection());
+    text_.draw(painter, text_box(), colors::text, layoutDirection());
     draw_focus_ring(painter, *this, pill_box());
 }
 

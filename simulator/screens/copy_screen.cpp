@@ -18,7 +18,7 @@
 namespace velarion {
 
 copy_screen::copy_screen(const panel_context& context)
-    : function_screen(context)
+    : function_screen(context, job_kind::COPY)
     , copies_(new stepper(QStringLiteral("copies"), 1, MOST_COPIES))
     , color_(make_setting("color", "66", "710"))
     , ratio_(make_setting("ratio", "91", "725"))

@@ -32,7 +32,7 @@ constexpr pad_key PAD[] = {{1, "digit_1"}, {2, "digit_2"},     {3, "digit_3"}, {
 } // namespace
 
 fax_screen::fax_screen(const panel_context& context)
-    : function_screen(context)
+    : function_screen(context, job_kind::FAX)
     , number_(new text_field("number"))
     , resolution_(
           new choice_bar({{"standard", "240"}, {"fine", "241"}})) { // MSG_NORMAL_FAX_ITEM_RESOLUTION_...

@@ -28,8 +28,9 @@ constexpr int HINT_HEIGHT = 32;          // dp: two lines
 
 } // namespace
 
-function_screen::function_screen(const panel_context& context)
+function_screen::function_screen(const panel_context& context, job_kind kind)
     : panel_screen(context)
+    , kind_(kind)
     , near_side_(new QHBoxLayout)
     , card_(new QVBoxLayout)
     , hint_(new message_label(text_role::CAPTION))
@@ -55,11 +56,10 @@ function_screen::function_screen(const panel_context& context)
     card->column().addWidget(start_);
     auto* row = new QHBoxLayout;
     row->setSpacing(px(grid::space));
-    auto* reset = new panel_button("reset", button_form::TEXT, "34", RESET_PICTURE); // MSG_CMN_RESET_TEXT
-    for (panel_button* button : {stop_, reset}) {
-        button->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
-        row->addWidget(button, 1);
-    }
+    auto* reset = new panel_button("reset", button_form::PICTURE, {}, RESET_PICTURE);
+    stop_->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
+    row->addWidget(stop_, 1);
+    row->addWidget(reset);
     card->column().addLayout(row);
     connect(start_, &QAbstractButton::clicked, this, [this] { start(); });
     connect(stop_, &QAbstractButton::clicked, this, [this] { ask_to_stop(frame(), machine()); });
@@ -80,7 +80,8 @@ void function_screen::show_state(bool can_start, const message_text& hint) {
     hint_->set_message(is_ready ? hint : condition_text(machine()));
     progress_->set_percent(job ? job->percent() : 0);
     progress_->setVisible(job);
-    start_->setEnabled(can_start && (is_ready || job) && !machine().jam());
+    const bool is_at_work = job && job->kind == kind_; // another function's job is waited for
+    start_->setEnabled(can_start && !is_at_work && !machine().jam());
     stop_->setEnabled(job);
 }
 

@@ -2,6 +2,7 @@
 #define FUNCTION_SCREEN_H
 
 #include "choice_dialog.h"
+#include "machine_job.h"
 #include "panel_screen.h"
 #include "setting_texts.h"
 
@@ -17,7 +18,8 @@ class progress_bar;
 /** A function of the machine: its settings on the near side, on the far side a card with what starts it. */
 class function_screen : public panel_screen {
 public:
-    explicit function_screen(const panel_context& context);
+    /** @param kind  of the jobs that it starts */
+    function_screen(const panel_context& context, job_kind kind);
 
     /** Start, stop and reset. */
     bool take_key(int key) override;
@@ -48,6 +50,7 @@ protected:
     }
 
 private:
+    job_kind kind_;
     QHBoxLayout* near_side_;
     QVBoxLayout* card_;
     message_label* hint_;

@@ -1,8 +1,8 @@
 #include "scan_screen.h"
 
 #include "machine_state.h"
-#include "message_label.h"
 #include "panel_button.h"
+#include "picture_view.h"
 #include "theme.h"
 #include "units.h"
 
@@ -14,6 +14,7 @@ namespace velarion {
 
 namespace {
 
+constexpr QSize FEEDER(132, 100);         // dp
 constexpr char MAIL_PICTURE[] = "4157";   // ICON_..._COMMON_MAIL
 constexpr char FOLDER_PICTURE[] = "4134"; // ..._SHARED_FOLDER
 
@@ -24,26 +25,26 @@ const char* picture_of(const QString& destination) {
 } // namespace
 
 scan_screen::scan_screen(const panel_context& context)
-    : function_screen(context)
+    : function_screen(context, job_kind::SCAN)
     , destination_(
           make_setting("destination", "209", MAIL_PICTURE)) // MSG_NORMAL_SCAN_TITLE_SELECT_DESTINATION
     , color_(make_setting("color", "66", "710"))
     , format_(make_setting("format", "204", "4160"))
-    , resolution_(make_setting("resolution", "203", "867")) {
+    , resolution_(make_setting("resolution", "203", "867"))
+    , original_(make_setting("original", "217", "706")) {
     auto* layout = new QGridLayout;
     layout->setSpacing(px(grid::space));
     layout->addWidget(destination_, 0, 0, 1, 2);
     layout->addWidget(color_, 1, 0);
     layout->addWidget(format_, 1, 1);
     layout->addWidget(resolution_, 2, 0);
+    layout->addWidget(original_, 2, 1);
     for (int row = 0; row < layout->rowCount(); ++row) {
         layout->setRowStretch(row, 1);
     }
     near_side().addLayout(layout);
-    auto* originals = new message_label(text_role::TITLE);
-    originals->set_wraps(true);
-    originals->set_message("202"); // MSG_NORMAL_SCAN_TITLE_SEND_SETTINGS
-    card().addWidget(originals);
+    card().addWidget(new picture_view(FEEDER, "2125"), 0,
+                     Qt::AlignHCenter); // ICON_..._ILLUSTRATION_ORIGINAL_ADF
     connect(destination_, &QAbstractButton::clicked, this, [this] { ask_destination(); });
     connect(color_, &QAbstractButton::clicked, this, [this] {
         ask_value("66", color_modes(), machine().scan().color,
@@ -57,6 +58,11 @@ scan_screen::scan_screen(const panel_context& context)
     connect(resolution_, &QAbstractButton::clicked, this, [this] {
         ask_value("203", resolutions(), machine().scan().resolution,
                   [this](int value) { change([value](scan_settings& scan) { scan.resolution = value; }); });
+    });
+    connect(original_, &QAbstractButton::clicked, this, [this] {
+        ask_value("217", original_types(), machine().scan().original, [this](original_type value) {
+            change([value](scan_settings& scan) { scan.original = value; });
+        });
     });
     connect(&machine(), &machine_state::changed, this, [this] { refresh(); });
     refresh();
@@ -99,6 +105,7 @@ void scan_screen::refresh() {
     color_->set_value(text_of(color_modes(), scan.color));
     format_->set_value(text_of(file_formats(), scan.format));
     resolution_->set_value(text_of(resolutions(), scan.resolution));
+    original_->set_value(text_of(original_types(), scan.original));
     const bool has_originals = machine().originals() > 0;
     // MSG_NORMAL_STATUS_READY_TO_SCAN, MSG_NOTICE_BASIC_SELECT_DESTINATION_FIRST,
     // MSG_NORMAL_STATUS_PLACE_ORIGINAL

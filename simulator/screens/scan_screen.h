@@ -23,6 +23,7 @@ private:
     panel_button* color_;
     panel_button* format_;
     panel_button* resolution_;
+    panel_button* original_;
 };
 
 } // namespace velarion

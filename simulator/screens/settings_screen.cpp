@@ -20,11 +20,11 @@ struct settings_entry {
 constexpr settings_entry ENTRIES[] = {
     {"settings_language", "25",
      "19"}, // ICON_NORMAL_OTHER_GLOBAL_NAVIGATION_LANGUAGE, MSG_NORMAL_TITLE_DISPLAY_LANGUAGE
-    {"settings_sounds", "4144", "15069"},  // ICON_CMN_OTHER_SOUND, MSG_NORMAL_DEVICE_SOUND_TITLE
-    {"settings_network", "27", "10422"}, // ..._NETWORK, MSG_NORMAL_NET_TITLE
-    {"trays", "23", "337"},              // ..._TONER, MSG_NORMAL_SUPPLY_TITLE_SUPPLY_LEVELS
-    {"hardware_test", "4116", "31394"},    // ..._WRENCH, "Operation panel"
-    {"help", "12", "12"},                  // MSG_NORMAL_TITLE_HELP
+    {"settings_sounds", "4144", "15069"}, // ICON_CMN_OTHER_SOUND, MSG_NORMAL_DEVICE_SOUND_TITLE
+    {"settings_network", "27", "10422"},  // ..._NETWORK, MSG_NORMAL_NET_TITLE
+    {"trays", "23", "337"},               // ..._TONER, MSG_NORMAL_SUPPLY_TITLE_SUPPLY_LEVELS
+    {"hardware_test", "4116", "31394"},   // ..._WRENCH, "Operation panel"
+    {"help", "12", "12"},                 // MSG_NORMAL_TITLE_HELP
 };
 
 } // namespace

@@ -23,7 +23,7 @@ namespace velarion {
 
 namespace {
 
-constexpr QSize MOVIE(72, 72); // dp
+constexpr QSize MOVIE(50, 50); // dp: the movies' own 64 px
 
 } // namespace
 
@@ -43,6 +43,8 @@ status_screen::status_screen(const panel_context& context)
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(px(grid::margin), px(grid::margin), px(grid::margin), px(grid::margin));
     layout->setSpacing(px(grid::margin));
+    fault_->set_alert(true);
+    fault_->setFixedHeight(px(grid::navigation));
     layout->addWidget(fault_);
     auto* columns = new QHBoxLayout;
     columns->setSpacing(px(2 * grid::margin));
