@@ -2,7 +2,15 @@
 
 #include "dvc_pnl_rmg_language_resource.h"
 
+#include <QGuiApplication>
+
 namespace velarion {
+
+namespace {
+
+constexpr QChar LEFT_TO_RIGHT_MARK(0x200e);
+
+} // namespace
 
 message_text message_text::literal(const QString& text) {
     message_text made;
@@ -10,9 +18,16 @@ message_text message_text::literal(const QString& text) {
     return made;
 }
 
+message_text message_text::ordered(const QString& text) {
+    message_text made = literal(text);
+    made.is_ordered_ = true;
+    return made;
+}
+
 QString message_text::read() const {
     if (!is_message()) {
-        return literal_;
+        const bool is_turned = is_ordered_ && QGuiApplication::layoutDirection() == Qt::RightToLeft;
+        return is_turned ? LEFT_TO_RIGHT_MARK + literal_ + LEFT_TO_RIGHT_MARK : literal_;
     }
     QString text = dvc_pnl_rmg_language_resource::dvc_pnl_rmg_get_instance()->dvc_pnl_rmg_get_message(
         id_.toLatin1().constData());

@@ -23,6 +23,9 @@ public:
     /** A text that is no message: the same in every language. */
     static message_text literal(const QString& text);
 
+    /** The same for an address or a number, whose parts keep their order in every language. */
+    static message_text ordered(const QString& text);
+
     /** The text in the language in force, its placeholders filled. */
     QString read() const;
 
@@ -32,13 +35,15 @@ public:
     const QStringList& arguments() const { return arguments_; }
 
     bool operator==(const message_text& other) const {
-        return id_ == other.id_ && arguments_ == other.arguments_ && literal_ == other.literal_;
+        return id_ == other.id_ && arguments_ == other.arguments_ && literal_ == other.literal_ &&
+               is_ordered_ == other.is_ordered_;
     }
 
 private:
     QString id_;
     QStringList arguments_;
     QString literal_;
+    bool is_ordered_ = false;
 };
 
 } // namespace velarion

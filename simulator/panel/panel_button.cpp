@@ -18,7 +18,7 @@ constexpr char GROUND_PRESSED[] = "124";  // ..._PRESSED
 constexpr char GROUND_SELECTED[] = "125"; // ..._SELECTED
 constexpr char GROUND_DISABLED[] = "126"; // ..._DISABLE
 
-constexpr int BADGE = 14;      // dp
+constexpr int BADGE = 16;      // dp
 constexpr double SHEEN = 0.3;  // of white on a primary button that is pressed
 constexpr double RADIUS = 7.0; // px, of the grounds' corners
 
@@ -101,6 +101,11 @@ bool panel_button::shows_ground() const {
 
 bool panel_button::is_lit() const {
     return isEnabled() && (isDown() || is_primary_);
+}
+
+void panel_button::set_picture_follows_direction(bool follows_direction) {
+    follows_direction_ = follows_direction;
+    update();
 }
 
 void panel_button::set_alert(bool is_alert) {
@@ -204,7 +209,7 @@ void panel_button::paintEvent(QPaintEvent*) {
     QPainter painter(this);
     const button_boxes places = boxes();
     draw_own_ground(painter);
-    picture_.draw(painter, places.picture);
+    picture_.draw(painter, places.picture, follows_direction_ ? layoutDirection() : Qt::LeftToRight);
     if (form_ != button_form::PICTURE) {
         const QColor color = !isEnabled() ? colors::disabled_text
                              : is_lit()   ? colors::on_accent

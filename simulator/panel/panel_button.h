@@ -32,6 +32,8 @@ public:
     void set_ground(bool has_ground);
     /** @param is_primary  the one button of a screen that does its work */
     void set_primary(bool is_primary);
+    /** @param follows_direction  the picture is an arrow, mirrored from right to left */
+    void set_picture_follows_direction(bool follows_direction);
     /** @param is_alert  it tells of a fault */
     void set_alert(bool is_alert);
     /** A number or sign at the picture's corner; empty: none. */
@@ -62,6 +64,7 @@ private:
     bool has_ground_ = true;
     bool is_primary_ = false;
     bool is_alert_ = false;
+    bool follows_direction_ = false;
     picture_block ground_;
     picture_block picture_;
     text_block text_;

@@ -12,6 +12,14 @@ namespace {
 
 constexpr int GROUND_CORNER = 14; // px of a component's picture that are not stretched
 
+/** Has what is painted into a box mirrored there, when it reads from right to left. */
+void turn(QPainter& painter, const QRect& box, Qt::LayoutDirection direction) {
+    if (direction == Qt::RightToLeft) {
+        painter.translate(2 * box.left() + box.width(), 0);
+        painter.scale(-1, 1);
+    }
+}
+
 } // namespace
 
 void picture_block::set_picture(const QString& id, const QString& suffix) {
@@ -41,10 +49,13 @@ void picture_block::load(const QSize& size) const {
     shown_.result = result;
 }
 
-void picture_block::draw(QPainter& painter, const QRect& box) const {
+void picture_block::draw(QPainter& painter, const QRect& box, Qt::LayoutDirection direction) const {
     if (!is_empty() && !box.isEmpty()) {
         load(box.size());
+        painter.save();
+        turn(painter, box, direction);
         painter.drawPixmap(box.topLeft(), pixmap_);
+        painter.restore();
     }
 }
 
@@ -55,13 +66,8 @@ void picture_block::draw_ground(QPainter& painter, const QRect& box, Qt::LayoutD
     }
     const int corner = qMin(GROUND_CORNER, qMin(pixmap_.width(), pixmap_.height()) / 2 - 1);
     const QMargins margins(corner, corner, corner, corner);
-    if (direction == Qt::LeftToRight) {
-        qDrawBorderPixmap(&painter, box, margins, pixmap_);
-        return;
-    }
     painter.save();
-    painter.translate(2 * box.left() + box.width(), 0);
-    painter.scale(-1, 1);
+    turn(painter, box, direction);
     qDrawBorderPixmap(&painter, box, margins, pixmap_);
     painter.restore();
 }

@@ -23,8 +23,8 @@ public:
     bool is_empty() const { return id_.isEmpty(); }
     void reload() { is_loaded_ = false; }
 
-    /** Draws the picture, filling the box, which is px. */
-    void draw(QPainter& painter, const QRect& box) const;
+    /** Draws the picture, filling the box, which is px; mirrored from right to left. */
+    void draw(QPainter& painter, const QRect& box, Qt::LayoutDirection direction = Qt::LeftToRight) const;
     /** Draws a component's ground: its corners as they are, its middle stretched; mirrored from right to
      * left. */
     void draw_ground(QPainter& painter, const QRect& box,

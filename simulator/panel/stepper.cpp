@@ -13,6 +13,7 @@ namespace {
 constexpr char LESS[] = "4086";  // ICON_CMN_OTHER_COMMON_MINUS
 constexpr char MORE[] = "4085";  // ..._PLUS
 constexpr int BUTTON_SIZE = 44;  // dp
+constexpr int HEIGHT = 52;       // dp: large digits of every font
 constexpr int REPEAT_TIME = 100; // ms
 
 } // namespace
@@ -24,6 +25,7 @@ stepper::stepper(const QString& name, int least, int most)
     , less_(make_button(name + QStringLiteral("_less"), LESS, -1))
     , more_(make_button(name + QStringLiteral("_more"), MORE, 1))
     , number_(new message_label(text_role::NUMBER, Qt::AlignCenter)) {
+    setFixedHeight(px(HEIGHT));
     auto* layout = new QHBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->setSpacing(px(grid::gap));

@@ -24,6 +24,7 @@ title_bar::title_bar(const machine_state& machine)
     layout->setContentsMargins(px(grid::margin), 0, px(grid::margin), 0);
     layout->setSpacing(px(grid::space));
     back_->set_ground(false);
+    back_->set_picture_follows_direction(true);
     connect(back_, &QAbstractButton::clicked, this, &title_bar::back_wanted);
     auto* pill = new status_pill(machine);
     connect(pill, &QAbstractButton::clicked, this, &title_bar::status_wanted);

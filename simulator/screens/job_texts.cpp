@@ -37,7 +37,7 @@ QString movie_of(const machine_job& job) {
 }
 
 message_text short_text_of(const machine_job& job) {
-    return job.destination.isEmpty() ? name_of(job.kind) : message_text::literal(job.destination);
+    return job.destination.isEmpty() ? name_of(job.kind) : message_text::ordered(job.destination);
 }
 
 message_text state_of(const machine_job& job) {
@@ -62,7 +62,7 @@ message_text detail_of(const machine_job& job) {
     if (job.kind == job_kind::COPY) {
         return {"135", {QString::number(job.all_pages() - job.pages_done())}}; // ..._REMAINING_SHEETS
     }
-    return message_text::literal(job.destination);
+    return message_text::ordered(job.destination);
 }
 
 } // namespace velarion

@@ -84,7 +84,7 @@ void scan_screen::ask_destination() {
         const int place = static_cast<int>(rows.size());
         rows.push_back({QStringLiteral("destination_%1").arg(place + 1),
                         QLatin1String(picture_of(destination)),
-                        message_text::literal(destination),
+                        message_text::ordered(destination),
                         {},
                         place == machine().scan().destination});
     }
@@ -101,7 +101,7 @@ void scan_screen::refresh() {
     const QString destination = machine().scan_destinations().value(scan.destination);
     const bool has_destination = !destination.isEmpty();
     destination_->set_picture(picture_of(destination));
-    destination_->set_value(has_destination ? message_text::literal(destination) : "48"); // MSG_CMN_NONE_TEXT
+    destination_->set_value(has_destination ? message_text::ordered(destination) : "48"); // MSG_CMN_NONE_TEXT
     color_->set_value(text_of(color_modes(), scan.color));
     format_->set_value(text_of(file_formats(), scan.format));
     resolution_->set_value(text_of(resolutions(), scan.resolution));

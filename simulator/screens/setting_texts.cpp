@@ -5,7 +5,7 @@ namespace velarion {
 namespace {
 
 message_text literal(const char* text) {
-    return message_text::literal(QString::fromUtf8(text));
+    return message_text::ordered(QString::fromUtf8(text));
 }
 
 } // namespace
@@ -90,7 +90,7 @@ message_text density_text(int density) {
     const QString sign = density < 0   ? QStringLiteral("\u2212")
                          : density > 0 ? QStringLiteral("+")
                                        : QString();
-    return message_text::literal(sign + QString::number(qAbs(density)));
+    return message_text::ordered(sign + QString::number(qAbs(density)));
 }
 
 QString size_name(paper_size size) {

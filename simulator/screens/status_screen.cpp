@@ -122,14 +122,16 @@ void status_screen::refresh() {
 void status_screen::show_job() {
     const machine_job* job = machine().current_job();
     const bool is_paused = job && job->state == job_state::PAUSED;
-    const QString movie = job && !machine().jam() && !is_paused ? movie_of(*job) : QString();
+    const bool is_faulty = fault_->isVisibleTo(this);
+    const QString movie = job && !is_faulty && !is_paused ? movie_of(*job) : QString();
     movie_->setVisible(!movie.isEmpty());
     movie_->set_movie(movie);
     picture_->setVisible(movie.isEmpty());
     picture_->set_picture(QLatin1String(job ? picture_of(job->kind) : "16")); // ..._GLOBAL_NAVIGATION_STATUS
     kind_->set_message(job ? name_of(job->kind) : condition_text(machine()));
-    state_->set_message(job ? condition_text(machine())
-                            : message_text("21")); // MSG_NORMAL_HOME_SELECT_FUNCTION
+    state_->set_message(is_faulty && job ? "320"
+                        : job            ? condition_text(machine())
+                                         : message_text("21")); // MSG_NORMAL_HOME_SELECT_FUNCTION
     detail_->set_message(job ? detail_of(*job) : message_text());
     progress_->setVisible(job);
     progress_->set_percent(job ? job->percent() : 0);
@@ -138,7 +140,7 @@ void status_screen::show_job() {
                       [](const machine_job& one) { return one.state == job_state::WAITING; });
     waiting_->set_message(waiting > 0 ? message_text("143", {QString::number(waiting)}) : message_text());
     resume_->setVisible(is_paused);
-    stop_->setEnabled(job);
+    stop_->setVisible(job);
 }
 
 void status_screen::show_history() {
