@@ -1,6 +1,7 @@
 #include "event_loop_queue.h"
 
 #include <cerrno>
+#include <chrono>
 #include <sys/eventfd.h>
 #include <system_error>
 #include <utility>
@@ -8,6 +9,8 @@
 namespace velarion {
 
 namespace {
+
+constexpr std::chrono::milliseconds LONGEST_TURN(10);
 
 int open_wake() {
     const int descriptor = ::eventfd(0, EFD_CLOEXEC | EFD_NONBLOCK);
@@ -44,8 +47,13 @@ bool event_loop_queue::take(std::function<void()>& work) {
 void event_loop_queue::do_all() {
     eventfd_t count = 0;
     ::eventfd_read(wake_.get(), &count);
+    const auto end = std::chrono::steady_clock::now() + LONGEST_TURN;
     for (std::function<void()> work; take(work);) {
         work();
+        if (std::chrono::steady_clock::now() >= end) {
+            ::eventfd_write(wake_.get(), 1); // the rest after what else the event loop has to do
+            return;
+        }
     }
 }
 

@@ -13,8 +13,9 @@ namespace velarion {
 
 /**
  * Work that any thread leaves for the event loop of the thread that made this object. It is done one after
- * the other in the order it came, also by an event loop that one of them starts. What is left when this
- * object is destroyed is dropped.
+ * the other in the order it came, also by an event loop that one of them starts; much of it in several turns
+ * of the loop, so that its timers and its painting go on. What is left when this object is destroyed is
+ * dropped.
  *
  * The queue has a lock and a descriptor of its own in place of the toolkit's posted events, so that a thread
  * sanitizer sees what orders the two threads.
