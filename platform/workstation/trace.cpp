@@ -2,6 +2,7 @@
 
 #include "at_c_edge.h"
 #include "file_descriptor.h"
+#include "trace_watch.h"
 
 #include <atomic>
 #include <cerrno>
@@ -12,6 +13,7 @@
 #include <ctime>
 #include <fcntl.h>
 #include <mutex>
+#include <shared_mutex>
 #include <string>
 #include <sys/types.h>
 #include <unistd.h>
@@ -114,10 +116,30 @@ void report_once(const char* file, int error) {
     }
 }
 
-platform_code write_record(const std::string& line) {
+std::atomic<trace_watch*> watch{nullptr};
+
+/** Held for reading while the watch is called; never destroyed, as threads may outlive static objects. */
+std::shared_mutex& calling() {
+    static auto* const mutex = new std::shared_mutex;
+    return *mutex;
+}
+
+/** @return whether somebody shows the record */
+bool tell_watch(const std::string& record) {
+    if (!watch.load(std::memory_order_relaxed)) {
+        return false;
+    }
+    const std::shared_lock<std::shared_mutex> lock(calling());
+    trace_watch* const current = watch.load(std::memory_order_acquire);
+    return current && current->take_trace(record);
+}
+
+platform_code write_record(const std::string& record) {
+    const bool is_shown = tell_watch(record);
+    const std::string line = record + '\n';
     const char* const file = std::getenv("PANEL_TRACE_FILE");
     if (!file || !*file) {
-        return write_line(STDERR_FILENO, line);
+        return is_shown ? PLATFORM_OK : write_line(STDERR_FILENO, line);
     }
     // O_NONBLOCK: a FIFO that nobody reads is an error, not a standstill.
     const file_descriptor descriptor(
@@ -141,10 +163,17 @@ platform_code trace(int module, int group, int kind, const char* format, va_list
     }
     std::string line = record_head(module, group, kind);
     append_text(line, text);
-    return write_record(line + '\n');
+    return write_record(line);
 }
 
 } // namespace
+
+trace_watch::~trace_watch() = default;
+
+void velarion::set_trace_watch(trace_watch* next) {
+    const std::unique_lock<std::shared_mutex> lock(calling());
+    watch.store(next, std::memory_order_release);
+}
 
 int emwGENTrcPrintf(int module, int group, int kind, const char* format, ...) {
     const int callers_errno = errno;

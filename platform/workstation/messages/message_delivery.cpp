@@ -1,6 +1,7 @@
 #include "message_delivery.h"
 
 #include "message_socket.h"
+#include "message_watch.h"
 #include "platform_codes.h"
 #include "signal_block.h"
 
@@ -96,6 +97,7 @@ void message_delivery::serve_connection(int socket) {
 void message_delivery::dispatch(const ipc_header& header, char* message) {
     gen_ipc_msghdr head;
     std::memcpy(head.bytes, message, sizeof head.bytes);
+    tell_of_notification(message, header.length);
     receiver_.dispatch(header.func_id, message, header.length, head);
 }
 
