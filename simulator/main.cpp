@@ -1,14 +1,11 @@
 #include "headless_run.h"
-#include "panel_view.h"
-#include "panel_watch.h"
-#include "simulation.h"
 #include "simulator_options.h"
+#include "window_run.h"
 
 #include <QApplication>
 
 #include <algorithm>
 #include <cstring>
-#include <memory>
 
 namespace velarion {
 
@@ -33,17 +30,6 @@ bool choose_platform(int argc, char** argv) {
         qputenv("QT_QPA_PLATFORM", "offscreen");
     }
     return has_display;
-}
-
-int run_window(const simulator_options& options) {
-    simulation panel;
-    std::unique_ptr<panel_watch> watch;
-    if (options.watches) {
-        watch = std::make_unique<panel_watch>(panel);
-    }
-    panel_view view(panel.panel());
-    view.show();
-    return QApplication::exec();
 }
 
 } // namespace

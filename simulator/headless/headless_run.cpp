@@ -1,10 +1,13 @@
 #include "headless_run.h"
 
+#include "device_link.h"
+#include "device_script.h"
 #include "panel_report.h"
 #include "panel_stage.h"
 #include "review_page.h"
 #include "screen_pictures.h"
 #include "script_runner.h"
+#include "service_keeper.h"
 #include "simulation.h"
 
 #include <algorithm>
@@ -89,14 +92,19 @@ int write_review_page(panel_stage& stage, const simulator_options& options, cons
     return result == SIMULATOR_GOOD ? judge(report, options) : result;
 }
 
-int run_script(simulation& panel, panel_stage& stage, const simulator_options& options,
+int run_script(simulation& panel, panel_stage& stage, device_link& link, const simulator_options& options,
                const stage_plan& plan) {
     if (!options.languages.empty()) {
         stage.show_language(plan.languages.front());
     }
+    service_keeper service(link);
+    if (options.service) {
+        service.begin(*options.service);
+    }
     script_runner runner(panel);
     add_panel_commands(runner, panel, stage);
     add_panel_conditions(runner, panel, stage);
+    add_device_words(runner, link, service);
     return runner.run(options.script);
 }
 
@@ -106,7 +114,8 @@ int run_headless(const simulator_options& options) {
     if (options.lists_screens) {
         return list_screens();
     }
-    simulation panel;
+    device_link link; // which a script may start
+    simulation panel(&link);
     panel_stage stage(panel, options.direction);
     stage_plan plan;
     int result = make_plan(options, panel, plan);
@@ -123,7 +132,7 @@ int run_headless(const simulator_options& options) {
         result = write_panel_report(stage, options, plan);
     }
     if (result == SIMULATOR_GOOD && !options.script.isEmpty()) {
-        result = run_script(panel, stage, options, plan);
+        result = run_script(panel, stage, link, options, plan);
     }
     return result;
 }

@@ -3,10 +3,10 @@
 #include "simulator_options.h"
 
 #include <QCoreApplication>
-#include <QEventLoop>
 #include <QFile>
 #include <QProcess>
 #include <QTextStream>
+#include <QThread>
 
 #include <cstdio>
 
@@ -15,7 +15,7 @@ namespace velarion {
 namespace {
 
 constexpr int LONGEST_WAIT = 600; // steps that a condition is waited for
-constexpr int STEP_PAUSE = 10;    // ms of a step, so that what other processes do can come in
+constexpr int STEP_PAUSE = 10;    // ms between them, in which other processes may do something
 constexpr char COMMENT = '#';
 
 } // namespace
@@ -93,7 +93,7 @@ script_outcome script_runner::run_line(const QString& line) {
 
 void script_runner::advance() {
     panel_.machine().step();
-    QCoreApplication::processEvents(QEventLoop::AllEvents, STEP_PAUSE);
+    QCoreApplication::processEvents();
 }
 
 script_outcome script_runner::wait(const QStringList& words) {
@@ -108,6 +108,7 @@ script_outcome script_runner::wait(const QStringList& words) {
     script_outcome outcome = expect(words);
     for (int i = 0; i < LONGEST_WAIT && outcome.is == script_outcome::kind::UNMET; ++i) {
         advance();
+        QThread::msleep(STEP_PAUSE);
         outcome = expect(words);
     }
     if (outcome.is == script_outcome::kind::UNMET) {

@@ -52,6 +52,11 @@ void add_options(QCommandLineParser& parser) {
     add("fail-on", "Ends with 1 when some are found: overflow, overlap, glyphs, pictures, fallbacks.",
         "LIST");
     add("watch", "Shows changed pictures and rebuilt packs at once.");
+    add("service",
+        "Device service: auto (the one that runs, or else one of its own), none, own. Default: auto with a "
+        "window; what it says itself with a script.",
+        "SOURCE");
+    add("verbose", "Prints traces on standard error as well.");
     add("timing", "Prints how long the start took, phase by phase, and the longest pause of the window.");
 }
 
@@ -134,6 +139,12 @@ bool read_simulator_options(const QStringList& arguments, simulator_options& opt
     options.has_overlay = parser.isSet(QStringLiteral("overlay"));
     options.watches = parser.isSet(QStringLiteral("watch"));
     options.prints_timing = parser.isSet(QStringLiteral("timing"));
+    options.is_verbose = parser.isSet(QStringLiteral("verbose"));
+    if (parser.isSet(QStringLiteral("service")) &&
+        !read_service_source(value("service"), options.service.emplace(service_source::AUTO))) {
+        return fail(QStringLiteral("--service is auto, none or own, not \"%1\"").arg(value("service")),
+                    exit_code);
+    }
     if (parser.isSet(QStringLiteral("test-icons"))) {
         qputenv("TEST_ICON_MESSAGE", "1");
     }

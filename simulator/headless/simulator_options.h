@@ -1,9 +1,12 @@
 #ifndef SIMULATOR_OPTIONS_H
 #define SIMULATOR_OPTIONS_H
 
+#include "service_keeper.h"
+
 #include <QString>
 #include <QStringList>
 
+#include <optional>
 #include <vector>
 
 namespace velarion {
@@ -41,7 +44,9 @@ struct simulator_options {
     bool has_overlay = false;
     bool watches = false;
     bool prints_timing = false;
-    unsigned int fail_on = 0; ///< fault_class
+    std::optional<service_source> service; ///< none: AUTO with a window, else what a script starts
+    bool is_verbose = false;               ///< traces go to standard error as well
+    unsigned int fail_on = 0;              ///< fault_class
 
     /** Whether all is done without a window. */
     bool is_headless() const;

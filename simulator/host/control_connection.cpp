@@ -19,6 +19,11 @@ constexpr int SILENT_AFTER = 1000;
 constexpr int LONGEST_ANSWER = 3000;
 constexpr std::size_t MOST_ASKED = 64; // answers to come; the service gives up who leaves too many unread
 
+/** Not the process's: a key event goes to one connection of its host, which is to be that of the observers. */
+std::uint64_t own_number() {
+    return host_number() ^ 1U;
+}
+
 device_message no_answer(std::int32_t func_id) {
     device_message reply;
     reply.func_id = func_id;
@@ -65,6 +70,7 @@ void control_connection::run() {
 
 /** Until the connection is of no use any more. */
 void control_connection::serve() {
+    show(service_look::STARTING);
     is_greeted_ = false;
     silent_since_ = monotonic_milliseconds();
     next_status_ = 0;
@@ -135,7 +141,7 @@ bool control_connection::greet() {
     ipc_header attach;
     attach.kind = IPC_ATTACH;
     attach.destination = ATTACH_EVENTS_AND_EDGES;
-    attach.host = host_number();
+    attach.host = own_number();
     is_greeted_ = true;
     show(service_look::ANSWERING);
     const request leds = {make_message(CONTROL_LIST_LEDS, {}), {}, 0};
@@ -179,7 +185,7 @@ bool control_connection::send_one(const request& next) {
     ipc_header header;
     header.sequence = last_sequence_ + 1;
     header.func_id = next.message.func_id;
-    header.host = host_number();
+    header.host = own_number();
     const std::vector<char> bytes = encode_message(next.message, header);
     const platform_code code = send_whole_message(socket_.get(), bytes.data(), bytes.size());
     if (code == PLATFORM_OK) {

@@ -29,6 +29,9 @@ device_link::~device_link() {
 }
 
 void device_link::start() {
+    if (control_) {
+        return;
+    }
     delivery_.emplace(receiver_, DVC_PNL_DEC_SERVICE_NAME);
     receiver_.add_observer(this);
     control_.emplace(
@@ -56,10 +59,11 @@ led_state device_link::led(int led) const {
     return is_led(led) ? leds_[static_cast<std::size_t>(led)] : led_state{};
 }
 
-void device_link::move_key(int key, bool is_pressed) {
+void device_link::move_key(int key, bool is_pressed, control_connection::reply_taker done) {
     if (control_) {
         control_->send(CONTROL_KEY_EVENT,
-                       {key, is_pressed ? DVC_PNL_DEC_KEY_PRESSED : DVC_PNL_DEC_KEY_RELEASED});
+                       {key, is_pressed ? DVC_PNL_DEC_KEY_PRESSED : DVC_PNL_DEC_KEY_RELEASED},
+                       std::move(done));
     }
 }
 
@@ -81,6 +85,7 @@ void device_link::dvc_pnl_dec_key_released(int key_id) {
 void device_link::take_event(const device_message& event) {
     const bool is_of_leds =
         event.func_id == EVENT_LED || event.func_id == EVENT_LED_EDGE || event.func_id == CONTROL_LIST_LEDS;
+    has_keys_ = has_keys_ || event.func_id == EVENT_OBSERVER;
     for (std::size_t i = 0; is_of_leds && i + 2 < event.records.size(); i += 3) {
         take_led(event.records[i].value, event.records[i + 1].value, event.records[i + 2].value != 0);
     }
@@ -95,6 +100,7 @@ void device_link::take_led(int led, int status, bool is_lit) {
 }
 
 void device_link::take_look(service_look look) {
+    has_keys_ = has_keys_ && (look == service_look::ANSWERING || look == service_look::SILENT);
     watch_.take_look(look);
     for (int led = 0; look == service_look::ABSENT && led < LED_COUNT; ++led) {
         take_led(led, led_state::UNKNOWN, false);
@@ -102,6 +108,7 @@ void device_link::take_look(service_look look) {
 }
 
 void device_link::take_status(const device_message& reply, int ms) {
+    has_keys_ = reply.records.size() > STATUS_OBSERVERS && reply.records[STATUS_OBSERVERS].value > 0;
     watch_.take_status(reply, ms);
     if (watch_.condition() == service_condition::REFUSING && !since_retry_.hasExpired(RETRY_PAUSE)) {
         return;

@@ -31,19 +31,23 @@ public:
     ~device_link() override;
 
     /** Goes to work. The first request to the device makes the library's facade: the library's resources are
-     * there before. */
+     * there before. Once more has no effect. */
     void start();
 
     void set_led(int led, int status) override;
     led_state led(int led) const override;
     bool is_there() const override { return watch_.is_there(); }
 
+    /** Whether the service has an observer of its keys; this object's as a rule. */
+    bool has_keys() const { return has_keys_; }
+
     /** A finger on a hard key: the service tells the key's observers, this object among them. */
-    void move_key(int key, bool is_pressed);
+    void move_key(int key, bool is_pressed, control_connection::reply_taker done = {});
     /** Has the service misbehave. @param kind  fault_kind @param requests  that it is for; 0: all */
     void set_fault(int kind, int value = 0, int requests = 0);
 
     service_watch& watch() { return watch_; }
+    const service_watch& watch() const { return watch_; }
     control_connection* control() { return control_ ? &*control_ : nullptr; } ///< null before start()
 
 private:
@@ -59,6 +63,7 @@ private:
     std::array<led_state, LED_COUNT> leds_;
     service_watch watch_;
     bool was_there_ = false;
+    bool has_keys_ = false;
     QElapsedTimer since_retry_;
     event_loop_queue results_; ///< of the LED sender
     std::shared_ptr<led_sender> sender_;

@@ -2,6 +2,7 @@
 
 #include "dvc_pnl_rmg_image_resource_manager.h"
 #include "dvc_pnl_rmg_language_resource.h"
+#include "start_phases.h"
 
 #include <QDir>
 #include <QFont>
@@ -40,7 +41,9 @@ void make_fonts_known() {
 
 panel_host::panel_host() {
     start_languages_anew();
+    end_start_phase("language resource");
     start_images_anew();
+    end_start_phase("images");
 }
 
 panel_host::~panel_host() {

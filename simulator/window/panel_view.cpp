@@ -42,13 +42,15 @@ double panel_view::screen_pixels() const {
     return zoom_ / devicePixelRatioF();
 }
 
-/** Where the panel's corner stands: on a pixel of the screen. */
+/** Where the panel's corner stands: on a pixel of the screen, though the view itself may stand between two.
+ */
 QPointF panel_view::corner() const {
     const double ratio = devicePixelRatioF();
-    const auto place = [ratio, this](int room, int size) {
-        return std::floor((room - size * screen_pixels()) / 2 * ratio) / ratio;
+    const QPoint origin = mapTo(window(), QPoint());
+    const auto place = [ratio, this](int from, int room, int size) {
+        return std::round((from + (room - size * screen_pixels()) / 2) * ratio) / ratio - from;
     };
-    return {place(width(), PANEL_SIZE.width()), place(height(), PANEL_SIZE.height())};
+    return {place(origin.x(), width(), PANEL_SIZE.width()), place(origin.y(), height(), PANEL_SIZE.height())};
 }
 
 QPoint panel_view::panel_place(const QPoint& place) const {
@@ -63,7 +65,8 @@ QRect panel_view::view_box(const QRect& panel_box) const {
 }
 
 QSize panel_view::sizeHint() const {
-    return (QSizeF(PANEL_SIZE) * screen_pixels()).toSize();
+    const QSizeF size = QSizeF(PANEL_SIZE) * screen_pixels();
+    return {static_cast<int>(std::ceil(size.width())), static_cast<int>(std::ceil(size.height()))};
 }
 
 QImage panel_view::picture() {

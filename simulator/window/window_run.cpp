@@ -1,0 +1,90 @@
+#include "window_run.h"
+
+#include "device_link.h"
+#include "main_window.h"
+#include "message_log.h"
+#include "panel_watch.h"
+#include "simulation.h"
+#include "simulator_options.h"
+#include "start_phases.h"
+
+#include <QApplication>
+#include <QSocketNotifier>
+
+#include <csignal>
+#include <cstdio>
+#include <memory>
+#include <sys/eventfd.h>
+#include <unistd.h>
+
+namespace velarion {
+
+namespace {
+
+int end_descriptor = -1;
+
+void ask_for_end(int) {
+    const eventfd_t one = 1;
+    static_cast<void>(::write(end_descriptor, &one, sizeof one));
+}
+
+/** Ends the event loop after SIGINT or SIGTERM, as closing the window does. */
+class end_signals {
+public:
+    end_signals()
+        : descriptor_(::eventfd(0, EFD_CLOEXEC | EFD_NONBLOCK))
+        , notifier_(descriptor_.get(), QSocketNotifier::Read) {
+        end_descriptor = descriptor_.get();
+        QObject::connect(&notifier_, &QSocketNotifier::activated, qApp, &QCoreApplication::quit);
+        struct sigaction action = {};
+        action.sa_handler = ask_for_end;
+        action.sa_flags = SA_RESTART;
+        ::sigaction(SIGINT, &action, nullptr);
+        ::sigaction(SIGTERM, &action, nullptr);
+    }
+    ~end_signals() {
+        ::signal(SIGINT, SIG_DFL);
+        ::signal(SIGTERM, SIG_DFL);
+    }
+    end_signals(const end_signals&) = delete;
+    end_signals& operator=(const end_signals&) = delete;
+
+private:
+    file_descriptor descriptor_;
+    QSocketNotifier notifier_;
+};
+
+} // namespace
+
+/** The library's resources come before the first request to the device, and go before the connection. */
+int run_window(const simulator_options& options) {
+    end_start_phase("application");
+    const end_signals signals;
+    message_log messages;
+    trace_log traces(options.is_verbose);
+    device_link link;
+    service_keeper service(link);
+    simulation panel(&link);
+    std::unique_ptr<panel_watch> watch;
+    if (options.watches) {
+        watch = std::make_unique<panel_watch>(panel);
+    }
+    main_window window({panel, link, service, messages, traces});
+    QObject::connect(&window, &main_window::first_frame_shown, [&] {
+        end_start_phase("first frame");
+        if (options.prints_timing) {
+            std::printf("%s", qPrintable(start_phases_report()));
+            std::fflush(stdout);
+        }
+        window.pulse().take_longest();
+    });
+    service.begin(options.service.value_or(service_source::AUTO));
+    window.show();
+    const int result = QApplication::exec();
+    if (options.prints_timing) {
+        std::printf("%-20s %8d ms\n", "longest pause", window.pulse().take_longest());
+    }
+    return result;
+}
+
+} // namespace velarion
