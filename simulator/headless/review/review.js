@@ -35,6 +35,11 @@ function findingsOf(view) {
   return found;
 }
 
+// The page opens a view by this part of its address, for links that people send.
+function linkOf(view) {
+  return `#view=${view.screen}-${languageOf(view)}`;
+}
+
 function element(tag, properties = {}, ...children) {
   const made = Object.assign(document.createElement(tag), properties);
   made.append(...children);
@@ -44,7 +49,7 @@ function element(tag, properties = {}, ...children) {
 function describe(item) {
   const lines = item.text !== undefined
     ? [`“${item.text}”`, item.id ? `text ${item.id}  ${item.name}  row ${item.row}` : 'not a message',
-       item.id ? `from ${item.origin}, language ${languageName(String(item.language))}` : '',
+       item.id ? `from ${item.origin}` : '',
        `${item.needed.join(' × ')} px in ${item.box[2]} × ${item.box[3]} at ${item.box[0]}, ${item.box[1]}`,
        `${item.font.family}, ${item.font.px} px`]
     : [`picture ${item.id}  ${item.name}`, item.file ? `${item.file} (${item.variant})` : 'no file',
@@ -75,6 +80,7 @@ function fillStage(stage, view, version) {
     const spot = element('div', { className: ['spot', ...(kinds.get(item) || [])].join(' '), tabIndex: -1 });
     Object.assign(spot.style, { left: `${100 * x / width}%`, top: `${100 * y / height}%`, width: `${100 * w / width}%`, height: `${100 * h / height}%` });
     spot.addEventListener('pointerenter', (event) => {
+      (byId('view').open ? byId('view') : document.body).append(byId('tip')); // above an open view
       byId('tip').textContent = describe(item);
       byId('tip').hidden = false;
       moveTip(event);
@@ -136,6 +142,7 @@ function openView(view, item) {
   showVersion(view, 'now');
   mark(byId('view-stage'), item);
   byId('view-details').textContent = item ? describe(item) : view.findings.map((f) => `${f.kind}: ${describe(f.item)}\n${f.text}`).join('\n\n') || 'Nothing was found here. Point at a text or a picture.';
+  history.replaceState(null, '', linkOf(view));
   if (!byId('view').open) byId('view').showModal();
 }
 
@@ -188,9 +195,12 @@ function start() {
     if (event.key === 'ArrowLeft') openNeighbour(-1);
     if (event.key === 'ArrowRight') openNeighbour(1);
   });
-  byId('view').addEventListener('close', () => { byId('tip').hidden = true; });
+  byId('view').addEventListener('close', () => {
+    byId('tip').hidden = true;
+    history.replaceState(null, '', ' ');
+  });
   showViews();
-  const asked = views.find((view) => `#${view.screen}-${languageOf(view)}` === decodeURIComponent(location.hash));
+  const asked = views.find((view) => linkOf(view) === decodeURIComponent(location.hash));
   if (asked) openView(asked);
 }
 
