@@ -16,6 +16,7 @@ std::vector<subcommand> authoring_subcommands() {
         {"pseudo", "makes a pack of lengthened English texts, to try a panel with", run_pseudo_command},
         {"confirm", "notes that texts say what the English ones say", run_confirm_command},
         {"stats", "counts texts by language and screen area", run_stats_command},
+        {"images", "finds the faults of pictures, and draws them on sheets", run_images_command},
     };
 }
 

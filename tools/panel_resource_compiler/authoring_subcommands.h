@@ -13,6 +13,7 @@ int run_export_command(const std::vector<std::string>& arguments);
 int run_import_command(const std::vector<std::string>& arguments);
 int run_pseudo_command(const std::vector<std::string>& arguments);
 int run_stats_command(const std::vector<std::string>& arguments);
+int run_images_command(const std::vector<std::string>& arguments);
 
 } // namespace velarion
 

@@ -1,0 +1,134 @@
+#include "process.h"
+#include "scratch_folder.h"
+#include "svg_faults.h"
+
+#include <gtest/gtest.h>
+
+#include <filesystem>
+
+using namespace velarion;
+
+namespace {
+
+const std::string SVG =
+    "<svg xmlns=\"http://www.w3.org/2000/svg\" xmlns:xlink=\"http://www.w3.org/1999/xlink\" "
+    "viewBox=\"0 0 48 48\">";
+
+process_result images(const scratch_folder& folder, const std::vector<std::string>& more = {}) {
+    std::vector<std::string> command = {RESOURCE_COMPILER, "images",     "--catalogue",
+                                        folder.path("c"),  "--pictures", folder.path("p")};
+    command.insert(command.end(), more.begin(), more.end());
+    return run_process(command);
+}
+
+/** What is drawn otherwise than elsewhere was measured with the toolkit and with librsvg. */
+struct svg_row {
+    const char* content;
+    const char* check; ///< empty for what is drawn as it is meant
+    std::size_t column_behind_root = 0;
+};
+
+const svg_row SVG_ROWS[] = {
+    {"<rect width=\"9\" height=\"50%\" fill=\"rgb(100%,0%,0%)\" stroke=\"RED\" stroke-width=\"10%\"/>", ""},
+    {"<g opacity=\".5\"><path d=\"M0 0h9\" fill=\"none\" stroke=\"#fff\"/></g><g display=\"none\"/>", ""},
+    {"<defs><g id=\"a\"/></defs><use xlink:href=\"#a\"/><rect style=\"fill:currentColor\"/>", ""},
+    {"<metadata><x:y xmlns:x=\"urn:x\"><filter/></x:y></metadata>", ""},
+    {"<defs><filter id=\"a\"><feBlend in=\"x\"/></filter></defs>", "svg-element", 6},
+    {"<symbol/>", "svg-element", 0},
+    {"<g><svg/></g>", "svg-element", 3},
+    {"<rect clip-path=\"url(#a)\"/>", "svg-property", 6},
+    {"<text x=\"1 9\" y=\"5\">ab</text>", "svg-property", 6},
+    {"<ellipse rx=\"5\"/>", "svg-property", 0},
+    {"<style>rect{fill:red}</style>", "svg-style", 0},
+    {"<rect style=\"fill:red !important\"/>", "svg-style", 6},
+    {"<defs><g id=\"a\"/></defs><use href=\"#a\"/>", "svg-href", 29},
+    {"<use xlink:href=\"#a\"/><g id=\"a\"/>", "svg-href", 5},
+    {"<rect fill=\"url(#a)\"/>", "svg-href", 6},
+    {"<rect fill=\"#ff000080\"/>", "svg-color", 6},
+    {"<rect fill=\"rgba(0,0,0,.5)\"/>", "svg-color", 6},
+    {"<rect width=\"2em\"/>", "svg-unit", 6},
+    {"<rect opacity=\"50%\"/>", "svg-unit", 6},
+    {"<g opacity=\".5\"><rect/><rect/></g>", "svg-opacity", 3},
+    {"<g>", "svg-load", 3},
+};
+
+} // namespace
+
+TEST(pictures, what_the_toolkit_does_not_draw_is_found_where_it_stands) {
+    for (const svg_row& row : SVG_ROWS) {
+        SCOPED_TRACE(row.content);
+        const std::string document = "<?xml version=\"1.0\"?>\n" + SVG + row.content + "</svg>";
+        const std::vector<svg_fault> faults = find_svg_faults(QByteArray(document.c_str()));
+        if (row.check[0] == '\0') {
+            EXPECT_TRUE(faults.empty()) << faults[0].text;
+            continue;
+        }
+        ASSERT_EQ(faults.size(), 1U);
+        EXPECT_STREQ(faults[0].check, row.check);
+        EXPECT_EQ(faults[0].line, 2U);
+        if (!faults[0].is_fatal) {
+            EXPECT_EQ(faults[0].column, SVG.size() + row.column_behind_root + 1);
+        }
+    }
+}
+
+TEST(pictures, a_folder_is_compared_with_the_list) {
+    const scratch_folder folder;
+    folder.write(
+        "c/images.tsv",
+        "id\tname\tfile\n1\tA\tico_a.svg\n2\tB\tico_gone.svg\n3\tC\tico_only.svg\n4\tD\tico_E.png\n");
+    std::string stroke = "1";
+    for (const std::string name : {"ico_a.svg", "ico_a_on.svg", "d_ico_only.svg", "ico_stray_on.svg"}) {
+        folder.write("p/" + name,
+                     SVG + "<title>" + name + "</title><path d=\"M1 " + (stroke += '1') + "h5\"/></svg>");
+    }
+    folder.write("p/ico_a_off.svg", folder.read("p/ico_a.svg"));
+    folder.write("p/d_ico_a.svg", "<svg xmlns=\"http://www.w3.org/2000/svg\" viewBox=\"0 0 9 48\"/>");
+    folder.write("p/ico_e.png", "no picture");
+    const process_result result = images(folder);
+    EXPECT_EQ(result.exit_code, 1);
+    const std::string p = folder.path("p/");
+    for (const std::string& line :
+         {folder.path("c/images.tsv") + ":3:5: error: image 2 B: \"ico_gone.svg\" is not in ",
+          std::string("; \"ico_e.png\" is, in other letters [no-file]"),
+          p + "ico_stray_on.svg: warning: no row",
+          p + "ico_a_off.svg: warning: looks like \"ico_a.svg\" [same-state]",
+          p + "d_ico_a.svg: warning: is 9 x 48, \"ico_a.svg\" is 48 x 48 [variant-size]",
+          p + "ico_e.png: error: cannot be read"}) {
+        EXPECT_NE(result.errors.find(line), std::string::npos) << line << '\n' << result.errors;
+    }
+    EXPECT_EQ(result.errors.find("ico_only"), result.errors.find("d_ico_only") + 2) << result.errors;
+}
+
+TEST(pictures, a_state_or_twin_that_siblings_have_is_missed) {
+    const scratch_folder folder;
+    std::string rows = "id\tname\tfile\n";
+    const auto draw = [&folder](const std::string& name) {
+        folder.write("p/" + name, SVG + "<path d=\"M1 " + std::to_string(name.size()) + "h5" +
+                                      (name.find("_o") != std::string::npos ? "v1" : "") +
+                                      name[name.size() - 5] + "\"/></svg>");
+    };
+    for (int i = 1; i <= 6; ++i) {
+        const std::string base = "ico_key_" + std::string(static_cast<std::size_t>(i), 'k');
+        rows += std::to_string(i) + "\tN" + std::to_string(i) + '\t' + base + ".svg\n";
+        draw(base + ".svg");
+        draw("d_" + base + ".svg");
+        draw(base + "_on.svg");
+    }
+    folder.write("c/images.tsv", rows);
+    EXPECT_EQ(images(folder).errors.find("[no-"), std::string::npos);
+    std::filesystem::remove(folder.path("p/ico_key_kk_on.svg"));
+    std::filesystem::remove(folder.path("p/d_ico_key_kkk.svg"));
+    const std::vector<std::string> failing = {"--fail-on", "no-state"};
+    process_result result = images(folder, failing);
+    EXPECT_EQ(result.exit_code, 1);
+    EXPECT_NE(result.errors.find("ico_key_kk.svg: warning: has no \"ico_key_kk_on.svg\"; 5 of 6"),
+              std::string::npos);
+    EXPECT_NE(result.errors.find("ico_key_kkk.svg: warning: has no \"d_ico_key_kkk.svg\"; 5 of 6"),
+              std::string::npos);
+    folder.write("c/ignore.tsv",
+                 "check\tsubject\tlanguage\treason\nno-state\tico_key_kk.svg\t*\thas one state\n");
+    result = images(folder, failing);
+    EXPECT_EQ(result.exit_code, 0) << result.errors;
+    EXPECT_EQ(images(folder, {"--fail-on", "no-such"}).exit_code, 2);
+}
