@@ -19,18 +19,22 @@ constexpr char HELP[] =
     R"(sample_images_builder - makes every picture of the image list for the sample device
 
 Usage:
-  sample_images_builder --catalogue DIR --glyphs FILE --drawn DIR --output DIR
+  sample_images_builder --catalogue DIR --glyphs FILE --drawn DIR [--own DIR] --output DIR
 
 Options:
   --catalogue DIR   folder that holds images.tsv
   --glyphs FILE     the pictograms by the words of file names
   --drawn DIR       pictures drawn by hand: copied instead of generated
+  --own DIR         SVG, PNG and GIF pictures that stand before all others; also those that no row names
+                    are copied
   --output DIR      the image directory; made when missing. What an earlier run made there and this
                     one does not is removed.
   --help
 
 Exit codes: 0 good, 1 the image list or the pictograms have errors, 2 usage, 3 a file cannot be written.
 )";
+
+constexpr char OWN[] = "--own";
 
 using option_values = std::map<std::string, std::string>;
 
@@ -44,7 +48,7 @@ bool read_command_line(const QStringList& arguments, option_values& options, std
         option->second = arguments.value(i + 1).toStdString();
     }
     for (const auto& [name, value] : options) {
-        if (value.empty()) {
+        if (value.empty() && name != OWN) {
             fault = name + " is missing or has no value";
         }
     }
@@ -84,19 +88,33 @@ bool make_all(const picture_files& maker, const std::set<std::string>& files, co
     return maker.make_placeholders(fault) && maker.copy_drawn(fault);
 }
 
+/** Tells which pictures say nothing: an integrator's list may hold names that no pictogram is known for. */
+void report_generic(const picture_files& maker, const std::string& catalogue,
+                    const std::vector<catalogue_image>& images, diagnostics& report) {
+    for (const catalogue_image& image : images) {
+        if (!is_blank_file_name(image.file) && maker.is_generic(image.file)) {
+            report.warning("generic", {catalogue + "/images.tsv", 0},
+                           "image " + std::to_string(image.id) + " " + image.name + ": no word of \"" +
+                               image.file + "\" has a pictogram; it gets a general picture");
+        }
+    }
+}
+
 int run(const option_values& options) {
     diagnostics report(std::cerr);
     const glyph_book book(options.at("--glyphs"), report);
-    const std::set<std::string> files = files_of(read_image_catalogue(options.at("--catalogue"), report));
+    const std::string& output = options.at("--output");
+    const std::vector<catalogue_image> images = read_image_catalogue(options.at("--catalogue"), report);
+    const picture_files maker(book, options.at("--drawn"), options.at(OWN), output);
+    report_generic(maker, options.at("--catalogue"), images, report);
     report.write_summary();
     if (report.error_count() != 0) {
         return EXIT_SOURCE_FAULT;
     }
-    const std::string& output = options.at("--output");
     std::error_code error;
     std::filesystem::create_directories(output, error);
     std::string fault = error ? output + ": " + error.message() : std::string();
-    if (!fault.empty() || !make_all({book, options.at("--drawn"), output}, files, output, fault)) {
+    if (!fault.empty() || !make_all(maker, files_of(images), output, fault)) {
         std::cerr << "sample_images_builder: " << fault << '\n';
         return EXIT_FILE_FAULT;
     }
@@ -117,7 +135,8 @@ int main(int argc, char** argv) {
         std::cout << HELP;
         return EXIT_GOOD;
     }
-    option_values options = {{"--catalogue", ""}, {"--glyphs", ""}, {"--drawn", ""}, {"--output", ""}};
+    option_values options = {
+        {"--catalogue", ""}, {"--glyphs", ""}, {"--drawn", ""}, {OWN, ""}, {"--output", ""}};
     std::string fault;
     if (!read_command_line(arguments, options, fault)) {
         std::cerr << "sample_images_builder: " << fault << "; see --help\n";

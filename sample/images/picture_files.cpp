@@ -98,6 +98,21 @@ std::string on_plate(const std::string& document) {
     return result;
 }
 
+/** Adds the names of a folder's pictures. */
+bool add_pictures(const std::string& folder, const std::set<std::string>& extensions,
+                  std::set<std::string>& names, std::string& fault) {
+    std::error_code error;
+    for (const auto& entry : std::filesystem::directory_iterator(folder, error)) {
+        if (extensions.count(entry.path().extension().string()) != 0) {
+            names.insert(entry.path().filename().string());
+        }
+    }
+    if (error) {
+        fault = folder + ": " + error.message();
+    }
+    return !error;
+}
+
 constexpr char PLACEHOLDER[] =
     "<svg xmlns=\"http://www.w3.org/2000/svg\" width=\"100\" height=\"60\" viewBox=\"0 0 100 60\">"
     "<rect width=\"100\" height=\"60\" fill=\"#e5484d\"/>"
@@ -113,9 +128,10 @@ std::string placeholder(const std::string& color) {
 } // namespace
 
 picture_files::picture_files(const glyph_book& book, const std::string& drawn_folder,
-                             const std::string& output_folder)
+                             const std::string& own_folder, const std::string& output_folder)
     : book_(book)
     , drawn_folder_(drawn_folder + '/')
+    , own_folder_(own_folder.empty() ? own_folder : own_folder + '/')
     , output_(output_folder) {}
 
 bool picture_files::find_names(const std::set<std::string>& files, std::set<std::string>& names,
@@ -134,20 +150,26 @@ bool picture_files::find_names(const std::set<std::string>& files, std::set<std:
 }
 
 bool picture_files::find_drawn(std::set<std::string>& names, std::string& fault) const {
-    std::error_code error;
-    for (const auto& entry : std::filesystem::directory_iterator(drawn_folder_, error)) {
-        if (entry.path().extension() == ".svg") {
-            names.insert(entry.path().filename().string());
-        }
-    }
-    if (error) {
-        fault = drawn_folder_ + ": " + error.message();
-    }
-    return !error;
+    return add_pictures(drawn_folder_, {".svg"}, names, fault) &&
+           (own_folder_.empty() || add_pictures(own_folder_, {".svg", ".png", ".gif"}, names, fault));
+}
+
+std::string picture_files::path_of_drawn(const std::string& file) const {
+    const bool is_own = !own_folder_.empty() && std::filesystem::exists(own_folder_ + file);
+    return (is_own ? own_folder_ : drawn_folder_) + file;
+}
+
+bool picture_files::is_drawn(const std::string& file) const {
+    return std::filesystem::exists(path_of_drawn(file));
+}
+
+bool picture_files::is_generic(const std::string& file) const {
+    const picture_name name = read_picture_name(file, book_);
+    return !is_drawn(file) && name.glyphs.empty() && kind_of(name).draw == kind_of(picture_name()).draw;
 }
 
 bool picture_files::make(const std::string& file, std::string& fault) const {
-    if (std::filesystem::exists(drawn_folder_ + file)) {
+    if (is_drawn(file)) {
         return true; // copy_drawn brings it
     }
     const picture_name name = read_picture_name(file, book_);
@@ -187,8 +209,8 @@ bool picture_files::copy_drawn(std::string& fault) const {
     }
     for (const std::string& file : drawn) {
         std::string document;
-        if (!read_file(drawn_folder_ + file, document)) {
-            fault = drawn_folder_ + file + ": cannot be read, or is empty";
+        if (!read_file(path_of_drawn(file), document)) {
+            fault = path_of_drawn(file) + ": cannot be read, or is empty";
             return false;
         }
         if (!output_.write(file, document, fault)) {
@@ -205,12 +227,9 @@ bool picture_files::make_states(const std::string& file, std::string& fault) con
     const std::string selected = state_of(file, SELECTED_SUFFIX);
     const std::string off = state_of(file, OFF_SUFFIX);
     std::string drawn;
-    if (!is_navigation_icon(file) || !read_file(drawn_folder_ + file, drawn)) {
+    if (!is_navigation_icon(file) || !read_file(path_of_drawn(file), drawn)) {
         return make(selected, fault) && make(off, fault);
     }
-    const auto is_drawn = [this](const std::string& name) {
-        return std::filesystem::exists(drawn_folder_ + name);
-    };
     return (is_drawn(selected) || output_.write(selected, on_plate(drawn), fault)) &&
            (is_drawn(off) || output_.write(off, in_one_color(drawn, palette().dim), fault));
 }

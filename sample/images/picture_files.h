@@ -15,9 +15,11 @@ class picture_files {
 public:
     /**
      * @param drawn_folder   pictures drawn by hand: they are copied, and stand before generated ones
+     * @param own_folder     an integrator's: its pictures stand before the drawn ones; empty without one
      * @param output_folder  must exist; nothing outside of it is written
      */
-    picture_files(const glyph_book& book, const std::string& drawn_folder, const std::string& output_folder);
+    picture_files(const glyph_book& book, const std::string& drawn_folder, const std::string& own_folder,
+                  const std::string& output_folder);
 
     /**
      * Tells all files that belong to the pictures of an image list: with their states, the drawn pictures and
@@ -31,7 +33,7 @@ public:
     /** Makes one file by its name's extension; what another call made of that name is replaced. */
     bool make(const std::string& file, std::string& fault) const;
 
-    /** Copies all drawn pictures, also those that no image of the table names. */
+    /** Copies all drawn pictures and an integrator's own, also those that no image of the table names. */
     bool copy_drawn(std::string& fault) const;
 
     /**
@@ -40,16 +42,22 @@ public:
      */
     bool make_states(const std::string& file, std::string& fault) const;
 
+    /** Whether a file is made from its name, though none of its words has a pictogram. */
+    bool is_generic(const std::string& file) const;
+
     /** The placeholders for pictures that are missing: ERROR_IMAGE.png and ERROR_MOVIE.gif. */
     bool make_placeholders(std::string& fault) const;
 
 private:
     bool find_drawn(std::set<std::string>& names, std::string& fault) const;
+    bool is_drawn(const std::string& file) const;
+    std::string path_of_drawn(const std::string& file) const;
     bool make_bitmap(const picture_name& name, std::string& fault) const;
     bool make_movie(const picture_name& name, std::string& fault) const;
 
     const glyph_book& book_;
     std::string drawn_folder_;
+    std::string own_folder_;
     output_folder output_;
 };
 

@@ -17,6 +17,8 @@ std::vector<subcommand> authoring_subcommands() {
         {"confirm", "notes that texts say what the English ones say", run_confirm_command},
         {"stats", "counts texts by language and screen area", run_stats_command},
         {"images", "finds the faults of pictures, and draws them on sheets", run_images_command},
+        {"glyphs", "looks for the characters of texts in the panel's fonts", run_glyphs_command},
+        {"fit", "looks for texts that do not fit where the panel shows them", run_fit_command},
     };
 }
 

@@ -14,6 +14,8 @@ int run_import_command(const std::vector<std::string>& arguments);
 int run_pseudo_command(const std::vector<std::string>& arguments);
 int run_stats_command(const std::vector<std::string>& arguments);
 int run_images_command(const std::vector<std::string>& arguments);
+int run_fit_command(const std::vector<std::string>& arguments);
+int run_glyphs_command(const std::vector<std::string>& arguments);
 
 } // namespace velarion
 

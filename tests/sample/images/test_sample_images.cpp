@@ -144,6 +144,31 @@ TEST(sample_images, the_builder_takes_drawn_pictures_first_and_removes_its_old_o
                                             "written_files.txt"}));
 }
 
+TEST(sample_images, own_pictures_stand_before_all_others_and_stay) {
+    const scratch_folder folder;
+    folder.write("catalogue/images.tsv", "id\tname\tfile\n1\tA\tico_globalnavi_home.svg\n2\tB\tqwxz.svg\n"
+                                         "3\tC\tqwxz_own.svg\n");
+    const std::string document = "<svg xmlns=\"http://www.w3.org/2000/svg\"><title>t</title>\n</svg>";
+    folder.write("drawn/ico_globalnavi_home.svg", document);
+    folder.write("own/ico_globalnavi_home.svg", document + "<!-- own -->");
+    folder.write("own/qwxz_own.svg", document);
+    folder.write("own/asked_for_by_name.png", "bytes");
+    for (int build = 1; build <= 2; ++build) {
+        const process_result result = run_process(
+            {IMAGES_BUILDER, "--catalogue", folder.path("catalogue"), "--glyphs", GLYPH_TABLE, "--drawn",
+             folder.path("drawn"), "--own", folder.path("own"), "--output", folder.path("out")});
+        EXPECT_EQ(result.exit_code, 0);
+        EXPECT_NE(result.errors.find("images.tsv: warning: image 2 B: no word of \"qwxz.svg\" has a"),
+                  std::string::npos)
+            << result.errors;
+        EXPECT_EQ(result.errors.find("qwxz_own.svg"), std::string::npos) << result.errors;
+    }
+    EXPECT_EQ(folder.read("out/ico_globalnavi_home.svg"), document + "<!-- own -->");
+    EXPECT_NE(folder.read("out/ico_globalnavi_home_on.svg").find("<!-- own -->"), std::string::npos);
+    EXPECT_EQ(folder.read("out/asked_for_by_name.png"), "bytes");
+    EXPECT_FALSE(std::filesystem::exists(folder.path("out/asked_for_by_name.svg")));
+}
+
 /** The image list may be anyone's: a name that says little must not stop the build. */
 TEST(sample_images, any_name_gets_a_picture) {
     for (const std::string file :

@@ -132,3 +132,40 @@ TEST(pictures, a_state_or_twin_that_siblings_have_is_missed) {
     EXPECT_EQ(result.exit_code, 0) << result.errors;
     EXPECT_EQ(images(folder, {"--fail-on", "no-such"}).exit_code, 2);
 }
+
+TEST(pictures, texts_are_measured_and_looked_for_in_their_fonts) {
+    const scratch_folder folder;
+    folder.write("c/messages.tsv", "id\tname\trow\n1\tA\t2\n2\tB\t3\n");
+    for (const std::string language : {"ja", "en", "de", "fr", "es", "it", "nl", "ru"}) {
+        folder.write("c/texts/" + language + ".tsv",
+                     "row\ttext\n2\tA\xE2\x80\x8B\\n b \xF3\xB0\x80\x80\n3\tA long text\n");
+    }
+    const auto run = [&folder](const std::vector<std::string>& words) {
+        std::vector<std::string> command = {RESOURCE_COMPILER};
+        command.insert(command.end(), words.begin(), words.end());
+        command.insert(command.end(), {"--language", "49", "--catalogue", folder.path("c")});
+        return run_process(command);
+    };
+    process_result result = run({"glyphs"});
+    EXPECT_EQ(result.exit_code, 1);
+    EXPECT_NE(result.errors.find("de.tsv:2:9: error: U+F0000"), std::string::npos) << result.errors;
+    EXPECT_NE(result.errors.find("is in no font: rows 2; messages 1 [glyph]\n1 error,"), std::string::npos);
+    EXPECT_EQ(result.errors.find("en.tsv"), std::string::npos);
+
+    const std::string text = "{\"id\":2,\"wrap\":";
+    const std::string font = ",\"font\":{\"family\":\"x\",\"px\":20,\"weight\":50}}";
+    folder.write("report.json",
+                 "{\"format\":\"panel_report/1\",\"screens\":[{\"screen\":\"home\",\"texts\":[" + text +
+                     "false,\"box\":[0,0,500,60]" + font + ',' + text + "false,\"box\":[0,0,30,300]" + font +
+                     ',' + text + "true,\"box\":[0,0,60,300]" + font + ',' + text +
+                     "true,\"box\":[0,0,60,20]" + font + "]}]}");
+    result =
+        run({"fit", "--report", folder.path("report.json"), "--fail-on", "fit", "--sheet", folder.path("s")});
+    EXPECT_EQ(result.exit_code, 1);
+    EXPECT_NE(result.errors.find("0 errors, 2 warnings"), std::string::npos) << result.errors;
+    EXPECT_NE(result.errors.find("de.tsv:3: warning: message 2 on screen \"home\": needs "),
+              std::string::npos);
+    EXPECT_TRUE(std::filesystem::exists(folder.path("s/fit-de-01.png")));
+    folder.write("report.json", "{}");
+    EXPECT_EQ(run({"fit", "--report", folder.path("report.json")}).exit_code, 3);
+}

@@ -1,0 +1,108 @@
+#include "panel_fonts.h"
+
+#include "message_catalogue.h"
+#include "option_pack.h"
+
+#include <QDirIterator>
+#include <QFontDatabase>
+#include <QFontInfo>
+#include <QGlyphRun>
+#include <QRawFont>
+#include <QTextLayout>
+
+#include <algorithm>
+#include <filesystem>
+#include <fstream>
+#include <sstream>
+
+namespace velarion {
+
+namespace {
+
+/** The values of a key of a pack's properties. */
+std::vector<std::string> properties_of(const std::string& pack, const std::string& wanted) {
+    std::vector<std::string> values;
+    std::ifstream file(pack + "/pack.conf");
+    for (std::string line; std::getline(file, line);) {
+        const QString text = QString::fromStdString(line);
+        if (text.section(QLatin1Char('='), 0, 0).trimmed() == QString::fromStdString(wanted)) {
+            values.push_back(text.section(QLatin1Char('='), 1).trimmed().toStdString());
+        }
+    }
+    return values;
+}
+
+std::set<std::string> pack_folders_of(const std::string& catalogue) {
+    std::set<std::string> folders;
+    std::error_code no_packs;
+    for (const auto& entry : std::filesystem::directory_iterator(catalogue + "/packs", no_packs)) {
+        if (entry.is_directory()) {
+            folders.insert(entry.path().string());
+        }
+    }
+    return folders;
+}
+
+} // namespace
+
+std::vector<panel_language> panel_languages(const std::string& catalogue) {
+    std::vector<panel_language> languages;
+    for (std::size_t i = 0; i < STANDARD_LANGUAGE_NAMES.size(); ++i) {
+        const std::string name = STANDARD_LANGUAGE_NAMES[i];
+        languages.push_back({standard_language_id_table[i], name, catalogue + "/texts/" + name + ".tsv",
+                             QString::fromUtf8(standard_font_family_table[i])});
+    }
+    for (const std::string& pack : pack_folders_of(catalogue)) {
+        const std::string name = std::filesystem::path(pack).filename().string();
+        const std::vector<std::string> families = properties_of(pack, "font_family");
+        languages.push_back({QString::fromStdString(name).toInt(), name, pack + "/texts.tsv",
+                             families.empty() ? QString() : QString::fromStdString(families[0])});
+    }
+    return languages;
+}
+
+bool is_wanted_language(const panel_language& language, const std::vector<std::string>& wanted) {
+    return wanted.empty() || std::any_of(wanted.begin(), wanted.end(), [&language](const std::string& name) {
+               return name == language.name || name == std::to_string(language.id);
+           });
+}
+
+void load_panel_fonts(const std::string& catalogue, const std::string& device_tree) {
+    for (const std::string& pack : pack_folders_of(catalogue)) {
+        for (const std::string& font : properties_of(pack, "font")) {
+            QFontDatabase::addApplicationFont(QString::fromStdString(font));
+        }
+    }
+    if (device_tree.empty()) {
+        return;
+    }
+    QDirIterator files(QString::fromStdString(device_tree),
+                       {QStringLiteral("*.ttf"), QStringLiteral("*.otf")}, QDir::Files,
+                       QDirIterator::Subdirectories);
+    while (files.hasNext()) {
+        QFontDatabase::addApplicationFont(files.next());
+    }
+}
+
+QString shown_family(const QFont& font) {
+    return QRawFont::fromFont(font).familyName();
+}
+
+glyph_origin find_glyph(const QFont& font, uint character, QString& fallback) {
+    if (QRawFont::fromFont(font).supportsCharacter(character)) {
+        return glyph_origin::FONT;
+    }
+    QTextLayout layout(QString::fromUcs4(&character, 1), font);
+    layout.beginLayout();
+    layout.createLine();
+    layout.endLayout();
+    for (const QGlyphRun& run : layout.glyphRuns()) {
+        fallback = run.rawFont().familyName();
+        if (run.rawFont().supportsCharacter(character)) {
+            return glyph_origin::FALLBACK;
+        }
+    }
+    return glyph_origin::NONE;
+}
+
+} // namespace velarion

@@ -1,0 +1,41 @@
+#ifndef PANEL_FONTS_H
+#define PANEL_FONTS_H
+
+#include <QFont>
+#include <QString>
+
+#include <set>
+#include <string>
+#include <vector>
+
+namespace velarion {
+
+/** What a language of the panel is shown in. */
+struct panel_language {
+    int id = 0;
+    std::string name;  ///< "de", or the id of a pack
+    std::string texts; ///< its file
+    QString family;    ///< asked for by the panel
+};
+
+/** The standard languages and the packs of a catalogue. */
+std::vector<panel_language> panel_languages(const std::string& catalogue);
+
+/** Whether a language is one of those named by "de" or "49"; all are when none is named. */
+bool is_wanted_language(const panel_language& language, const std::vector<std::string>& wanted);
+
+/** Makes the fonts known that a device tree holds, if one is given, and those of the catalogue's packs. */
+void load_panel_fonts(const std::string& catalogue, const std::string& device_tree);
+
+/** The family that the toolkit takes for one that is asked for. */
+QString shown_family(const QFont& font);
+
+/** How a character comes out. */
+enum class glyph_origin { FONT, FALLBACK, NONE };
+
+/** @param fallback  receives the family that has the character when the font has not */
+glyph_origin find_glyph(const QFont& font, uint character, QString& fallback);
+
+} // namespace velarion
+
+#endif
