@@ -171,7 +171,7 @@ std::string size_text(const QSize& size) {
 std::vector<misfit> check_language(const panel_language& language, const std::vector<text_box>& boxes,
                                    const std::map<std::int32_t, std::int32_t>& rows, diagnostics& report) {
     std::map<std::int32_t, row_text> texts;
-    for (row_text& text : read_row_texts(language.texts, report)) {
+    for (row_text& text : read_row_texts(language.texts, language.name, report)) {
         texts.emplace(text.row, text);
     }
     std::vector<misfit> misfits;

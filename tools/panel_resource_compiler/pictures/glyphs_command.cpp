@@ -33,9 +33,10 @@ bool is_drawn(uint character) {
            !(character >= 0xfe00 && character <= 0xfe0f);
 }
 
-std::map<uint, character_use> characters_of(const std::string& file, diagnostics& report) {
+std::map<uint, character_use> characters_of(const std::string& file, const std::string& language,
+                                            diagnostics& report) {
     std::map<uint, character_use> found;
-    for (const row_text& text : read_row_texts(file, report)) {
+    for (const row_text& text : read_row_texts(file, language, report)) {
         std::size_t column = std::to_string(text.row).size() + 2;
         for (const uint character : QString::fromStdString(text.text).toUcs4()) {
             if (is_drawn(character)) {
@@ -97,7 +98,7 @@ void check_language(const panel_language& language, const std::multimap<std::int
                       "the font \"" + language.family.toStdString() + "\" is not here; checked with \"" +
                           shown.toStdString() + "\" in its place");
     }
-    for (const auto& [character, use] : characters_of(language.texts, report)) {
+    for (const auto& [character, use] : characters_of(language.texts, language.name, report)) {
         QString fallback;
         const glyph_origin origin = find_glyph(font, character, fallback);
         const std::string what = describe_character(character);
