@@ -168,17 +168,11 @@ void panel_button::changeEvent(QEvent* event) {
 }
 
 void panel_button::keyPressEvent(QKeyEvent* event) {
-    set_worked_by_keys(*this, true);
     if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) {
         click();
     } else {
         QAbstractButton::keyPressEvent(event);
     }
-}
-
-void panel_button::mousePressEvent(QMouseEvent* event) {
-    set_worked_by_keys(*this, false);
-    QAbstractButton::mousePressEvent(event);
 }
 
 void panel_button::draw_badge(QPainter& painter, const QRect& box) const {

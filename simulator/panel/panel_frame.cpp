@@ -12,6 +12,7 @@
 #include "title_bar.h"
 #include "units.h"
 
+#include <QCoreApplication>
 #include <QEvent>
 #include <QPainter>
 #include <QVBoxLayout>
@@ -53,6 +54,7 @@ panel_frame::panel_frame(const panel_services& services, const std::vector<scree
         open(screen);
     });
     new sleep_cover(services.machine, this);
+    QCoreApplication::instance()->installEventFilter(this);
     go_home();
 }
 
@@ -150,8 +152,19 @@ void panel_frame::focus_within(const QWidget& area, QWidget* start, bool is_forw
     update();
 }
 
+/** Notices whether the panel is worked by keys or by touch, whatever widget gets them. */
+bool panel_frame::eventFilter(QObject* watched, QEvent* event) {
+    const bool is_key = event->type() == QEvent::KeyPress;
+    if (is_key || event->type() == QEvent::MouseButtonPress) {
+        auto* widget = qobject_cast<QWidget*>(watched);
+        if (widget && widget->window() == this) {
+            set_worked_by_keys(*this, is_key);
+        }
+    }
+    return QWidget::eventFilter(watched, event);
+}
+
 bool panel_frame::focusNextPrevChild(bool is_forward) {
-    set_worked_by_keys(*this, true);
     const QWidget& area = dialog_ ? static_cast<QWidget&>(*dialog_) : *this;
     QWidget* start = focusWidget() && area.isAncestorOf(focusWidget()) ? focusWidget() : screen_;
     focus_within(area, start, is_forward);

@@ -63,6 +63,7 @@ Q_SIGNALS:
 protected:
     void changeEvent(QEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
+    bool eventFilter(QObject* watched, QEvent* event) override;
     bool focusNextPrevChild(bool is_forward) override;
 
 private:

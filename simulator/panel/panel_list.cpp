@@ -196,7 +196,6 @@ void panel_list::paintEvent(QPaintEvent*) {
 }
 
 void panel_list::mousePressEvent(QMouseEvent* event) {
-    set_worked_by_keys(*this, false);
     drag_start_ = event->y();
     drag_offset_ = offset_;
     is_dragged_ = false;
@@ -227,7 +226,6 @@ void panel_list::wheelEvent(QWheelEvent* event) {
 }
 
 void panel_list::keyPressEvent(QKeyEvent* event) {
-    set_worked_by_keys(*this, true);
     const int last = static_cast<int>(rows_.size()) - 1;
     switch (event->key()) {
     case Qt::Key_Up:

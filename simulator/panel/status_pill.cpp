@@ -80,17 +80,11 @@ void status_pill::reload() {
 }
 
 void status_pill::keyPressEvent(QKeyEvent* event) {
-    set_worked_by_keys(*this, true);
     if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) {
         click();
     } else {
         QAbstractButton::keyPressEvent(event);
     }
-}
-
-void status_pill::mousePressEvent(QMouseEvent* event) {
-    set_worked_by_keys(*this, false);
-    QAbstractButton::mousePressEvent(event);
 }
 
 void status_pill::paintEvent(QPaintEvent*) {
