@@ -109,7 +109,7 @@ QString service_keeper::run(const QStringList& words) {
         return usage();
     }
     return name == QLatin1String("start")      ? start()
-           : name == QLatin1String("stop")     ? send_signals({SIGTERM, SIGCONT})
+           : name == QLatin1String("stop")     ? send_signals({SIGCONT, SIGTERM})
            : name == QLatin1String("kill")     ? send_signals({SIGKILL})
            : name == QLatin1String("pause")    ? send_signals({SIGSTOP})
            : name == QLatin1String("continue") ? send_signals({SIGCONT})
@@ -156,7 +156,7 @@ QString service_keeper::send_signals(std::initializer_list<int> signals) {
 
 /** A service that another program started ends first; go_on() tells when it did. */
 QString service_keeper::restart() {
-    restarts_ = send_signals({SIGTERM, SIGCONT}).isEmpty();
+    restarts_ = send_signals({SIGCONT, SIGTERM}).isEmpty();
     return restarts_ ? QString() : start();
 }
 

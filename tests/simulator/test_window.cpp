@@ -1,0 +1,82 @@
+#include "device_link.h"
+#include "hard_key.h"
+#include "main_window.h"
+#include "message_log.h"
+#include "panel_view.h"
+#include "service_keeper.h"
+#include "service_process.h"
+#include "simulation.h"
+
+#include <QApplication>
+#include <QElapsedTimer>
+
+#include <cstdio>
+
+namespace {
+
+using namespace velarion;
+
+constexpr int GENEROUS = 1000; // ms; 100 is what is aimed at, and printed
+
+/** A simulator with its window, as run_window() puts it together. */
+class test_window : public scratch_service {
+protected:
+    /** Presses keys and switches languages, as long as it takes. @return whether the condition came about */
+    bool wait_for(service_condition condition) {
+        QElapsedTimer time;
+        time.start();
+        for (int turn = 0; time.elapsed() < 20000 && link_.watch().condition() != condition; ++turn) {
+            link_.move_key(turn % 8 == 0 ? KEY_START : KEY_COPY + turn % 3, turn % 2 == 0);
+            if (turn % 20 == 0) {
+                panel_.choose_preferred_language(panel_.languages()[static_cast<std::size_t>(turn / 20 % 8)]);
+            }
+            QCoreApplication::processEvents(QEventLoop::AllEvents | QEventLoop::WaitForMoreEvents);
+        }
+        return link_.watch().condition() == condition;
+    }
+
+    message_log messages_;
+    trace_log traces_{false};
+    device_link link_;
+    service_keeper service_{link_};
+    simulation panel_{&link_};
+    main_window window_{{panel_, link_, service_, messages_, traces_}};
+};
+
+TEST_F(test_window, never_freezes_whatever_the_service_does) {
+    window_.show();
+    service_.begin(service_source::NONE);
+    wait_for(service_condition::ABSENT);
+    window_.pulse().take_longest(); // what comes before the first frame is start-up
+    const struct {
+        const char* command;
+        service_condition condition;
+    } rows[] = {
+        {"start", service_condition::RUNNING},    {"kill", service_condition::ABSENT},
+        {"start", service_condition::RUNNING},    {"pause", service_condition::SILENT},
+        {"continue", service_condition::RUNNING}, {"delay 400", service_condition::SLOW},
+        {"normal", service_condition::RUNNING},   {"refuse 7", service_condition::REFUSING},
+        {"drop", service_condition::SILENT},      {"normal", service_condition::RUNNING},
+        {"crash", service_condition::ABSENT},     {"restart", service_condition::RUNNING},
+        {"stop", service_condition::ABSENT},
+    };
+    int led_status = 0;
+    for (const auto& row : rows) {
+        link_.set_led(DVC_PNL_DEC_LED_PRINT_SERVICE, ++led_status % 4);
+        EXPECT_EQ(service_.run(QString::fromLatin1(row.command).split(QLatin1Char(' '))), QString());
+        EXPECT_TRUE(wait_for(row.condition)) << row.command << ": " << qPrintable(link_.watch().text());
+        const int longest = window_.pulse().take_longest();
+        std::printf("longest pause with \"%s\": %d ms\n", row.command, longest);
+        EXPECT_LT(longest, GENEROUS) << row.command;
+    }
+    bool was_refused = false;
+    bool was_told = false;
+    for (const message_entry& entry : messages_.entries()) {
+        was_refused |= entry.result == QLatin1String("refused with 7: unknown key");
+        was_told |= entry.is_notification && entry.parameters == QLatin1String("key 20, status pressed");
+    }
+    EXPECT_TRUE(was_refused && was_told) << messages_.entries().size();
+    EXPECT_EQ(traces_.records().size(), 2U); // of the pictures' preloading
+}
+
+} // namespace
