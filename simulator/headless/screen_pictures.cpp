@@ -5,6 +5,7 @@
 #include "units.h"
 
 #include <QDir>
+#include <QFileInfo>
 #include <QFont>
 #include <QPainter>
 #include <QSaveFile>
@@ -129,8 +130,13 @@ bool write_picture(const QImage& picture, const QString& file) {
 }
 
 bool write_file(const QString& file, const QByteArray& bytes) {
-    QSaveFile output(file);
-    if (output.open(QIODevice::WriteOnly) && output.write(bytes) == bytes.size() && output.commit()) {
+    const QFileInfo place(file);
+    const bool is_device = place.exists() && !place.isFile(); // written into, not replaced
+    QFile device(file);
+    QSaveFile replacement(file);
+    QFileDevice& output = is_device ? static_cast<QFileDevice&>(device) : replacement;
+    if (output.open(QIODevice::WriteOnly) && output.write(bytes) == bytes.size() &&
+        (is_device ? device.flush() : replacement.commit())) {
         return true;
     }
     report_simulator_fault(QStringLiteral("%1 cannot be written: %2").arg(file, output.errorString()));
