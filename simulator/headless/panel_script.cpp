@@ -1,9 +1,11 @@
 #include "hard_key.h"
 #include "language_names.h"
+#include "panel_report.h"
 #include "panel_touch.h"
 #include "screen_pictures.h"
 #include "script_runner.h"
 #include "settings_database.h"
+#include "simulator_options.h"
 
 #include "dvc_pnl_rmg_language_resource.h"
 
@@ -85,6 +87,16 @@ script_outcome check_picture(const panel_contents& contents, const QString& want
     }
     return script_outcome::unmet(
         QStringLiteral("picture %1 is not shown; shown are %2").arg(wanted, shown.join(QLatin1String(", "))));
+}
+
+script_outcome check_fault(const panel_contents& contents, const QString& name) {
+    unsigned int faults = 0;
+    QString unknown;
+    if (!read_fault_classes(name, faults, unknown)) {
+        return script_outcome::wrong(QStringLiteral("there is no fault \"%1\"").arg(unknown));
+    }
+    const panel_findings found = panel_examiner().examine(contents);
+    return script_outcome::of(has_fault(found.counts, faults), QStringLiteral("there is no such fault"));
 }
 
 int language_in_force() {
@@ -178,6 +190,9 @@ void add_panel_conditions(script_runner& runner, simulation& panel, panel_stage&
             return script_outcome::of(direction == word[0],
                                       QStringLiteral("the direction is %1").arg(direction));
         });
+    runner.add_condition(QStringLiteral("fault"),
+                         QStringLiteral("overflow | overlap | glyphs | pictures | fallbacks"), 1, 1,
+                         [&](const words& word) { return check_fault(stage.contents(), word[0]); });
     runner.add_condition(QStringLiteral("jam"), QString(), 0, 0, [&](const words&) {
         return script_outcome::of(panel.machine().jam().has_value(), QStringLiteral("there is no paper jam"));
     });

@@ -67,19 +67,13 @@ bool fail(const QString& text, int& exit_code) {
 }
 
 bool read_fail_on(const QString& list, unsigned int& faults, int& exit_code) {
-    for (const QString& word : list.split(QLatin1Char(','))) {
-        const auto* found =
-            std::find_if(std::begin(FAULT_NAMES), std::end(FAULT_NAMES),
-                         [&](const fault_name& name) { return word == QLatin1String(name.name); });
-        if (found == std::end(FAULT_NAMES)) {
-            return fail(QStringLiteral("--fail-on: unknown word \"%1\"; known are overflow, overlap, glyphs, "
-                                       "pictures, fallbacks")
-                            .arg(word),
-                        exit_code);
-        }
-        faults |= found->fault;
-    }
-    return true;
+    QString unknown;
+    return read_fault_classes(list, faults, unknown) ||
+           fail(QStringLiteral(
+                    "--fail-on: unknown word \"%1\"; known are overflow, overlap, glyphs, pictures, "
+                    "fallbacks")
+                    .arg(unknown),
+                exit_code);
 }
 
 bool read_languages(const QString& list, std::vector<int>& languages, int& exit_code) {
@@ -159,6 +153,20 @@ bool read_simulator_options(const QStringList& arguments, simulator_options& opt
     }
     return !parser.isSet(QStringLiteral("fail-on")) ||
            read_fail_on(value("fail-on"), options.fail_on, exit_code);
+}
+
+bool read_fault_classes(const QString& list, unsigned int& faults, QString& unknown) {
+    for (const QString& word : list.split(QLatin1Char(','))) {
+        const auto* found =
+            std::find_if(std::begin(FAULT_NAMES), std::end(FAULT_NAMES),
+                         [&](const fault_name& name) { return word == QLatin1String(name.name); });
+        if (found == std::end(FAULT_NAMES)) {
+            unknown = word;
+            return false;
+        }
+        faults |= found->fault;
+    }
+    return true;
 }
 
 bool asks_for_no_window(int argc, char** argv) {

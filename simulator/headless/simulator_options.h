@@ -60,6 +60,14 @@ struct simulator_options {
  */
 bool read_simulator_options(const QStringList& arguments, simulator_options& options, int& exit_code);
 
+/**
+ * Reads names of fault classes with commas between them.
+ *
+ * @param faults   receives them, fault_class
+ * @param unknown  receives the first word that names none, when the result is false
+ */
+bool read_fault_classes(const QString& list, unsigned int& faults, QString& unknown);
+
 /** Whether a command line asks for something that is done without a window; before the application is there.
  */
 bool asks_for_no_window(int argc, char** argv);
