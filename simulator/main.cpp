@@ -1,3 +1,4 @@
+#include "device_tree.h"
 #include "headless_run.h"
 #include "simulator_options.h"
 #include "window_run.h"
@@ -53,6 +54,9 @@ int main(int argc, char** argv) {
             QStringLiteral("there is no display for a window; see --help for what goes without "
                            "one, or add -platform vnc and look at it with a VNC viewer"));
         return SIMULATOR_FAILED;
+    }
+    if (!is_device_tree_in_place()) {
+        report_simulator_fault(missing_device_tree_text());
     }
     return options.is_headless() ? run_headless(options) : run_window(options);
 }

@@ -2,6 +2,7 @@
 
 #include "device_link.h"
 #include "device_script.h"
+#include "message_log.h"
 #include "panel_report.h"
 #include "panel_stage.h"
 #include "review_page.h"
@@ -114,6 +115,7 @@ int run_headless(const simulator_options& options) {
     if (options.lists_screens) {
         return list_screens();
     }
+    const trace_log traces(options.is_verbose); // kept from standard error
     device_link link; // which a script may start
     simulation panel(&link);
     panel_stage stage(panel, options.direction);

@@ -1,5 +1,6 @@
 #include "panel_host.h"
 
+#include "device_tree.h"
 #include "dvc_pnl_rmg_image_resource_manager.h"
 #include "dvc_pnl_rmg_language_resource.h"
 #include "start_phases.h"
@@ -58,7 +59,10 @@ void panel_host::start_images_anew() {
 
 void panel_host::start_languages_anew() {
     dvc_pnl_rmg_language_resource::dvc_pnl_rmg_delete_instance();
-    dvc_pnl_rmg_language_resource::dvc_pnl_rmg_create_instance();
+    {
+        const font_command_silence silence;
+        dvc_pnl_rmg_language_resource::dvc_pnl_rmg_create_instance();
+    }
     make_fonts_known();
 }
 

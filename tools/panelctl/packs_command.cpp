@@ -1,6 +1,7 @@
 #include "command.h"
 
 #include "command_line.h"
+#include "device_tree.h"
 #include "display.h"
 #include "dvc_pnl_rmg_message_table.h"
 #include "dvc_pnl_rmg_option_language_attribute_manager.h"

@@ -13,22 +13,6 @@ class dvc_pnl_rmg_language_resource;
  */
 void report_missing_device_tree();
 
-/**
- * Keeps what the commands of the font directory say ("mkdir: cannot create ...") from standard error for
- * its lifetime; every other line written there comes out when it ends.
- */
-class font_command_silence {
-public:
-    font_command_silence();
-    ~font_command_silence();
-    font_command_silence(const font_command_silence&) = delete;
-    font_command_silence& operator=(const font_command_silence&) = delete;
-
-private:
-    int saved_error_;
-    int captured_error_;
-};
-
 /** The library's language resource for one run of a command; says what it left outside a device tree. */
 class panel_session {
 public:
