@@ -12,6 +12,8 @@ constexpr QChar LEFT_TO_RIGHT_MARK(0x200e);
 
 } // namespace
 
+QString (*message_text::disguise_)(const QString&) = nullptr;
+
 message_text message_text::literal(const QString& text) {
     message_text made;
     made.literal_ = text;
@@ -31,6 +33,9 @@ QString message_text::read() const {
     }
     QString text = dvc_pnl_rmg_language_resource::dvc_pnl_rmg_get_instance()->dvc_pnl_rmg_get_message(
         id_.toLatin1().constData());
+    if (disguise_) {
+        text = disguise_(text);
+    }
     for (int i = 0; i < arguments_.size(); ++i) {
         text.replace(QStringLiteral("%%1").arg(i + 1), arguments_[i]);
     }

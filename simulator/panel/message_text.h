@@ -29,6 +29,10 @@ public:
     /** The text in the language in force, its placeholders filled. */
     QString read() const;
 
+    /** Has the text of every message changed when it is read, before its arguments are put in; null: as it
+     * is. What is shown already changes when it is read anew. */
+    static void set_disguise(QString (*disguise)(const QString& text)) { disguise_ = disguise; }
+
     bool is_empty() const { return id_.isEmpty() && literal_.isEmpty(); }
     bool is_message() const { return !id_.isEmpty(); }
     const QString& id() const { return id_; }
@@ -44,6 +48,8 @@ private:
     QStringList arguments_;
     QString literal_;
     bool is_ordered_ = false;
+
+    static QString (*disguise_)(const QString& text);
 };
 
 } // namespace velarion

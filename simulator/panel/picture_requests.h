@@ -28,7 +28,7 @@ public:
                          QString& found_name, bool& was_cached);
 
     static const picture_counts& counts() { return counts_; }
-    static void clear_counts() { counts_ = {}; }
+    static void set_counts(const picture_counts& counts) { counts_ = counts; }
 
     /** Whether the cache holds a file's picture at a size. */
     static bool is_cached(const QString& file_name, const QSize& size);

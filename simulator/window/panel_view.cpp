@@ -1,6 +1,7 @@
 #include "panel_view.h"
 
 #include "panel_frame.h"
+#include "panel_overlay.h"
 #include "units.h"
 
 #include <QCoreApplication>
@@ -64,6 +65,11 @@ QRect panel_view::view_box(const QRect& panel_box) const {
         .toAlignedRect();
 }
 
+void panel_view::set_overlay(panel_overlay* overlay) {
+    overlay_ = overlay;
+    update();
+}
+
 QSize panel_view::sizeHint() const {
     const QSizeF size = QSizeF(PANEL_SIZE) * screen_pixels();
     return {static_cast<int>(std::ceil(size.width())), static_cast<int>(std::ceil(size.height()))};
@@ -101,6 +107,12 @@ void panel_view::paintEvent(QPaintEvent*) {
     QPainter painter(this);
     painter.setRenderHint(QPainter::SmoothPixmapTransform, false);
     painter.drawImage(QRectF(corner(), QSizeF(PANEL_SIZE) * screen_pixels()), picture());
+    if (overlay_) {
+        painter.translate(corner());
+        painter.scale(screen_pixels(), screen_pixels());
+        painter.setClipRect(panel_.rect());
+        overlay_->draw(painter);
+    }
 }
 
 /** What is pressed gets every movement until it is released, as under a finger. */

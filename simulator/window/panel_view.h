@@ -8,6 +8,7 @@
 namespace velarion {
 
 class panel_frame;
+class panel_overlay;
 
 /**
  * Shows the panel in whole zoom steps, each of its pixels a square of pixels of the screen, and hands mouse
@@ -29,6 +30,9 @@ public:
     QPoint panel_place(const QPoint& place) const;
     /** @return where a box of the panel stands in the view */
     QRect view_box(const QRect& panel_box) const;
+
+    /** @param overlay  is drawn above the panel, outlives the view; null: none */
+    void set_overlay(panel_overlay* overlay);
 
     QSize sizeHint() const override;
 
@@ -56,6 +60,7 @@ private:
     void send_key(QKeyEvent* event);
 
     panel_frame& panel_;
+    panel_overlay* overlay_ = nullptr;
     QPointer<QWidget> pressed_;
     QImage image_;
     bool is_stale_ = true;

@@ -1,8 +1,14 @@
 #include "dvc_pnl_rmg_language_resource.h"
 #include "panel_findings.h"
 #include "panel_host.h"
+#include "panel_inspection.h"
+#include "panel_view.h"
 #include "picture_block.h"
 #include "picture_requests.h"
+#include "screen_index.h"
+#include "simulation.h"
+#include "theme.h"
+#include "units.h"
 
 #include <gtest/gtest.h>
 
@@ -38,7 +44,35 @@ protected:
     panel_examiner examiner_;
 };
 
+/** The pointer of the inspector above a panel, whose screens come and go. */
+class inspection : public testing::Test {
+protected:
+    element_key key_of_title() {
+        return inspection_.element_at(QPoint(px(grid::margin) + 4, px(grid::title_bar) / 2));
+    }
+    simulation simulation_;
+    panel_view view_{simulation_.panel()}; // has it laid out
+    panel_inspection inspection_{simulation_};
+};
+
 } // namespace
+
+TEST_F(inspection, forgets_what_is_gone_and_follows_the_language) {
+    ASSERT_TRUE(open_view(simulation_, QStringLiteral("home")));
+    view_.picture();
+    inspection_.refresh();
+    inspection_.point_at(key_of_title());
+    ASSERT_TRUE(inspection_.find_text(inspection_.pointed()));
+    simulation_.choose_preferred_language({49, 0});
+    inspection_.refresh();
+    ASSERT_TRUE(inspection_.find_text(inspection_.pointed()));
+    EXPECT_EQ(inspection_.find_text(inspection_.pointed())->origin.language_id, 49);
+    ASSERT_TRUE(open_view(simulation_, QStringLiteral("settings")));
+    view_.picture();
+    inspection_.refresh();
+    EXPECT_EQ(inspection_.pointed().is, element_key::NONE);
+    simulation_.choose_preferred_language({0, 0});
+}
 
 TEST_F(findings, tell_the_language_that_a_text_came_from) {
     struct {
@@ -89,7 +123,7 @@ TEST_F(findings, tell_the_file_of_a_picture_and_whether_the_cache_had_it) {
                       {"ext:none", "", picture_variant::MISSING, false}};
     for (const auto& row : rows) {
         SCOPED_TRACE(std::string(row.id) + row.suffix);
-        picture_requests::clear_counts();
+        picture_requests::set_counts({});
         const picture_finding found = picture(row.id, row.suffix);
         EXPECT_EQ(found.origin.variant, row.variant);
         EXPECT_EQ(found.origin.is_cached, row.is_cached);

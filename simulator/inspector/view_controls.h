@@ -1,0 +1,37 @@
+#ifndef VIEW_CONTROLS_H
+#define VIEW_CONTROLS_H
+
+#include <QWidget>
+
+class QCheckBox;
+class QComboBox;
+
+namespace velarion {
+
+class simulation;
+
+/** Languages, writing direction, pseudo-texts and names in place of missing texts and pictures. */
+class view_controls : public QWidget {
+    Q_OBJECT
+
+public:
+    /** @param panel  outlives it */
+    explicit view_controls(simulation& panel);
+    ~view_controls() override;
+
+private:
+    void show_languages();
+    void apply_direction();
+    void reload_texts();
+
+    simulation& simulation_;
+    QComboBox* preferred_;
+    QComboBox* standard_;
+    QComboBox* direction_;
+    QCheckBox* pseudo_;
+    QCheckBox* names_;
+};
+
+} // namespace velarion
+
+#endif
