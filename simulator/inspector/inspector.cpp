@@ -80,7 +80,7 @@ QWidget* inspector::make_head() {
     layout->setContentsMargins(0, 0, 0, 0);
     inspects_ = new_toggle(QStringLiteral("Inspect"),
                            QStringLiteral("A click on the panel copies the id instead of touching"),
-                           QKeySequence(Qt::CTRL | Qt::Key_I));
+                           QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_I));
     overlays_ =
         new_toggle(QStringLiteral("Overlay"), QStringLiteral("Shows boxes and findings above the panel"),
                    QKeySequence(Qt::CTRL | Qt::Key_B));
