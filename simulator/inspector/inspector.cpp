@@ -45,6 +45,7 @@ QToolButton* new_toggle(const QString& text, const QString& hint, const QKeySequ
 
 inspector::inspector(const inspector_parts& parts)
     : parts_(parts)
+    , view_(&parts_.view)
     , inspection_(parts_.panel)
     , index_(parts_.panel, inspection_.examiner())
     , overlay_(inspection_)
@@ -71,7 +72,9 @@ inspector::inspector(const inspector_parts& parts)
 }
 
 inspector::~inspector() {
-    parts_.view.set_overlay(nullptr);
+    if (view_) {
+        view_->set_overlay(nullptr);
+    }
 }
 
 QWidget* inspector::make_head() {
@@ -108,7 +111,7 @@ void inspector::make_tabs() {
     messages_ = new record_tab(
         {QStringLiteral("Time"), QStringLiteral("Message"), QStringLiteral("Result"), QStringLiteral("ms")},
         1);
-    traces_ = new record_tab({QStringLiteral("Time"), QStringLiteral("Kind"), QStringLiteral("Trace")}, 2);
+    traces_ = new record_tab({QStringLiteral("Trace")}, 0);
     const auto add = [this](QWidget* tab, const char* title) {
         tab->layout()->setContentsMargins(6, 8, 6, 6);
         tabs_->addTab(tab, QLatin1String(title));

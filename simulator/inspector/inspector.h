@@ -6,6 +6,7 @@
 #include "panel_inspection.h"
 #include "screen_index.h"
 
+#include <QPointer>
 #include <QWidget>
 
 class QLabel;
@@ -62,6 +63,7 @@ private:
     void tell(const QString& text);
 
     inspector_parts parts_;
+    QPointer<panel_view> view_; ///< a window may destroy it first
     panel_inspection inspection_;
     screen_index index_;
     findings_overlay overlay_;

@@ -1,9 +1,12 @@
 #include "window_run.h"
 
 #include "device_link.h"
+#include "inspector.h"
 #include "main_window.h"
 #include "message_log.h"
+#include "panel_view.h"
 #include "panel_watch.h"
+#include "record_tab.h"
 #include "simulation.h"
 #include "simulator_options.h"
 #include "start_phases.h"
@@ -54,6 +57,21 @@ private:
     QSocketNotifier notifier_;
 };
 
+/** The inspector, which hears of messages and traces. */
+inspector* make_side_bar(const inspector_parts& parts, message_log& messages, trace_log& traces) {
+    auto* side_bar = new inspector(parts);
+    QObject::connect(&messages, &message_log::added, side_bar, [side_bar](const message_entry& entry) {
+        side_bar->messages().add({entry.time.toString(QStringLiteral("hh:mm:ss.zzz")),
+                                  entry.function + QLatin1Char(' ') + entry.parameters,
+                                  entry.is_notification ? QStringLiteral("told") : entry.result,
+                                  entry.is_notification ? QString() : QString::number(entry.ms, 'f', 1)},
+                                 !entry.is_good);
+    });
+    QObject::connect(&traces, &trace_log::added, side_bar,
+                     [side_bar](const QString& record) { side_bar->traces().add({record}); });
+    return side_bar;
+}
+
 } // namespace
 
 /** The library's resources come before the first request to the device, and go before the connection. */
@@ -70,6 +88,9 @@ int run_window(const simulator_options& options) {
         watch = std::make_unique<panel_watch>(panel);
     }
     main_window window({panel, link, service, messages, traces});
+    window.set_side_bar(make_side_bar(
+        {panel, window.view(), link, [&service](const QStringList& words) { return service.run(words); }},
+        messages, traces));
     QObject::connect(&window, &main_window::first_frame_shown, [&] {
         end_start_phase("first frame");
         if (options.prints_timing) {
