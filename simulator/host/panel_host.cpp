@@ -22,7 +22,7 @@ struct stand_in_font {
 };
 
 constexpr stand_in_font STAND_INS[] = {{"Univers OTS", "Liberation Sans"},
-                                       {"HeiseiKakuGothW5_JIS0213C", "VL Gothic"}};
+                                       {"HeiseiKakuGothW5_JIS0213C", "VL PGothic"}};
 
 /** What was loaded stays: a font that is in use may not go. */
 void make_fonts_known() {
