@@ -8,7 +8,6 @@
 #include <algorithm>
 #include <map>
 #include <unordered_map>
-#include <unordered_set>
 
 namespace velarion {
 
@@ -97,6 +96,20 @@ void check_textless(const message_catalogue& catalogue, const used_rows& used, d
     }
 }
 
+/**
+ * Whether a text that is the English one is a name, as of a place: another language takes it over as well,
+ * where yet another does not. What nobody has translated is none, nor what has words in small letters.
+ */
+bool is_international(const catalogue_row& row, const std::u32string& text) {
+    const std::string& english = row.texts[ENGLISH_INDEX];
+    const auto same = std::count(row.texts.begin(), row.texts.end(), english);
+    const bool is_translated = std::any_of(row.texts.begin(), row.texts.end(), [&english](const auto& other) {
+        return other != english && !is_blank_text(other);
+    });
+    constexpr int ENGLISH_AND_THIS = 2;
+    return !has_small_word(text) && same > ENGLISH_AND_THIS && is_translated;
+}
+
 } // namespace
 
 void check_missing(const message_catalogue& catalogue, const std::vector<text_file>& packs,
@@ -132,6 +145,10 @@ void check_slips(const message_catalogue& catalogue, const text_file& language, 
                 slips_against_english(characters, english, language.language);
             faults.insert(faults.end(), more.begin(), more.end());
         }
+        if (!is_english && is_untranslated(characters, english) &&
+            !is_international(catalogue.rows[static_cast<std::size_t>(text.row)], characters)) {
+            faults.push_back({CHECK_SAME_AS_ENGLISH, 0, "is the same as the English text"});
+        }
         for (const text_fault& fault : faults) {
             report.add(text_finding(fault.check, language.language, text, fault.character, fault.text));
         }
@@ -166,22 +183,6 @@ void check_renderings(const message_catalogue& catalogue, const text_file& langu
                                     quoted_text(found->first) + " is " + quoted_text(usual->first) +
                                         " in row " + std::to_string(usual->second.first->row) + ", and " +
                                         quoted_text(text.text) + " here"));
-        }
-    }
-}
-
-void check_quoted_names(const text_file& language, diagnostics& report) {
-    std::unordered_set<std::string> names;
-    for (const row_text& text : language.texts) {
-        names.insert(as_utf8(as_quoted(characters_of(text.text), language.language)));
-    }
-    for (const row_text& text : language.texts) {
-        for (const quoted_name& quoted : quoted_names_of(characters_of(text.text), language.language)) {
-            if (names.count(as_utf8(as_quoted(quoted.name, language.language))) == 0) {
-                report.add(
-                    text_finding(CHECK_QUOTED_NAMES, language.language, text, quoted.character,
-                                 "quotes " + quoted_text(as_utf8(quoted.name)) + ", which is no text"));
-            }
         }
     }
 }

@@ -21,9 +21,6 @@ void check_slips(const message_catalogue& catalogue, const text_file& language, 
 /** English texts that are rendered in two ways in a language. */
 void check_renderings(const message_catalogue& catalogue, const text_file& language, diagnostics& report);
 
-/** Names between quotation marks that no text of the language is. */
-void check_quoted_names(const text_file& language, diagnostics& report);
-
 /** Messages of one name. */
 void check_duplicate_names(const message_catalogue& catalogue, diagnostics& report);
 

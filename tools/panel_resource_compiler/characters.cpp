@@ -78,6 +78,16 @@ bool is_word_character(char32_t c) {
            !is_punctuation_beyond_latin(c);
 }
 
+char32_t small_letter_of(char32_t c) {
+    const bool is_32_below = (c >= U'A' && c <= U'Z') || (c >= 0xC0 && c <= 0xDE && c != 0xD7) ||
+                             (c >= 0x391 && c <= 0x3A9) || (c >= 0x410 && c <= 0x42F);
+    if (is_32_below) {
+        return c + 32;
+    }
+    const bool is_even_capital = (c >= 0x100 && c <= 0x137) || (c >= 0x14A && c <= 0x177);
+    return is_even_capital ? c | 1U : c;
+}
+
 std::u32string trimmed(const std::u32string& text) {
     std::size_t first = 0;
     std::size_t end = text.size();

@@ -25,6 +25,9 @@ bool is_ascii_digit(char32_t character);
 /** Letters, digits and marks of every script, as far as punctuation is to be told from them. */
 bool is_word_character(char32_t character);
 
+/** The small letter of a capital one, Latin, Greek and Cyrillic; any other character as it is. */
+char32_t small_letter_of(char32_t character);
+
 /** A text without the blanks around it. */
 std::u32string trimmed(const std::u32string& text);
 

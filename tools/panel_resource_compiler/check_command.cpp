@@ -8,6 +8,7 @@
 #include "json_text.h"
 #include "keyboard_rules.h"
 #include "progress.h"
+#include "quoted_name_rules.h"
 
 #include <algorithm>
 #include <filesystem>
@@ -59,7 +60,8 @@ public:
         ignored.read(folder_, report_);
         report_.set_filter([this, &ignored](const finding& found) {
             progress_.clear();
-            return !is_wanted(found.language) || ignored.accepts(found);
+            const bool is_of_all = found.language.empty() && found.kind != severity::ERROR;
+            return !is_wanted(found.language) || (is_of_all && !wanted_.empty()) || ignored.accepts(found);
         });
         if (std::string fault = read(); !fault.empty()) {
             return fault;
@@ -127,22 +129,23 @@ private:
         return {};
     }
 
-    void check_language(const text_file& language) {
+    void check_language(const text_file& language, const quoted_name_rule& quoted_names) {
         if (is_wanted(language.language)) {
             progress_.tell("checking " + language.file);
             check_slips(source_.messages, language, report_);
             check_renderings(source_.messages, language, report_);
-            check_quoted_names(language, report_);
+            quoted_names.check(language, report_);
             check_stale(folder_, source_.messages, language, report_);
         }
     }
 
     void check_texts() {
+        const quoted_name_rule quoted_names(source_.messages);
         for (const text_file& language : source_.messages.languages) {
-            check_language(language);
+            check_language(language, quoted_names);
         }
         for (const text_file& pack : source_.packs) {
-            check_language(pack);
+            check_language(pack, quoted_names);
         }
         progress_.tell("looking for missing texts");
         check_missing(source_.messages, source_.packs, report_);
@@ -235,7 +238,7 @@ void print_json(const diagnostics& report, bool fails) {
 void declare(command_options& options, check_line& line) {
     add_catalogue_options(options, line.catalogue);
     options.values("language", "L", line.languages,
-                   "only what concerns a language, \"de\" or 49; may stand several times");
+                   "only what concerns a language, \"de\" or 49, and errors; may stand several times");
     options.values("fail-on", "CLASS", line.failing,
                    "fails on findings of a class, and on errors: broken, missing, stale or\n"
                    "suspicious; may stand several times");

@@ -14,6 +14,24 @@ std::string describe_count(std::size_t count, severity kind) {
     return std::to_string(count) + ' ' + severity_name(kind) + (count == 1 ? "" : "s");
 }
 
+/** What stands in a report of a catalogue's own bytes leaves a terminal as it is, and does not flood it. */
+std::string harmless(const std::string& text) {
+    constexpr std::size_t MOST_BYTES = 1000;
+    std::string shown;
+    for (std::size_t i = 0; i < text.size(); ++i) {
+        const unsigned char byte = static_cast<unsigned char>(text[i]);
+        const bool is_continuation = (byte & 0xC0U) == 0x80U;
+        if (i >= MOST_BYTES && !is_continuation) {
+            return shown + "…";
+        }
+        const bool is_upper_control =
+            byte == 0xC2 && i + 1 < text.size() && static_cast<unsigned char>(text[i + 1]) < 0xA0;
+        i += is_upper_control ? 1 : 0;
+        shown += byte < ' ' || byte == 0x7F || is_upper_control ? '?' : text[i];
+    }
+    return shown;
+}
+
 } // namespace
 
 const char* severity_name(severity kind) {
@@ -21,7 +39,7 @@ const char* severity_name(severity kind) {
 }
 
 std::string describe_finding(const finding& found) {
-    std::string line = found.place.file + ':';
+    std::string line = harmless(found.place.file) + ':';
     for (const std::size_t number : {found.place.line, found.place.column}) {
         if (number == 0) {
             break;
@@ -82,6 +100,7 @@ void diagnostics::add(finding found) {
     if (is_ignored_ && is_ignored_(found)) {
         return;
     }
+    found.text = harmless(found.text);
     ++counts_[static_cast<std::size_t>(found.kind)];
     const std::size_t count = ++check_counts_[found.check];
     if (!is_silent_ && (shows_all_ || count <= MOST_SHOWN)) {

@@ -1,6 +1,7 @@
 #include "keyboard_rules.h"
 
 #include "checks.h"
+#include "folder_walk.h"
 #include "keyboard_file.h"
 
 #include <algorithm>
@@ -15,17 +16,6 @@ namespace {
 namespace fs = std::filesystem;
 
 constexpr int NO_LANGUAGE = 0; // every section of a file is read, whosever it is
-
-std::vector<std::string> files_below(const std::string& folder) {
-    std::vector<std::string> files;
-    std::error_code error;
-    fs::recursive_directory_iterator entry(folder, fs::directory_options::follow_directory_symlink, error);
-    for (; !error && entry != fs::recursive_directory_iterator(); entry.increment(error)) {
-        files.push_back(entry->path().string());
-    }
-    std::sort(files.begin(), files.end());
-    return files;
-}
 
 /** @return false when the file is one that the panel reads, and cannot be read */
 bool is_readable(const fs::path& file, QString& fault) {
@@ -59,16 +49,16 @@ void split_fault(const std::string& fault, source_place& place, std::string& rea
 } // namespace
 
 void check_keyboards(const std::string& folder, const std::string& language, diagnostics& report) {
-    for (const std::string& file : files_below(folder)) {
+    std::vector<folder_fault> told_by_the_pack;
+    for (const fs::path& file : files_below(folder, told_by_the_pack)) {
         QString fault;
         if (is_readable(file, fault)) {
             continue;
         }
-        source_place place{file, 0};
+        source_place place{file.string(), 0};
         std::string reason;
         split_fault(fault.toStdString(), place, reason);
-        report.add(
-            {place, severity::WARNING, CHECK_KEYBOARD, reason, language, fs::path(file).filename().string()});
+        report.add({place, severity::WARNING, CHECK_KEYBOARD, reason, language, file.filename().string()});
     }
 }
 

@@ -2,6 +2,7 @@
 
 #include "checks.h"
 #include "dvc_pnl_rmg_property.h"
+#include "folder_walk.h"
 #include "output_folder.h"
 #include "placeholder_rules.h"
 #include "source_writer.h"
@@ -177,18 +178,12 @@ void read_keymap(const std::string& folder, option_pack& pack, diagnostics& repo
         return;
     }
     pack.keymap_folder = folder;
-    fs::recursive_directory_iterator entry(folder, fs::directory_options::follow_directory_symlink, error);
-    for (; !error && entry != fs::recursive_directory_iterator(); entry.increment(error)) {
-        std::error_code unknown;
-        if (entry->is_regular_file(unknown)) {
-            pack.keymap_files.insert(entry->path().lexically_relative(folder).string());
-        } else if (!entry->is_directory(unknown)) {
-            report.error(CHECK_KEYBOARD, {entry->path().string(), 0},
-                         "is neither a file nor a folder; remove it");
-        }
+    std::vector<folder_fault> faults;
+    for (const fs::path& file : files_below(folder, faults)) {
+        pack.keymap_files.insert(file.lexically_relative(folder).string());
     }
-    if (error) {
-        report.error(CHECK_KEYBOARD, {folder, 0}, "cannot be listed: " + error.message());
+    for (const folder_fault& fault : faults) {
+        report.error(CHECK_KEYBOARD, {fault.path, 0}, fault.text);
     }
 }
 

@@ -11,13 +11,17 @@ namespace velarion {
 namespace {
 
 constexpr std::size_t LONGEST_ABBREVIATION = 5; // letters
-constexpr std::size_t SHORTEST_WORD = 3;
+constexpr std::size_t SHORTEST_WORD = 4;        // what is shorter may be an abbreviation: "min", "col."
 constexpr char32_t LINE_BREAK = U'\n';
 
 bool is_unshowable(char32_t c) {
     const bool is_control = (c < 0x20 && c != LINE_BREAK) || (c >= 0x7F && c < 0xA0);
     const bool is_noncharacter = (c & 0xFFFE) == 0xFFFE || (c >= 0xFDD0 && c <= 0xFDEF);
     return is_control || is_noncharacter || c == 0xFFFD || c == 0xFEFF || c == 0x2028 || c == 0x2029;
+}
+
+bool is_small_letter(char32_t c) {
+    return c >= U'a' && c <= U'z';
 }
 
 /** Whether the character is the last of a text's word. */
@@ -86,7 +90,7 @@ bool ends_with_small_abbreviation(const std::u32string& text) {
     while (start != text.npos && start > 0 && is_word_character(text[start - 1])) {
         --start;
     }
-    return ends_with_abbreviation(text) && text[start] >= U'a' && text[start] <= U'z';
+    return ends_with_abbreviation(text) && is_small_letter(text[start]);
 }
 
 bool is_same_end(const std::u32string& text, const std::u32string& english,
@@ -106,19 +110,25 @@ bool is_same_end(const std::u32string& text, const std::u32string& english,
     return !conventions.has_words_apart && found == text_end::FULL_STOP && wanted == text_end::ELLIPSIS;
 }
 
-/** Names such as "OK", "USB" and "A4" are the same in every language. */
-bool has_a_word(const std::u32string& text) {
-    std::size_t letters = 0;
-    bool has_small_letter = false;
+bool is_letter(char32_t c) {
+    return is_word_character(c) && !is_ascii_digit(c);
+}
+
+/** The words of a text, which begin and end at what is no letter and are no abbreviations such as "OK". */
+std::vector<std::u32string> words_of(const std::u32string& text) {
+    std::vector<std::u32string> words;
+    std::u32string word;
     for (const char32_t c : text + U' ') {
-        const bool is_letter = is_word_character(c) && !is_ascii_digit(c);
-        letters = is_letter ? letters + 1 : 0;
-        has_small_letter = is_letter && (has_small_letter || (c >= U'a' && c <= U'z'));
-        if (letters >= SHORTEST_WORD && has_small_letter) {
-            return true;
+        if (is_letter(c)) {
+            word += c;
+            continue;
         }
+        if (word.size() >= SHORTEST_WORD && std::any_of(word.begin(), word.end(), is_small_letter)) {
+            words.push_back(word);
+        }
+        word.clear();
     }
-    return false;
+    return words;
 }
 
 /** Whether a mark at @p at can open or close a quotation, and is no apostrophe or part of an abbreviation. */
@@ -131,8 +141,13 @@ bool is_quotation_mark(const std::u32string& text, std::size_t at, bool is_openi
                       : at + 1 == text.size() || !is_word_character(text[at + 1]);
 }
 
-bool is_placeholder(const std::u32string& text) {
-    return text.size() == 2 && text[0] == U'%' && text[1] >= U'1' && text[1] <= U'9';
+bool has_placeholder(const std::u32string& text) {
+    for (std::size_t i = 1; i < text.size(); ++i) {
+        if (text[i - 1] == U'%' && text[i] >= U'1' && text[i] <= U'9') {
+            return true;
+        }
+    }
+    return false;
 }
 
 } // namespace
@@ -171,9 +186,6 @@ std::vector<text_fault> slips_against_english(const std::u32string& text, const 
                                               const std::string& language) {
     std::vector<text_fault> faults;
     if (text == english) {
-        if (has_a_word(text)) {
-            faults.push_back({CHECK_SAME_AS_ENGLISH, 0, "is the same as the English text"});
-        }
         return faults;
     }
     const auto found = std::count(text.begin(), text.end(), LINE_BREAK);
@@ -191,6 +203,16 @@ std::vector<text_fault> slips_against_english(const std::u32string& text, const 
     return faults;
 }
 
+bool is_untranslated(const std::u32string& text, const std::u32string& english) {
+    return text == english && !words_of(text).empty();
+}
+
+bool has_small_word(const std::u32string& text) {
+    const std::vector<std::u32string> words = words_of(text);
+    return std::any_of(words.begin(), words.end(),
+                       [](const std::u32string& word) { return is_small_letter(word.front()); });
+}
+
 std::vector<quoted_name> quoted_names_of(const std::u32string& text, const std::string& language) {
     std::vector<quoted_name> names;
     const language_conventions& conventions = conventions_of(language);
@@ -199,7 +221,7 @@ std::vector<quoted_name> quoted_names_of(const std::u32string& text, const std::
         if (open != text.npos && text[i] == conventions.closing_quote &&
             is_quotation_mark(text, i, false, conventions)) {
             const std::u32string name = trimmed(text.substr(open + 1, i - open - 1));
-            if (!name.empty() && !is_placeholder(name)) {
+            if (!has_placeholder(name) && std::any_of(name.begin(), name.end(), is_letter)) {
                 names.push_back({open + 1, name});
             }
             open = text.npos;
@@ -213,16 +235,24 @@ std::vector<quoted_name> quoted_names_of(const std::u32string& text, const std::
 std::u32string as_quoted(const std::u32string& text, const std::string& language) {
     std::u32string line = text;
     if (conventions_of(language).has_words_apart) {
-        std::replace(line.begin(), line.end(), LINE_BREAK, U' ');
+        std::replace_if(line.begin(), line.end(), is_blank, U' ');
     } else {
         line.erase(std::remove(line.begin(), line.end(), LINE_BREAK), line.end());
     }
-    line = trimmed(line);
-    const std::u32string_view ends = U"…:：";
+    const std::u32string_view ends = U"….。:：!！?？";
     while (!line.empty() && (ends.find(line.back()) != ends.npos || is_blank(line.back()))) {
         line.pop_back();
     }
-    return line;
+    std::transform(line.begin(), line.end(), line.begin(), small_letter_of);
+    return trimmed(line);
+}
+
+std::vector<std::u32string> label_and_value_of(const std::u32string& text) {
+    const std::size_t colon = text.find_first_of(U":：");
+    if (colon == text.npos) {
+        return {};
+    }
+    return {text.substr(0, colon), text.substr(colon + 1)};
 }
 
 } // namespace velarion

@@ -27,18 +27,31 @@ std::vector<text_fault> slips_of(const std::u32string& text, const std::string& 
 std::vector<text_fault> slips_against_english(const std::u32string& text, const std::u32string& english,
                                               const std::string& language);
 
+/** Whether a text is the English one and has a word; "OK", "A4", "USB" and "%1 min" are the same everywhere.
+ */
+bool is_untranslated(const std::u32string& text, const std::u32string& english);
+
+/** Whether a text has a word that begins with a small letter, other than an abbreviation, as sentences have.
+ */
+bool has_small_word(const std::u32string& text);
+
 /** A name that a text puts between quotation marks, without blanks around it, and where it begins. */
 struct quoted_name {
     std::size_t character;
     std::u32string name;
 };
 
-/** The names that a text quotes; what holds nothing but a placeholder is none. */
+/** The names that a text quotes; what holds a placeholder, or no letter, is none. */
 std::vector<quoted_name> quoted_names_of(const std::u32string& text, const std::string& language);
 
-/** A text as it is quoted elsewhere: on one line, without blanks around it and without the "…" or colon that
- * ends the text of a key or of a field. */
+/**
+ * A text as names are compared: on one line, in small letters where the script has some, without blanks
+ * around it and without the punctuation that ends it.
+ */
 std::u32string as_quoted(const std::u32string& text, const std::string& language);
+
+/** "Paper tray" and "tray 3" of "Paper tray: tray 3"; nothing of a text without a colon. */
+std::vector<std::u32string> label_and_value_of(const std::u32string& text);
 
 } // namespace velarion
 

@@ -152,6 +152,47 @@ TEST(catalogue, a_missing_file_and_a_folder_or_pipe_in_its_place_are_errors) {
               "4 errors, 0 warnings\n");
 }
 
+TEST(catalogue, a_report_is_short_and_leaves_the_terminal_alone) {
+    const scratch_catalogue catalogue;
+    catalogue.write("messages.tsv",
+                    "id\tname\trow\n1\t" + std::string(989, 'a') + "\xC3\xA4\x1B\xC2\x9B\t2\n");
+    EXPECT_EQ(catalogue.run("check").errors, "messages.tsv:2:3: error: the name \"" + std::string(989, 'a') +
+                                                 "ä… [name]\n1 error, 0 warnings\n");
+    catalogue.write("messages.tsv", "id\tname\trow\n1\t\x1B\xC2\x9B\xC3\xA4\t2\n");
+    EXPECT_EQ(catalogue.run("check").errors,
+              "messages.tsv:2:3: error: the name \"??ä\" holds more than printable ASCII and tabs [name]\n"
+              "1 error, 0 warnings\n");
+}
+
+TEST(catalogue, links_to_folders_do_not_multiply_the_files_of_a_pack) {
+    const scratch_catalogue catalogue;
+    const std::filesystem::path keymap = catalogue.path("packs/86/keymap");
+    std::filesystem::create_directories(keymap / "b");
+    std::filesystem::create_directory_symlink("../../keymap", keymap / "b" / "c");
+    for (const std::vector<std::string>& command :
+         {std::vector<std::string>{"check"}, {"pack", "--pack", catalogue.path("packs/86")}}) {
+        const process_result result = catalogue.run(command[0], {command.begin() + 1, command.end()});
+        EXPECT_EQ(result.errors,
+                  "packs/86/keymap/b/c: error: is a link to a folder above it; remove it [keyboard]\n"
+                  "1 error, 0 warnings\n");
+    }
+    std::filesystem::remove(keymap / "b" / "c");
+    for (const char* name : {"b/1", "b/1/2", "b/1/2/3", "b/1/2/3/4", "b/1/2/3/4/5"}) {
+        std::filesystem::create_directory(keymap / name);
+    }
+    std::filesystem::path folder = keymap / "b";
+    for (int i = 1; i <= 5; ++i, folder /= std::to_string(i - 1)) {
+        for (int link = 0; link < 9; ++link) {
+            std::filesystem::create_directory_symlink(std::to_string(i),
+                                                      folder / ("l" + std::to_string(link)));
+        }
+    }
+    EXPECT_NE(
+        catalogue.run("check").errors.find(
+            ": error: more than 10000 files and folders are found here [keyboard]\n1 error, 0 warnings\n"),
+        std::string::npos);
+}
+
 TEST(catalogue, the_folder_of_a_pack_is_named_like_a_language_id) {
     for (const std::string name : {"0", "999", "65536", "-86", "086", "86a", "99999999999"}) {
         const scratch_catalogue catalogue;

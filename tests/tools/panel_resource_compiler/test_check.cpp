@@ -108,9 +108,18 @@ const struct {
      {{"en", "Go?"}, {"fr", "Va ? 12:30 http://a «\u00A0b\u00A0»\u202F: c"}, {"de", "Geht?"}},
      "texts/fr.tsv:3:6: warning: row 3: has no no-break blank before \"?\" [no-break-blanks]\n"},
     {"same-as-english",
-     {{"en", "Fax"}, {"de", "Fax"}, {"fr", "Télécopie"}},
+     {{"en", "Start"}, {"de", "Start"}, {"fr", "Départ"}},
      "texts/de.tsv:3:3: warning: row 3: is the same as the English text [same-as-english]\n"},
-    {"same-as-english", {{"en", "%1 mm, A4, USB"}, {"de", "%1 mm, A4, USB"}}, ""},
+    {"same-as-english", {{"en", "New York"}, {"de", "New York"}, {"fr", "New York"}, {"ru", "Нью-Йорк"}}, ""},
+    {"same-as-english",
+     {{"en", "New York"}, {"fr", "New York"}, {"es", "New York"}, {"ru", " "}},
+     "texts/fr.tsv:3:3: warning: row 3: is the same as the English text [same-as-english]\n"
+     "texts/es.tsv:3:3: warning: row 3: is the same as the English text [same-as-english]\n"},
+    {"same-as-english",
+     {{"en", "Wait here"}, {"fr", "Wait here"}, {"es", "Wait here"}, {"ru", "Ждите"}},
+     "texts/fr.tsv:3:3: warning: row 3: is the same as the English text [same-as-english]\n"
+     "texts/es.tsv:3:3: warning: row 3: is the same as the English text [same-as-english]\n"},
+    {"same-as-english", {{"en", "%1 min, 2 col., USB"}, {"de", "%1 min, 2 col., USB"}}, ""},
     {"renderings",
      {{"en", "Color"}, {"de", "Buntheit"}, {"fr", "Couleur"}},
      "texts/de.tsv:3:3: warning: row 3: \"Color\" is \"Farbe\" in row 2, and \"Buntheit\" here "
@@ -123,6 +132,14 @@ const struct {
       {"nl", "‘Kleur’ foto’s"},
       {"ja", "「色」を"}},
      "texts/de.tsv:3:4: warning: row 3: quotes \"Bunt\", which is no text [quoted-names]\n"},
+    {"quoted-names",
+     {{"en", "Size: “size”, “Mode”, “+”, “%1 x”"},
+      {"de", "„FARBE…“ „Modus“"},
+      {"ru", "«цвет» «РОД»"},
+      {"nl", "Maat\\nx: ‘maat x’ ‘Modus’ ‘Wijze’"}},
+     "texts/en.tsv:3:18: warning: row 3: quotes \"Mode\", which is no text [quoted-names]\n"
+     "texts/nl.tsv:3:22: warning: row 3: quotes \"Modus\", which is no text [quoted-names]\n"
+     "texts/nl.tsv:3:30: warning: row 3: quotes \"Wijze\", which is no text [quoted-names]\n"},
 };
 
 } // namespace
@@ -133,6 +150,14 @@ TEST(check, rules_for_texts) {
         write_texts(catalogue, row.texts);
         EXPECT_EQ(found_by(row.check, catalogue.run("check", {"--all"}).errors), row.report) << row.check;
     }
+}
+
+TEST(check, a_name_that_three_english_texts_quote_is_one) {
+    const scratch_catalogue catalogue;
+    catalogue.write("texts/en.tsv", "row\ttext\n2\t“Mode”, “Kind”\n3\tA “mode”\n4\t“Mode”.\n5\t“Kind”\n");
+    EXPECT_EQ(found_by("quoted-names", catalogue.run("check").errors),
+              "texts/en.tsv:2:12: warning: row 2: quotes \"Kind\", which is no text [quoted-names]\n"
+              "texts/en.tsv:5:4: warning: row 5: quotes \"Kind\", which is no text [quoted-names]\n");
 }
 
 TEST(check, rules_for_the_whole) {
@@ -164,6 +189,7 @@ TEST(check, rules_for_the_whole) {
         "messages.tsv:3: remark: the name MSG_ONE stands in line 2 already, for the id 1 [duplicate-names]\n"
         "texts/en.tsv:3:3: remark: row 9: no message uses \"nine\" [unused-rows]\n"
         "keyboard: 86 2\n4 errors, 4 warnings, 2 remarks\n");
+    EXPECT_EQ(catalogue.run("check", {"--language=de"}).errors, "");
 }
 
 TEST(check, what_fails_it) {
