@@ -16,7 +16,7 @@ int steps_before_output(const machine_job& job) {
 }
 
 int steps_of_page(const machine_job& job) {
-    return job.kind == job_kind::COPY ? PRINTING_STEPS : SENDING_STEPS;
+    return job.prints() ? PRINTING_STEPS : SENDING_STEPS;
 }
 
 } // namespace
@@ -29,7 +29,7 @@ job_phase machine_job::phase() const {
 }
 
 int machine_job::all_pages() const {
-    return kind == job_kind::COPY ? sheets_per_set * copies : originals;
+    return prints() ? sheets_per_set * copies : originals;
 }
 
 int machine_job::all_steps() const {

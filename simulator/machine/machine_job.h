@@ -5,7 +5,7 @@
 
 namespace velarion {
 
-enum class job_kind { COPY, SCAN, FAX };
+enum class job_kind { COPY, SCAN, FAX, PRINT };
 
 enum class job_state { WAITING, RUNNING, PAUSED, COMPLETED, CANCELED };
 
@@ -24,11 +24,13 @@ struct machine_job {
     int copies = 1;
     int sheets_per_set = 1;
     int tray = 0;        ///< of a copy: number of its tray, 0: the first that has paper of the size
-    QString destination; ///< of a scan or fax
+    QString destination; ///< of a scan or fax; of a print the document
     QString begun;       ///< time of day, "10:05"
     job_state state = job_state::WAITING;
     int steps = 0; ///< that it has worked
 
+    /** Whether it puts out sheets of paper. */
+    bool prints() const { return kind == job_kind::COPY || kind == job_kind::PRINT; }
     bool is_over() const { return state == job_state::COMPLETED || state == job_state::CANCELED; }
     job_phase phase() const;
     int all_steps() const;

@@ -60,7 +60,7 @@ machine_condition machine_state::condition() const {
     if (job->phase() == job_phase::READING) {
         return machine_condition::READING;
     }
-    if (job->kind != job_kind::COPY) {
+    if (!job->prints()) {
         return machine_condition::SENDING;
     }
     return lacks_paper() ? machine_condition::NO_PAPER : machine_condition::PRINTING;
@@ -129,7 +129,7 @@ void machine_state::set_originals(int originals) {
 }
 
 void machine_state::add_job(machine_job job) {
-    job.originals = originals_;
+    job.originals = job.kind == job_kind::PRINT ? 0 : originals_;
     job.begun = clock();
     jobs_.add(std::move(job));
     Q_EMIT changed();
@@ -168,6 +168,29 @@ bool machine_state::start_fax() {
     job.destination = fax_.number;
     add_job(job);
     return true;
+}
+
+bool machine_state::print_documents(const std::set<int>& numbers) {
+    bool has_any = false;
+    for (const stored_document& document : documents_) {
+        if (numbers.count(document.number) != 0) {
+            machine_job job;
+            job.kind = job_kind::PRINT;
+            job.sheets_per_set = document.pages;
+            job.destination = document.name;
+            add_job(job);
+            has_any = true;
+        }
+    }
+    return has_any;
+}
+
+void machine_state::delete_documents(const std::set<int>& numbers) {
+    const auto is_named = [&numbers](const stored_document& document) {
+        return numbers.count(document.number) != 0;
+    };
+    documents_.erase(std::remove_if(documents_.begin(), documents_.end(), is_named), documents_.end());
+    Q_EMIT changed();
 }
 
 void machine_state::pause_job() {
@@ -226,7 +249,7 @@ std::size_t machine_state::tray_of(const machine_job& job) const {
 
 bool machine_state::lacks_paper() const {
     const machine_job* job = current_job();
-    return job && job->kind == job_kind::COPY && tray_of(*job) == trays_.size();
+    return job && job->prints() && tray_of(*job) == trays_.size();
 }
 
 void machine_state::set_tray(const paper_tray& tray) {
@@ -299,7 +322,7 @@ void machine_state::work() {
     machine_job& job = *jobs_.current();
     const int pages_before = job.pages_done();
     ++job.steps;
-    if (job.kind == job_kind::COPY && job.pages_done() > pages_before) {
+    if (job.prints() && job.pages_done() > pages_before) {
         const std::size_t tray = tray_of(job);
         if (tray < trays_.size()) {
             --trays_[tray].sheets;

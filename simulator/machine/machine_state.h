@@ -6,12 +6,14 @@
 #include "job_list.h"
 #include "machine_settings.h"
 #include "paper_jam.h"
+#include "stored_document.h"
 #include "supplies.h"
 
 #include <QObject>
 
 #include <array>
 #include <optional>
+#include <set>
 #include <vector>
 
 namespace velarion {
@@ -58,6 +60,12 @@ public:
     bool start_copy();
     bool start_scan();
     bool start_fax();
+
+    /** What the machine keeps. */
+    const std::vector<stored_document>& documents() const { return documents_; }
+    /** Begins a job for each document of these numbers. @return whether there was one */
+    bool print_documents(const std::set<int>& numbers);
+    void delete_documents(const std::set<int>& numbers);
 
     /** The current job; without effect when there is none, or when it cannot be. */
     void pause_job();
@@ -115,6 +123,7 @@ private:
     int originals_ = 3;
     int received_faxes_ = 0;
     job_list jobs_;
+    std::vector<stored_document> documents_ = first_documents();
     std::optional<paper_jam> jam_;
     std::vector<paper_tray> trays_;
     std::vector<toner_bottle> toner_;

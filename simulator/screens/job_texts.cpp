@@ -8,6 +8,8 @@ message_text name_of(job_kind kind) {
         return "3"; // MSG_NORMAL_TITLE_SCAN
     case job_kind::FAX:
         return "4"; // MSG_NORMAL_TITLE_FAX
+    case job_kind::PRINT:
+        return "5"; // MSG_NORMAL_TITLE_PRINT
     default:
         return "1"; // MSG_NORMAL_TITLE_COPY
     }
@@ -19,6 +21,8 @@ const char* picture_of(job_kind kind) {
         return "5"; // ICON_NORMAL_OTHER_GLOBAL_NAVIGATION_SCAN
     case job_kind::FAX:
         return "6"; // ..._FAX
+    case job_kind::PRINT:
+        return "7"; // ..._PRINT
     default:
         return "4"; // ..._COPY
     }
@@ -31,8 +35,9 @@ QString movie_of(const machine_job& job) {
     case job_phase::DIALING:
         return QStringLiteral("541"); // ..._DIALING
     default:
-        return job.kind == job_kind::COPY ? QStringLiteral("533")
-                                          : QStringLiteral("535"); // ..._COPYING, ..._SENDING
+        return job.kind == job_kind::COPY    ? QStringLiteral("533")  // ..._COPYING
+               : job.kind == job_kind::PRINT ? QStringLiteral("550")  // ..._PRINTING
+                                             : QStringLiteral("535"); // ..._SENDING
     }
 }
 
@@ -59,7 +64,7 @@ message_text detail_of(const machine_job& job) {
     if (job.phase() == job_phase::READING) {
         return {"144", {QString::number(job.original_in_work() - 1)}}; // MSG_NORMAL_STATUS_ORIGINALS_SCANNED
     }
-    if (job.kind == job_kind::COPY) {
+    if (job.prints()) {
         return {"135", {QString::number(job.all_pages() - job.pages_done())}}; // ..._REMAINING_SHEETS
     }
     return message_text::ordered(job.destination);

@@ -1,7 +1,10 @@
 #include "screen_table.h"
 
 #include "copy_screen.h"
+#include "documents_screen.h"
 #include "fax_screen.h"
+#include "guidance_screen.h"
+#include "help_screen.h"
 #include "home_screen.h"
 #include "keyboard_screen.h"
 #include "language_screen.h"
@@ -11,6 +14,7 @@
 #include "settings_screen.h"
 #include "sounds_screen.h"
 #include "status_screen.h"
+#include "trays_screen.h"
 
 namespace velarion {
 
@@ -67,6 +71,17 @@ void want_paper(machine_state& machine) {
     run(machine, 20);
 }
 
+template <std::size_t PLACE> void raise_jam(machine_state& machine) {
+    machine.raise_jam(jam_places()[PLACE]);
+}
+
+void come_to_last_step(machine_state& machine) {
+    machine.raise_jam(jam_places().front());
+    for (std::size_t i = 1; i < jam_places().front().steps.size(); ++i) {
+        machine.do_jam_step();
+    }
+}
+
 } // namespace
 
 const std::vector<screen_entry>& all_screens() {
@@ -76,6 +91,10 @@ const std::vector<screen_entry>& all_screens() {
         {"scan", "scanning: destination, settings, start", make_screen<scan_screen>},
         {"fax", "faxing: the number, start", make_screen<fax_screen>},
         {"status", "the job at work and the job history", make_screen<status_screen>},
+        {"documents", "the stored documents", make_screen<documents_screen>},
+        {"trays", "paper trays and toner", make_screen<trays_screen>},
+        {"guidance", "how jammed paper is removed", make_screen<guidance_screen>},
+        {"help", "topics of help", make_screen<help_screen>},
         {"keyboard", "the soft keyboard of the language", make_screen<keyboard_screen>},
         {"settings", "the settings, a list that leads on", make_screen<settings_screen>},
         {"settings_language", "the machine's language and a user's", make_screen<language_screen>},
@@ -100,6 +119,14 @@ const std::vector<screen_view>& all_screen_views() {
         {"status_stopped", "status", stop_copying},
         {"status_jam", "status", jam_copying},
         {"status_no_paper", "status", want_paper},
+        {"documents", "documents", nullptr},
+        {"trays", "trays", nullptr},
+        {"guidance", "guidance", raise_jam<0>},
+        {"guidance_fuser", "guidance", raise_jam<1>},
+        {"guidance_feeder", "guidance", raise_jam<2>},
+        {"guidance_finisher", "guidance", raise_jam<3>},
+        {"guidance_last", "guidance", come_to_last_step},
+        {"help", "help", nullptr},
         {"keyboard", "keyboard", nullptr},
         {"settings", "settings", nullptr},
         {"settings_language", "settings_language", nullptr},
