@@ -18,6 +18,22 @@ constexpr int LONGEST_WAIT = 600; // steps that a condition is waited for
 constexpr int STEP_PAUSE = 10;    // ms between them, in which other processes may do something
 constexpr char COMMENT = '#';
 
+/**
+ * Takes a comment off a line: what begins with # after a blank and outside of quotation marks.
+ * @return whether all quotation marks are closed
+ */
+bool remove_comment(QString& line) {
+    bool is_quoted = false;
+    for (int i = 0; i < line.size(); ++i) {
+        if (line[i] == QLatin1Char('"')) {
+            is_quoted = !is_quoted;
+        } else if (line[i] == QLatin1Char(COMMENT) && !is_quoted && (i == 0 || line[i - 1].isSpace())) {
+            line.truncate(i);
+        }
+    }
+    return !is_quoted;
+}
+
 } // namespace
 
 script_runner::script_runner(simulation& panel)
@@ -50,10 +66,10 @@ int script_runner::run(const QString& file) {
     int number = 0;
     for (QString line; lines.readLineInto(&line);) {
         ++number;
-        const script_outcome outcome = run_line(line.trimmed());
+        const script_outcome outcome = run_line(line);
         if (outcome.is != script_outcome::kind::GOOD) {
-            std::fprintf(stderr, "%s:%d: %s\n", is_input ? "standard input" : qPrintable(file), number,
-                         outcome.text.toUtf8().constData());
+            std::fprintf(stderr, "%s:%d: %s\n", is_input ? "standard input" : file.toUtf8().constData(),
+                         number, outcome.text.toUtf8().constData());
             return SIMULATOR_FOUND_FAULTS;
         }
     }
@@ -78,13 +94,13 @@ script_outcome script_runner::run_entry(const std::vector<entry>& entries, const
                                      .arg(what, words.first(), known.join(QLatin1String(", "))));
 }
 
-script_outcome script_runner::run_line(const QString& line) {
-    if (line.isEmpty() || line.startsWith(QLatin1Char(COMMENT))) {
-        return {};
+script_outcome script_runner::run_line(QString line) {
+    if (!remove_comment(line)) {
+        return script_outcome::wrong(QStringLiteral("a quotation mark is not closed"));
     }
     const QStringList words = QProcess::splitCommand(line);
     if (words.isEmpty()) {
-        return script_outcome::wrong(QStringLiteral("no command"));
+        return {};
     }
     const script_outcome outcome = run_entry(commands_, QStringLiteral("command"), words);
     QCoreApplication::processEvents();
@@ -100,6 +116,9 @@ script_outcome script_runner::wait(const QStringList& words) {
     bool is_count = false;
     const int steps = words.first().toInt(&is_count);
     if (is_count && words.size() == 1) {
+        if (steps < 0) {
+            return script_outcome::wrong(QStringLiteral("usage: wait STEPS | CONDITION..."));
+        }
         for (int i = 0; i < steps; ++i) {
             advance();
         }

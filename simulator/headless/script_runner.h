@@ -69,7 +69,7 @@ private:
 
     static script_outcome run_entry(const std::vector<entry>& entries, const QString& what,
                                     const QStringList& words);
-    script_outcome run_line(const QString& line);
+    script_outcome run_line(QString line);
     script_outcome wait(const QStringList& words);
     script_outcome expect(const QStringList& words);
 
