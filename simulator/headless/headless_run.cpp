@@ -10,8 +10,8 @@
 #include "script_runner.h"
 #include "service_keeper.h"
 #include "simulation.h"
+#include "stage_plan.h"
 
-#include <algorithm>
 #include <cstdio>
 
 namespace velarion {
@@ -31,42 +31,9 @@ int list_screens() {
     return SIMULATOR_GOOD;
 }
 
-/** @return SIMULATOR_GOOD, or SIMULATOR_USAGE after a name or a language that is not there */
-int make_plan(const simulator_options& options, const simulation& panel, stage_plan& plan) {
-    if (options.screen.isEmpty()) {
-        plan.views = all_screen_views();
-    } else if (const screen_view* view = panel_stage::find_view(options.screen)) {
-        plan.views = {*view};
-    } else {
-        report_simulator_fault(QStringLiteral("no screen \"%1\"; see --list-screens").arg(options.screen));
-        return SIMULATOR_USAGE;
-    }
-    const std::vector<language_choice> known = panel.languages();
-    for (const int id : options.languages) {
-        const language_choice choice = simulation::choice_of(id);
-        if (std::find(known.begin(), known.end(), choice) == known.end()) {
-            QStringList ids;
-            for (const language_choice& language : known) {
-                ids.append(language_word(language));
-            }
-            report_simulator_fault(
-                QStringLiteral("language %1 is neither a standard one nor in one of the slots; "
-                               "there are %2")
-                    .arg(id)
-                    .arg(ids.join(QLatin1String(", "))));
-            return SIMULATOR_USAGE;
-        }
-        plan.languages.push_back(choice);
-    }
-    if (plan.languages.empty()) {
-        plan.languages = known;
-    }
-    return SIMULATOR_GOOD;
-}
-
-int write_screenshot(panel_stage& stage, const simulator_options& options, const stage_plan& plan) {
-    stage.show(plan.views.front(), options.languages.empty() ? language_choice{} : plan.languages.front());
-    return write_picture(stage.picture(), options.screenshot) ? SIMULATOR_GOOD : SIMULATOR_FAILED;
+/** Without a language on the command line, in that of the settings. */
+language_choice first_language(const simulator_options& options, const stage_plan& plan) {
+    return options.languages.empty() ? language_choice{} : plan.languages.front();
 }
 
 /** Tells on standard error what was found, and on which of it the run fails. */
@@ -74,29 +41,52 @@ int judge(const panel_report& report, const simulator_options& options) {
     for (const QString& line : report.lines()) {
         std::fprintf(stderr, "%s\n", line.toUtf8().constData());
     }
-    std::fprintf(stderr, "found: %s\n", qPrintable(describe_counts(report.counts())));
+    std::fprintf(stderr, "found: %s\n", describe_counts(report.counts()).toUtf8().constData());
     return has_fault(report.counts(), options.fail_on) ? SIMULATOR_FOUND_FAULTS : SIMULATOR_GOOD;
 }
 
-int write_panel_report(panel_stage& stage, const simulator_options& options, const stage_plan& plan) {
-    panel_report report;
-    show_all(stage, plan, [&](const screen_view& view, const language_choice& language) {
-        report.add(stage, view, language);
-        return true;
-    });
-    return write_report(report, options.report) ? judge(report, options) : SIMULATOR_FAILED;
+/** Shows all of a plan for those outputs that need it. @param report  receives what is shown */
+int write_plan(panel_stage& stage, const simulator_options& options, const stage_plan& plan,
+               panel_report& report) {
+    int result = SIMULATOR_GOOD;
+    if (!options.review.isEmpty()) {
+        result = write_review(stage, plan, options.review, options.compare_with, report);
+    }
+    if (result == SIMULATOR_GOOD && !options.all_screens.isEmpty()) {
+        result = write_all_screens(stage, plan, options.all_screens, report.is_empty() ? &report : nullptr);
+    }
+    if (result == SIMULATOR_GOOD && !options.report.isEmpty()) {
+        if (report.is_empty()) {
+            show_all(stage, plan, [&](const screen_view& view, const language_choice& language) {
+                report.add(stage, view, language);
+                return true;
+            });
+        }
+        result = write_report(report, options.report) ? SIMULATOR_GOOD : SIMULATOR_FAILED;
+    }
+    return result;
 }
 
-int write_review_page(panel_stage& stage, const simulator_options& options, const stage_plan& plan) {
+/** All that is written: what was found is judged when all of it is there. */
+int write_outputs(panel_stage& stage, const simulator_options& options, const stage_plan& plan) {
     panel_report report;
-    const int result = write_review(stage, plan, options.review, options.compare_with, report);
-    return result == SIMULATOR_GOOD ? judge(report, options) : result;
+    int result = write_plan(stage, options, plan, report);
+    if (result == SIMULATOR_GOOD && !options.screenshot.isEmpty()) {
+        const language_choice language = first_language(options, plan);
+        stage.show(plan.views.front(), language);
+        result = write_picture(stage.picture(), options.screenshot) ? SIMULATOR_GOOD : SIMULATOR_FAILED;
+        if (report.is_empty()) {
+            report.add(stage, plan.views.front(), language);
+        }
+    }
+    const bool tells = options.fail_on != 0 || !options.review.isEmpty() || !options.report.isEmpty();
+    return result == SIMULATOR_GOOD && tells ? judge(report, options) : result;
 }
 
 int run_script(simulation& panel, panel_stage& stage, device_link& link, const simulator_options& options,
                const stage_plan& plan) {
     if (!options.languages.empty()) {
-        stage.show_language(plan.languages.front());
+        stage.show_language(first_language(options, plan));
     }
     service_keeper service(link);
     if (options.service) {
@@ -116,27 +106,19 @@ int run_headless(const simulator_options& options) {
         return list_screens();
     }
     const trace_log traces(options.is_verbose); // kept from standard error
-    device_link link; // which a script may start
+    device_link link;                           // which a script may start
     simulation panel(&link);
-    panel_stage stage(panel, options.direction);
+    panel_stage stage(panel, options.direction, options.has_overlay);
     stage_plan plan;
-    int result = make_plan(options, panel, plan);
-    if (result == SIMULATOR_GOOD && !options.screenshot.isEmpty()) {
-        result = write_screenshot(stage, options, plan);
+    if (!make_stage_plan(options, panel, plan)) {
+        return SIMULATOR_USAGE;
     }
-    if (result == SIMULATOR_GOOD && !options.all_screens.isEmpty()) {
-        result = write_all_screens(stage, plan, options.all_screens);
+    const int written = options.writes() ? write_outputs(stage, options, plan) : SIMULATOR_GOOD;
+    if (options.script.isEmpty() || written == SIMULATOR_FAILED) {
+        return written;
     }
-    if (result == SIMULATOR_GOOD && !options.review.isEmpty()) {
-        result = write_review_page(stage, options, plan);
-    }
-    if (result == SIMULATOR_GOOD && !options.report.isEmpty()) {
-        result = write_panel_report(stage, options, plan);
-    }
-    if (result == SIMULATOR_GOOD && !options.script.isEmpty()) {
-        result = run_script(panel, stage, link, options, plan);
-    }
-    return result;
+    const int run = run_script(panel, stage, link, options, plan);
+    return run == SIMULATOR_GOOD ? written : run;
 }
 
 } // namespace velarion

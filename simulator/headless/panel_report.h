@@ -16,6 +16,7 @@ public:
     /** Adds what the stage shows now. */
     void add(const panel_stage& stage, const screen_view& view, const language_choice& language);
 
+    bool is_empty() const { return views_.isEmpty(); }
     const finding_counts& counts() const { return counts_; }
     QJsonObject to_json() const;
     /** What was found, a line each, for people: "copy, 49: text 12 "Kopie" needs 80 x 20 px, has 60 x 20". */

@@ -123,14 +123,14 @@ void add_panel_commands(script_runner& runner, simulation& panel, panel_stage& s
         return script_outcome::of_fault(fault);
     });
     runner.add_command(QStringLiteral("view"), QStringLiteral("NAME"), 1, 1, [&](const words& word) {
-        const screen_view* view = panel_stage::find_view(word[0]);
+        const std::optional<screen_view> view = panel_stage::find_view(word[0]);
         if (view) {
             stage.show(*view, panel.preferred_language());
         }
         return script_outcome::of_fault(view ? QString() : QStringLiteral("no view \"%1\"").arg(word[0]));
     });
     runner.add_command(QStringLiteral("tap"), QStringLiteral("NAME"), 1, 1, [&](const words& word) {
-        stage.picture(); // lays out what has just been opened
+        stage.panel_picture(); // lays out what has just been opened
         QPoint place;
         const QString fault = find_touchable(panel.panel(), word[0], place);
         if (fault.isEmpty()) {
@@ -164,8 +164,9 @@ void add_panel_commands(script_runner& runner, simulation& panel, panel_stage& s
         return script_outcome::of_fault(change_setting(panel, word));
     });
     runner.add_command(QStringLiteral("screenshot"), QStringLiteral("FILE"), 1, 1, [&](const words& word) {
-        return script_outcome::of_fault(
-            stage.picture().save(word[0]) ? QString() : word[0] + QStringLiteral(" cannot be written"));
+        QString fault;
+        save_picture(stage.picture(), word[0], fault);
+        return script_outcome::of_fault(fault);
     });
 }
 

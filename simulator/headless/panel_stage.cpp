@@ -1,22 +1,30 @@
 #include "panel_stage.h"
 
+#include "findings_overlay.h"
 #include "units.h"
 
 #include <QApplication>
+#include <QPainter>
 
 namespace velarion {
 
-panel_stage::panel_stage(simulation& panel, const QString& forced_direction)
+panel_stage::panel_stage(simulation& panel, const QString& forced_direction, bool has_overlay)
     : panel_(panel)
-    , forced_direction_(forced_direction) {}
+    , forced_direction_(forced_direction)
+    , has_overlay_(has_overlay) {}
 
-const screen_view* panel_stage::find_view(const QString& name) {
+std::optional<screen_view> panel_stage::find_view(const QString& name) {
     for (const screen_view& view : all_screen_views()) {
         if (name == QLatin1String(view.name)) {
-            return &view;
+            return view;
         }
     }
-    return nullptr;
+    for (const screen_entry& screen : all_screens()) {
+        if (name == QLatin1String(screen.name)) {
+            return screen_view{screen.name, screen.name, nullptr};
+        }
+    }
+    return std::nullopt;
 }
 
 void panel_stage::show(const screen_view& view, const language_choice& language) {
@@ -37,6 +45,15 @@ void panel_stage::show_language(const language_choice& language) {
 }
 
 QImage panel_stage::picture() const {
+    QImage image = panel_picture();
+    if (has_overlay_) {
+        QPainter painter(&image);
+        draw_findings(painter, examiner_.examine(describe_panel(panel_.panel())));
+    }
+    return image;
+}
+
+QImage panel_stage::panel_picture() const {
     QImage image(PANEL_SIZE, QImage::Format_RGB32);
     panel_.panel().render(&image);
     return image;
@@ -44,7 +61,7 @@ QImage panel_stage::picture() const {
 
 /** Drawing lays the panel out. */
 panel_contents panel_stage::contents() const {
-    picture();
+    panel_picture();
     return describe_panel(panel_.panel());
 }
 

@@ -7,6 +7,7 @@
 #include <QFile>
 #include <QFileInfo>
 #include <QJsonDocument>
+#include <QSet>
 
 /** Outside of every namespace, as its macro asks; a static library's resources are not there by themselves.
  */
@@ -19,6 +20,9 @@ namespace velarion {
 namespace {
 
 constexpr const char* PAGE_FILES[] = {"index.html", "review.css", "review.js"};
+constexpr const char* INNER_FOLDERS[] = {"screens", "before", "difference"};
+constexpr char DATA_FILE[] = "data.js";
+constexpr char DATA_START[] = "const REVIEW = ";
 constexpr QRgb CHANGED_COLOR = qRgb(0xff, 0x2f, 0xd0);
 
 /** What two pictures of a view have not in common. */
@@ -99,9 +103,27 @@ QJsonObject language_names(const stage_plan& plan) {
     return names;
 }
 
+/** Removes pictures of an earlier run into the same folder; of a folder that is no review nothing. */
+void remove_stale_pictures(const QDir& folder, const QSet<QString>& shown, const QJsonObject& changes) {
+    QFile data(folder.filePath(QLatin1String(DATA_FILE)));
+    if (!data.open(QIODevice::ReadOnly) || !data.readLine(sizeof DATA_START).startsWith(DATA_START)) {
+        return;
+    }
+    for (const char* inner : INNER_FOLDERS) {
+        QDir place(folder.filePath(QLatin1String(inner)));
+        for (const QString& file : place.entryList({QStringLiteral("*.png")}, QDir::Files)) {
+            const QString name = QFileInfo(file).completeBaseName();
+            const bool has_changed = changes[name].toObject()[QStringLiteral("pixels")].toInt() != 0;
+            if (!shown.contains(name) || (inner != INNER_FOLDERS[0] && !has_changed)) {
+                place.remove(file);
+            }
+        }
+    }
+}
+
 /** JSON would need a server to be read from: a page of the file system may only load scripts. */
 QByteArray data_script(const QJsonObject& data) {
-    return "const REVIEW = " + QJsonDocument(data).toJson(QJsonDocument::Compact) + ";\n";
+    return DATA_START + QJsonDocument(data).toJson(QJsonDocument::Compact) + ";\n";
 }
 
 } // namespace
@@ -113,17 +135,19 @@ int write_review(panel_stage& stage, const stage_plan& plan, const QString& fold
         report_simulator_fault(QStringLiteral("--compare-with: %1 is no review").arg(earlier));
         return SIMULATOR_FAILED;
     }
-    for (const char* inner : {"screens", "before", "difference"}) {
+    for (const char* inner : INNER_FOLDERS) {
         if (!make_folder(place.filePath(QLatin1String(inner)))) {
             return SIMULATOR_FAILED;
         }
     }
     review_comparison comparison(place, earlier);
+    QSet<QString> names;
     const bool is_shown =
         show_all(stage, plan, [&](const screen_view& view, const language_choice& language) {
             const QString name =
                 QStringLiteral("%1-%2").arg(QLatin1String(view.name), language_word(language));
-            const QImage picture = stage.picture();
+            const QImage picture = stage.panel_picture();
+            names.insert(name);
             report.add(stage, view, language);
             return (earlier.isEmpty() || comparison.add(name, picture)) &&
                    write_picture(picture, place.filePath(QStringLiteral("screens/%1.png").arg(name)));
@@ -133,7 +157,10 @@ int write_review(panel_stage& stage, const stage_plan& plan, const QString& fold
     if (!earlier.isEmpty()) {
         data[QStringLiteral("changes")] = comparison.changes();
     }
-    return is_shown && write_file(place.filePath(QStringLiteral("data.js")), data_script(data)) &&
+    if (is_shown) {
+        remove_stale_pictures(place, names, comparison.changes());
+    }
+    return is_shown && write_file(place.filePath(QLatin1String(DATA_FILE)), data_script(data)) &&
                    write_page_files(place)
                ? SIMULATOR_GOOD
                : SIMULATOR_FAILED;

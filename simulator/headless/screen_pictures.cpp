@@ -1,9 +1,9 @@
 #include "screen_pictures.h"
 
-#include "dvc_pnl_rmg_property.h"
 #include "simulator_options.h"
 #include "units.h"
 
+#include <QBuffer>
 #include <QDir>
 #include <QFileInfo>
 #include <QFont>
@@ -11,6 +11,7 @@
 #include <QSaveFile>
 
 #include <cstdio>
+#include <memory>
 #include <unistd.h>
 
 namespace velarion {
@@ -67,13 +68,22 @@ void show_progress(std::size_t done, std::size_t all, const char* what) {
     }
 }
 
-} // namespace
-
-QString language_word(const language_choice& language) {
-    return QString::number(language.language_id == DVC_PNL_RMG_PROPERTY::LANGUAGE_ID_OPTION
-                               ? language.option_language_id
-                               : language.language_id);
+/** Puts a file in the place of the one that is there; a disk that is full leaves that. */
+bool save_file(const QString& file, const QByteArray& bytes, QString& fault) {
+    const QFileInfo place(file);
+    const bool is_device = place.exists() && !place.isFile(); // written into, not replaced
+    QFile device(file);
+    QSaveFile replacement(file);
+    QFileDevice& output = is_device ? static_cast<QFileDevice&>(device) : replacement;
+    if (output.open(QIODevice::WriteOnly) && output.write(bytes) == bytes.size() &&
+        (is_device ? device.flush() : replacement.commit())) {
+        return true;
+    }
+    fault = QStringLiteral("%1 cannot be written: %2").arg(file, output.errorString());
+    return false;
 }
+
+} // namespace
 
 bool show_all(panel_stage& stage, const stage_plan& plan,
               const std::function<bool(const screen_view&, const language_choice&)>& show) {
@@ -91,7 +101,8 @@ bool show_all(panel_stage& stage, const stage_plan& plan,
     return true;
 }
 
-int write_all_screens(panel_stage& stage, const stage_plan& plan, const QString& folder) {
+int write_all_screens(panel_stage& stage, const stage_plan& plan, const QString& folder,
+                      panel_report* report) {
     if (!make_folder(folder)) {
         return SIMULATOR_FAILED;
     }
@@ -102,6 +113,9 @@ int write_all_screens(panel_stage& stage, const stage_plan& plan, const QString&
         show_all(stage, plan, [&](const screen_view& view, const language_choice& language) {
             const QString name = QLatin1String(view.name);
             const QImage picture = stage.picture();
+            if (report) {
+                report->add(stage, view, language);
+            }
             if (in_sheet == 0) {
                 sheet = std::make_unique<contact_sheet>(plan.languages.size());
             }
@@ -119,27 +133,31 @@ int write_all_screens(panel_stage& stage, const stage_plan& plan, const QString&
 }
 
 bool write_picture(const QImage& picture, const QString& file) {
-    if (picture.save(file)) {
+    QString fault;
+    if (save_picture(picture, file, fault)) {
         return true;
     }
-    report_simulator_fault(
-        QStringLiteral("%1 cannot be written; its folder must be there, and its name end in a "
-                       "kind of picture such as .png")
-            .arg(file));
+    report_simulator_fault(fault);
     return false;
 }
 
+bool save_picture(const QImage& picture, const QString& file, QString& fault) {
+    QBuffer buffer;
+    const QByteArray kind = QFileInfo(file).suffix().toLatin1();
+    if (!picture.save(&buffer, kind.isEmpty() ? "" : kind.constData())) {
+        fault = QStringLiteral("%1 cannot be written: its name must end in a kind of picture such as .png")
+                    .arg(file);
+        return false;
+    }
+    return save_file(file, buffer.data(), fault);
+}
+
 bool write_file(const QString& file, const QByteArray& bytes) {
-    const QFileInfo place(file);
-    const bool is_device = place.exists() && !place.isFile(); // written into, not replaced
-    QFile device(file);
-    QSaveFile replacement(file);
-    QFileDevice& output = is_device ? static_cast<QFileDevice&>(device) : replacement;
-    if (output.open(QIODevice::WriteOnly) && output.write(bytes) == bytes.size() &&
-        (is_device ? device.flush() : replacement.commit())) {
+    QString fault;
+    if (save_file(file, bytes, fault)) {
         return true;
     }
-    report_simulator_fault(QStringLiteral("%1 cannot be written: %2").arg(file, output.errorString()));
+    report_simulator_fault(fault);
     return false;
 }
 

@@ -1,24 +1,16 @@
 #ifndef SCREEN_PICTURES_H
 #define SCREEN_PICTURES_H
 
+#include "panel_report.h"
 #include "panel_stage.h"
+#include "stage_plan.h"
 
 #include <QImage>
 #include <QString>
 
 #include <functional>
-#include <vector>
 
 namespace velarion {
-
-/** What is to be shown: which views, in which languages. */
-struct stage_plan {
-    std::vector<screen_view> views;
-    std::vector<language_choice> languages;
-};
-
-/** Names a language for files and people: "49". */
-QString language_word(const language_choice& language);
 
 /**
  * Shows every view in every language, the languages of a view one after the other, with the progress on
@@ -31,12 +23,17 @@ bool show_all(panel_stage& stage, const stage_plan& plan,
 
 /**
  * Writes VIEW-LANGUAGE.png for each view and language, and sheet-VIEW.png with all its languages.
+ *
+ * @param report  receives what is shown; may be null
  * @return an exit code; faults are reported
  */
-int write_all_screens(panel_stage& stage, const stage_plan& plan, const QString& folder);
+int write_all_screens(panel_stage& stage, const stage_plan& plan, const QString& folder,
+                      panel_report* report);
 
 /** Writes a picture. @return whether that was possible; a fault is reported */
 bool write_picture(const QImage& picture, const QString& file);
+/** @param fault  receives why the picture cannot be written, for people; unchanged when it is */
+bool save_picture(const QImage& picture, const QString& file, QString& fault);
 
 /** Writes a file in the place of the one that is there. @return whether that was possible; a fault is
  * reported */

@@ -48,10 +48,12 @@ void add_options(QCommandLineParser& parser) {
     add("direction", "Writes in this direction whatever the language: ltr or rtl.", "DIRECTION");
     add("test-icons",
         "Sets TEST_ICON_MESSAGE: keys for missing messages, a placeholder for missing pictures.");
-    add("overlay", "Draws boxes around texts and pictures, what is wrong in colour.");
-    add("fail-on", "Ends with 1 when some are found: overflow, overlap, glyphs, pictures, fallbacks.",
+    add("overlay", "Draws boxes around texts and pictures, what is wrong in colour; not in a review.");
+    add("fail-on",
+        "With --screenshot, --all-screens, --report or --review: ends with 1 when some are found: "
+        "overflow, overlap, glyphs, pictures, fallbacks.",
         "LIST");
-    add("watch", "Shows changed pictures and rebuilt packs at once.");
+    add("watch", "In the window: shows changed pictures and rebuilt packs at once.");
     add("service",
         "Device service: auto (the one that runs, or else one of its own), none, own. Default: auto with a "
         "window; what it says itself with a script.",
@@ -76,6 +78,28 @@ bool read_fail_on(const QString& list, unsigned int& faults, int& exit_code) {
                 exit_code);
 }
 
+/** Tells what would be ignored without a word. */
+bool check_options(const QCommandLineParser& parser, const simulator_options& options, int& exit_code) {
+    for (const char* name : {"screenshot", "all-screens", "report", "review", "compare-with", "script",
+                             "screen", "language", "direction"}) {
+        if (parser.isSet(QLatin1String(name)) && parser.value(QLatin1String(name)).isEmpty()) {
+            return fail(QStringLiteral("--%1 has an empty value").arg(QLatin1String(name)), exit_code);
+        }
+    }
+    if (!options.compare_with.isEmpty() && options.review.isEmpty()) {
+        return fail(QStringLiteral("--compare-with goes with --review"), exit_code);
+    }
+    if (options.fail_on != 0 && !options.writes()) {
+        return fail(QStringLiteral("--fail-on goes with --screenshot, --all-screens, --report or --review; "
+                                   "a script has \"expect no fault\""),
+                    exit_code);
+    }
+    if (options.watches && options.is_headless()) {
+        return fail(QStringLiteral("--watch needs a window"), exit_code);
+    }
+    return true;
+}
+
 bool read_languages(const QString& list, std::vector<int>& languages, int& exit_code) {
     for (const QString& word : list.split(QLatin1Char(','))) {
         int id = 0;
@@ -91,9 +115,12 @@ bool read_languages(const QString& list, std::vector<int>& languages, int& exit_
 
 } // namespace
 
+bool simulator_options::writes() const {
+    return !screenshot.isEmpty() || !all_screens.isEmpty() || !report.isEmpty() || !review.isEmpty();
+}
+
 bool simulator_options::is_headless() const {
-    return lists_screens || !screenshot.isEmpty() || !all_screens.isEmpty() || !report.isEmpty() ||
-           !review.isEmpty() || !script.isEmpty();
+    return lists_screens || writes() || !script.isEmpty();
 }
 
 bool read_simulator_options(const QStringList& arguments, simulator_options& options, int& exit_code) {
@@ -107,8 +134,9 @@ bool read_simulator_options(const QStringList& arguments, simulator_options& opt
     }
     if (parser.isSet(QStringLiteral("help"))) {
         std::printf(
-            "%s\nExit codes: 0 good, 1 faults were found, 2 usage, 3 a file cannot be read or written.\n",
-            qPrintable(parser.helpText()));
+            "%s\nExit codes: 0 good, 1 faults were found or a line of a script failed, 2 usage, 3 a file "
+            "cannot be read or written, or there is no display.\n",
+            parser.helpText().toUtf8().constData());
         exit_code = SIMULATOR_GOOD;
         return false;
     }
@@ -151,8 +179,11 @@ bool read_simulator_options(const QStringList& arguments, simulator_options& opt
         !read_languages(value("language"), options.languages, exit_code)) {
         return false;
     }
-    return !parser.isSet(QStringLiteral("fail-on")) ||
-           read_fail_on(value("fail-on"), options.fail_on, exit_code);
+    if (parser.isSet(QStringLiteral("fail-on")) &&
+        !read_fail_on(value("fail-on"), options.fail_on, exit_code)) {
+        return false;
+    }
+    return check_options(parser, options, exit_code);
 }
 
 bool read_fault_classes(const QString& list, unsigned int& faults, QString& unknown) {

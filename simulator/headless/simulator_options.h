@@ -14,7 +14,7 @@ namespace velarion {
 /** Exit codes of the simulator. */
 enum simulator_exit : int {
     SIMULATOR_GOOD = 0,
-    SIMULATOR_FOUND_FAULTS = 1, ///< --fail-on found some, or a script's expectation did not hold
+    SIMULATOR_FOUND_FAULTS = 1, ///< --fail-on found some, or a script ended before its last line
     SIMULATOR_USAGE = 2,
     SIMULATOR_FAILED = 3 ///< a file cannot be read or written
 };
@@ -48,6 +48,8 @@ struct simulator_options {
     bool is_verbose = false;               ///< traces go to standard error as well
     unsigned int fail_on = 0;              ///< fault_class
 
+    /** Whether pictures, a report or a review are to be written. */
+    bool writes() const;
     /** Whether all is done without a window. */
     bool is_headless() const;
 };
