@@ -45,10 +45,13 @@ void panel_watch::watch_files() {
             paths.append(file.filePath());
         }
     }
+    paths.append(QLatin1String(PACKS)); // where packs come and go
     for (const QFileInfo& pack :
          QDir(QLatin1String(PACKS)).entryInfoList(QDir::Dirs | QDir::NoDotAndDotDot)) {
-        const QString library = QDir(pack.filePath()).filePath(QLatin1String(PACK_LIBRARY));
-        paths.append({QFileInfo(library).path(), library});
+        const QDir folder(pack.filePath());
+        const QString library = folder.filePath(QLatin1String(PACK_LIBRARY));
+        paths.append(
+            {folder.path(), folder.filePath(QStringLiteral("panel")), QFileInfo(library).path(), library});
     }
     const QStringList watched = watcher_.files() + watcher_.directories();
     QStringList missing;

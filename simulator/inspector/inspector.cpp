@@ -49,6 +49,7 @@ inspector::inspector(const inspector_parts& parts)
     , inspection_(parts_.panel)
     , index_(parts_.panel, inspection_.examiner())
     , overlay_(inspection_)
+    , controls_(new view_controls(parts_.panel))
     , tabs_(new QTabWidget) {
     setLayoutDirection(Qt::LeftToRight);
     setMinimumWidth(360);
@@ -56,7 +57,7 @@ inspector::inspector(const inspector_parts& parts)
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(8, 8, 8, 8);
     layout->addWidget(make_head());
-    layout->addWidget(new view_controls(parts_.panel));
+    layout->addWidget(controls_);
     layout->addWidget(tabs_, 1);
     make_tabs();
     parts_.view.setMouseTracking(true);
@@ -137,6 +138,17 @@ void inspector::set_inspecting(bool is_on) {
 
 void inspector::show_overlay(bool is_shown) {
     overlays_->setChecked(is_shown);
+}
+
+void inspector::look_again() {
+    inspection_.examiner().clear();
+    inspection_.refresh();
+    parts_.view.update();
+    index_.begin();
+}
+
+void inspector::choose_direction(const QString& direction) {
+    controls_->choose_direction(direction);
 }
 
 void inspector::begin_search() {

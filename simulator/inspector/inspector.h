@@ -21,6 +21,7 @@ class panel_view;
 class record_tab;
 class search_tab;
 class simulation;
+class view_controls;
 
 /** What an inspector works with; outlives it. */
 struct inspector_parts {
@@ -47,6 +48,10 @@ public:
 
     void set_inspecting(bool is_on);
     void show_overlay(bool is_shown);
+    /** Files of the panel have changed: what is shown is judged anew. */
+    void look_again();
+    /** @param direction  "ltr", "rtl" or empty: that of the language */
+    void choose_direction(const QString& direction);
     /** Shows the search, ready to type. */
     void begin_search();
 
@@ -67,6 +72,7 @@ private:
     panel_inspection inspection_;
     screen_index index_;
     findings_overlay overlay_;
+    view_controls* controls_;
     QTabWidget* tabs_;
     element_tab* element_ = nullptr;
     search_tab* search_ = nullptr;

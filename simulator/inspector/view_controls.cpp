@@ -122,6 +122,13 @@ view_controls::~view_controls() {
     message_text::set_disguise(nullptr);
 }
 
+void view_controls::choose_direction(const QString& direction) {
+    direction_->setCurrentIndex(direction == QLatin1String("rtl")   ? RIGHT_TO_LEFT
+                                : direction == QLatin1String("ltr") ? LEFT_TO_RIGHT
+                                                                    : OF_LANGUAGE);
+    apply_direction();
+}
+
 void view_controls::show_languages() {
     const auto languages = simulation_.languages();
     fill(*preferred_, languages, "as machine", id_of(simulation_.preferred_language()));

@@ -19,6 +19,9 @@ public:
     explicit view_controls(simulation& panel);
     ~view_controls() override;
 
+    /** @param direction  "ltr", "rtl" or empty: that of the language */
+    void choose_direction(const QString& direction);
+
 private:
     void show_languages();
     void apply_direction();

@@ -9,6 +9,7 @@
 #include "record_tab.h"
 #include "simulation.h"
 #include "simulator_options.h"
+#include "stage_plan.h"
 #include "start_phases.h"
 
 #include <QApplication>
@@ -72,6 +73,25 @@ inspector* make_side_bar(const inspector_parts& parts, message_log& messages, tr
     return side_bar;
 }
 
+/** Opens what the command line asks for. @return false after what there is not, which is reported */
+bool show_start_view(simulation& panel, const simulator_options& options) {
+    stage_plan plan;
+    if (!make_stage_plan(options, panel, plan)) {
+        return false;
+    }
+    if (!options.languages.empty()) {
+        panel.choose_preferred_language(plan.languages.front());
+    }
+    const screen_view& view = plan.views.front();
+    if (view.prepare && !options.screen.isEmpty()) {
+        view.prepare(panel.machine());
+    }
+    if (!options.screen.isEmpty()) {
+        panel.panel().open(QLatin1String(view.screen));
+    }
+    return true;
+}
+
 } // namespace
 
 /** The library's resources come before the first request to the device, and go before the connection. */
@@ -83,14 +103,29 @@ int run_window(const simulator_options& options) {
     device_link link;
     service_keeper service(link);
     simulation panel(&link);
+    if (!show_start_view(panel, options)) {
+        return SIMULATOR_USAGE;
+    }
     std::unique_ptr<panel_watch> watch;
     if (options.watches) {
         watch = std::make_unique<panel_watch>(panel);
     }
     main_window window({panel, link, service, messages, traces});
-    window.set_side_bar(make_side_bar(
+    inspector* side_bar = make_side_bar(
         {panel, window.view(), link, [&service](const QStringList& words) { return service.run(words); }},
-        messages, traces));
+        messages, traces);
+    window.set_side_bar(side_bar);
+    side_bar->show_overlay(options.has_overlay);
+    if (!options.direction.isEmpty()) {
+        side_bar->choose_direction(options.direction);
+    }
+    if (watch) {
+        QObject::connect(watch.get(), &panel_watch::reloaded, side_bar,
+                         [&window, side_bar](const QString& what) {
+                             side_bar->look_again();
+                             window.tell(QStringLiteral("Changed %1 are shown").arg(what));
+                         });
+    }
     QObject::connect(&window, &main_window::first_frame_shown, [&] {
         end_start_phase("first frame");
         if (options.prints_timing) {
