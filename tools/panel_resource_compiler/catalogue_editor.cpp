@@ -6,13 +6,7 @@
 #include "option_pack.h"
 #include "subcommand.h"
 
-#include <fcntl.h>
-#include <sys/file.h>
-#include <unistd.h>
-
 #include <algorithm>
-#include <cerrno>
-#include <cstring>
 #include <filesystem>
 #include <iostream>
 #include <set>
@@ -67,27 +61,9 @@ std::string list_of(const std::vector<std::string>& words) {
 catalogue_editor::catalogue_editor(const edit_options& line)
     : line_(line) {}
 
-catalogue_editor::~catalogue_editor() {
-    if (lock_ >= 0) {
-        ::close(lock_);
-    }
-}
-
-/** A file system without locks does not keep anyone from work. */
-bool catalogue_editor::lock(std::string& fault) {
-    lock_ = ::open(line_.catalogue.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
-    if (lock_ < 0) {
-        fault = line_.catalogue + ": " + std::strerror(errno);
-        return false;
-    }
-    while (flock(lock_, LOCK_EX) != 0 && errno == EINTR) {
-    }
-    return true;
-}
-
 int catalogue_editor::open(bool demands_a_good_one) {
     std::string fault;
-    if (!lock(fault)) {
+    if (!lock_.take(line_.catalogue, fault)) {
         return file_fault(fault);
     }
     diagnostics report(std::cerr);

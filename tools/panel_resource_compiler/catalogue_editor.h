@@ -1,6 +1,7 @@
 #ifndef CATALOGUE_EDITOR_H
 #define CATALOGUE_EDITOR_H
 
+#include "catalogue_lock.h"
 #include "command_options.h"
 #include "confirmed_texts.h"
 #include "image_catalogue.h"
@@ -41,7 +42,6 @@ struct language_texts {
 class catalogue_editor {
 public:
     explicit catalogue_editor(const edit_options& line);
-    ~catalogue_editor();
     catalogue_editor(const catalogue_editor&) = delete;
     catalogue_editor& operator=(const catalogue_editor&) = delete;
 
@@ -101,7 +101,6 @@ private:
         std::vector<tsv_editor> confirmed; ///< for sorting: the files of confirmed_texts as they are
     };
 
-    bool lock(std::string& fault);
     bool read(diagnostics& report);
     bool read_confirmed(diagnostics& report);
     void check(diagnostics& report) const;
@@ -110,7 +109,7 @@ private:
     void bring_figures_up_to_date();
 
     const edit_options& line_;
-    int lock_ = -1;
+    catalogue_lock lock_;
     std::unique_ptr<tables> tables_;
     bool is_checked_ = false; ///< as open() was told
     bool are_messages_first_ = false;

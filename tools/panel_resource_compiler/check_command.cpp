@@ -56,12 +56,11 @@ public:
 
     /** @return a fault of usage, or nothing */
     std::string check() {
-        ignore_list ignored;
-        ignored.read(folder_, report_);
-        report_.set_filter([this, &ignored](const finding& found) {
+        ignored_.read(folder_, report_);
+        report_.set_filter([this](const finding& found) {
             progress_.clear();
             const bool is_of_all = found.language.empty() && found.kind != severity::ERROR;
-            return !is_wanted(found.language) || (is_of_all && !wanted_.empty()) || ignored.accepts(found);
+            return !is_wanted(found.language) || (is_of_all && !wanted_.empty()) || ignored_.accepts(found);
         });
         if (std::string fault = read(); !fault.empty()) {
             return fault;
@@ -74,7 +73,7 @@ public:
             return {};
         }
         check_texts();
-        ignored.report_unused(
+        ignored_.report_unused(
             [this](const std::string& check, const std::string& language) {
                 return ran(check) && (language == "*" ? wanted_.empty() : is_wanted(language));
             },
@@ -179,6 +178,7 @@ private:
     diagnostics& report_;
     progress progress_;
     catalogue_source source_;
+    ignore_list ignored_;
     std::set<std::string> wanted_; // languages; empty for all
 };
 

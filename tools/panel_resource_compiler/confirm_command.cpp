@@ -1,4 +1,5 @@
 #include "authoring_subcommands.h"
+#include "catalogue_lock.h"
 #include "catalogue_options.h"
 #include "catalogue_source.h"
 #include "confirmed_texts.h"
@@ -90,6 +91,10 @@ int run_confirm_command(const std::vector<std::string>& arguments) {
     std::string fault = apply_catalogue_options(line, report);
     if (!fault.empty() || !read_rows(words, rows, fault)) {
         return options.usage_fault(fault);
+    }
+    catalogue_lock lock; // until the file is in place
+    if (!lock.take(line.catalogue, fault)) {
+        return file_fault(fault);
     }
     use_ignore_list(line.catalogue, report);
     const catalogue_source source = read_catalogue(line.catalogue, report);

@@ -14,7 +14,7 @@ namespace velarion {
 /** Where in a source file something was found. */
 struct source_place {
     std::string file;
-    std::size_t line;       ///< 0 stands for the whole file
+    std::size_t line = 0;   ///< 0 stands for the whole file
     std::size_t column = 0; ///< in characters from 1; 0 stands for the whole line
 };
 

@@ -1,17 +1,13 @@
 #include "authoring_subcommands.h"
+#include "catalogue_lock.h"
 #include "checks.h"
 #include "command_options.h"
 #include "exchange_import.h"
-#include "file_descriptor.h"
 #include "file_guard.h"
 #include "output_folder.h"
 #include "po_file.h"
 #include "ts_file.h"
 
-#include <fcntl.h>
-#include <sys/file.h>
-
-#include <cerrno>
 #include <filesystem>
 #include <iostream>
 
@@ -32,19 +28,6 @@ struct exchange_line {
     import_rules rules;
     bool is_dry_run = false;
     bool shows_all = false;
-};
-
-/** Lets those that change the same catalogue wait for each other, where the file system can. */
-class folder_lock {
-public:
-    explicit folder_lock(const std::string& folder)
-        : folder_(open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC)) {
-        while (folder_.get() >= 0 && flock(folder_.get(), LOCK_EX) != 0 && errno == EINTR) {
-        }
-    }
-
-private:
-    file_descriptor folder_;
 };
 
 void add_common_options(command_options& options, exchange_line& line) {
@@ -173,13 +156,16 @@ int run_import_command(const std::vector<std::string>& arguments) {
     if (ending != ".po" && ending != ".ts") {
         return options.usage_fault("\"" + line.file + "\" ends neither in .po nor in .ts");
     }
-    const folder_lock lock(line.catalogue); // until the files are in place
+    std::string fault;
+    catalogue_lock lock; // until the files are in place
+    if (!lock.take(line.catalogue, fault)) {
+        return file_fault(fault);
+    }
     exchange_language language(line.catalogue, line.language);
     if (const std::optional<int> end = read_language(options, language)) {
         return *end;
     }
     std::string contents;
-    std::string fault;
     if (!read_file(line.file, contents, fault)) {
         return file_fault(fault);
     }

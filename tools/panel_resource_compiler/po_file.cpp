@@ -61,6 +61,18 @@ private:
 diagnostics* current_report = nullptr;
 std::string current_path;
 
+/** Takes the findings for a report, and of a file, for its lifetime. */
+class finding_scope {
+public:
+    finding_scope(diagnostics& report, const std::string& path) {
+        current_report = &report;
+        current_path = path;
+    }
+    ~finding_scope() { current_report = nullptr; }
+    finding_scope(const finding_scope&) = delete;
+    finding_scope& operator=(const finding_scope&) = delete;
+};
+
 void take_finding(int severity, const char* text, std::size_t line, std::size_t column) {
     const bool has_line = line != static_cast<std::size_t>(-1);
     source_place place{current_path, has_line ? line : 0};
@@ -229,7 +241,7 @@ bool check_header(const char* header, const std::string& path, diagnostics& repo
 bool write_po(const exchange_document& document, std::string& contents, std::string& fault) {
     std::ostringstream faults;
     diagnostics report(faults);
-    current_report = &report;
+    const finding_scope scope(report, "");
     const po_file file(po_file_create(), &po_file_free);
     const po_iterator iterator(po_message_iterator(file.get(), nullptr), &po_message_iterator_free);
     const po_message_t header = po_message_create();
@@ -248,8 +260,7 @@ bool write_po(const exchange_document& document, std::string& contents, std::str
 
 exchange_document read_po(const std::string& path, std::string contents, diagnostics& report) {
     exchange_document document;
-    current_report = &report;
-    current_path = path;
+    const finding_scope scope(report, path);
     if (!normalize(contents)) {
         report.error(CHECK_ENCODING, {path, 0}, "is not UTF-8 text; save it as such");
         return document;

@@ -26,7 +26,8 @@ public:
 
     /**
      * Runs the compiler on it; commands that write tables do so into the folder "out", or where @p arguments
-     * say otherwise at the end. Its reports name the files from the catalogue's folder, and do without the note that ends them early.
+     * say otherwise at the end. Its reports name the files from the catalogue's folder, and do without the
+     * note that ends them early.
      */
     process_result run(const std::string& command, const std::vector<std::string>& arguments = {}) const;
 

@@ -163,8 +163,7 @@ TEST(pictures, texts_are_measured_and_looked_for_in_their_fonts) {
         run({"fit", "--report", folder.path("report.json"), "--fail-on", "fit", "--sheet", folder.path("s")});
     EXPECT_EQ(result.exit_code, 1);
     EXPECT_NE(result.errors.find("0 errors, 2 warnings"), std::string::npos) << result.errors;
-    EXPECT_NE(result.errors.find("warning: message 2 on screen \"home\": needs "),
-              std::string::npos);
+    EXPECT_NE(result.errors.find("warning: message 2 on screen \"home\": needs "), std::string::npos);
     EXPECT_TRUE(std::filesystem::exists(folder.path("s/fit-de-01.png")));
     folder.write("report.json", "{}");
     EXPECT_EQ(run({"fit", "--report", folder.path("report.json")}).exit_code, 3);

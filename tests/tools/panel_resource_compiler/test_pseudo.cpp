@@ -38,15 +38,15 @@ TEST(pseudo, texts_are_longer_and_keep_what_is_no_word) {
         const std::string texts = catalogue.folder().read(folder + "/texts.tsv");
         EXPECT_EQ(texts.substr(texts.find("row\ttext\n") + 9), row.texts);
         const process_result built =
-            catalogue.run("pack", {"--pack", catalogue.folder().path(folder), "-Werror=placeholders", "-Wno-control-characters"});
+            catalogue.run("pack", {"--pack", catalogue.folder().path(folder), "-Werror=placeholders",
+                                   "-Wno-control-characters"});
         EXPECT_EQ(built.exit_code, 0) << built.errors;
         const std::string properties = catalogue.folder().read(folder + "/pack.conf");
         EXPECT_NE(properties.find(std::string("direction = ") + row.direction), std::string::npos)
             << properties;
     }
-    const std::string before = catalogue.folder().read("catalogue/packs/86/texts.tsv");
     EXPECT_EQ(catalogue.run("pseudo", {"--output", catalogue.path("packs"), "--language-id", "86"}).exit_code,
               3);
-    EXPECT_EQ(catalogue.folder().read("catalogue/packs/86/texts.tsv"), before);
+    EXPECT_EQ(catalogue.folder().read("catalogue/packs/86/texts.tsv"), "row\ttext\n2\tPack\n");
     EXPECT_EQ(catalogue.run("pseudo", {"--output", packs, "--language-id", "999"}).exit_code, 2);
 }
