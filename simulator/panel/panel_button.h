@@ -48,6 +48,8 @@ protected:
     void paintEvent(QPaintEvent* event) override;
     void changeEvent(QEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
+    /** Where the value stands, px. */
+    QRect value_box() const { return boxes().value; }
 
 private:
     void choose_state();

@@ -4,6 +4,7 @@
 #include "documents_screen.h"
 #include "fax_screen.h"
 #include "guidance_screen.h"
+#include "hardware_screen.h"
 #include "help_screen.h"
 #include "home_screen.h"
 #include "keyboard_screen.h"
@@ -95,6 +96,7 @@ const std::vector<screen_entry>& all_screens() {
         {"trays", "paper trays and toner", make_screen<trays_screen>},
         {"guidance", "how jammed paper is removed", make_screen<guidance_screen>},
         {"help", "topics of help", make_screen<help_screen>},
+        {"hardware_test", "LEDs and hard keys", make_screen<hardware_screen>},
         {"keyboard", "the soft keyboard of the language", make_screen<keyboard_screen>},
         {"settings", "the settings, a list that leads on", make_screen<settings_screen>},
         {"settings_language", "the machine's language and a user's", make_screen<language_screen>},
@@ -127,6 +129,7 @@ const std::vector<screen_view>& all_screen_views() {
         {"guidance_finisher", "guidance", raise_jam<3>},
         {"guidance_last", "guidance", come_to_last_step},
         {"help", "help", nullptr},
+        {"hardware_test", "hardware_test", nullptr},
         {"keyboard", "keyboard", nullptr},
         {"settings", "settings", nullptr},
         {"settings_language", "settings_language", nullptr},
