@@ -93,10 +93,13 @@ void check_language(const panel_language& language, const std::multimap<std::int
                     diagnostics& report) {
     const QFont font(language.family);
     const QString shown = shown_family(font);
-    if (language.family.compare(shown, Qt::CaseInsensitive) != 0) {
-        report.remark(CHECK_FAMILY, {language.texts, 0},
-                      "the font \"" + language.family.toStdString() + "\" is not here; checked with \"" +
-                          shown.toStdString() + "\" in its place");
+    for (const QString& family : families_of(language.family)) {
+        const QString taken = shown_family(QFont(family));
+        if (family.compare(taken, Qt::CaseInsensitive) != 0) {
+            report.remark(CHECK_FAMILY, {language.texts, 0},
+                          "the font \"" + family.toStdString() + "\" is not here; checked with \"" +
+                              taken.toStdString() + "\" in its place");
+        }
     }
     for (const auto& [character, use] : characters_of(language.texts, language.name, report)) {
         QString fallback;

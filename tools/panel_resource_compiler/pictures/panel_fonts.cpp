@@ -84,13 +84,23 @@ void load_panel_fonts(const std::string& catalogue, const std::string& device_tr
     }
 }
 
+QStringList families_of(const QString& name) {
+    QStringList families = name.split(QLatin1Char(','));
+    for (QString& family : families) {
+        family = family.trimmed();
+    }
+    return families;
+}
+
 QString shown_family(const QFont& font) {
     return QRawFont::fromFont(font).familyName();
 }
 
 glyph_origin find_glyph(const QFont& font, uint character, QString& fallback) {
-    if (QRawFont::fromFont(font).supportsCharacter(character)) {
-        return glyph_origin::FONT;
+    for (const QString& family : families_of(font.family())) {
+        if (QRawFont::fromFont(QFont(family)).supportsCharacter(character)) {
+            return glyph_origin::FONT;
+        }
     }
     QTextLayout layout(QString::fromUcs4(&character, 1), font);
     layout.beginLayout();

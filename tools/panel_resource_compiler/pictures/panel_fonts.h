@@ -3,6 +3,7 @@
 
 #include <QFont>
 #include <QString>
+#include <QStringList>
 
 #include <set>
 #include <string>
@@ -15,7 +16,7 @@ struct panel_language {
     int id = 0;
     std::string name;  ///< "de", or the id of a pack
     std::string texts; ///< its file
-    QString family;    ///< asked for by the panel
+    QString family;    ///< asked for by the panel; a pack may name several, separated by commas
 };
 
 /** The standard languages and the packs of a catalogue. */
@@ -27,13 +28,16 @@ bool is_wanted_language(const panel_language& language, const std::vector<std::s
 /** Makes the fonts known that a device tree holds, if one is given, and those of the catalogue's packs. */
 void load_panel_fonts(const std::string& catalogue, const std::string& device_tree);
 
+/** The families that a name asks for, the first one first. */
+QStringList families_of(const QString& name);
+
 /** The family that the toolkit takes for one that is asked for. */
 QString shown_family(const QFont& font);
 
 /** How a character comes out. */
 enum class glyph_origin { FONT, FALLBACK, NONE };
 
-/** @param fallback  receives the family that has the character when the font has not */
+/** @param fallback  receives the family that has the character when none of the font's has it */
 glyph_origin find_glyph(const QFont& font, uint character, QString& fallback);
 
 } // namespace velarion
