@@ -117,7 +117,7 @@ void key_button::paintEvent(QPaintEvent*) {
     QPainter painter(this);
     const bool is_pressed = isDown() || is_lit_;
     ground_.draw_ground(painter, rect());
-    text_.draw(painter, rect(), is_pressed ? colors::on_accent : colors::text, Qt::LeftToRight);
+    text_.draw(painter, rect(), is_pressed ? colors::on_accent : colors::text, direction_);
     hint_.draw(painter, rect().adjusted(0, px(1), -px(grid::gap), 0),
                is_pressed ? colors::on_accent : colors::quiet_text, Qt::LeftToRight);
     const QRect box = picture_box();

@@ -21,6 +21,8 @@ public:
     void set_label(const QString& label);
     /** @param is_lit  shown like a pressed one: the layer that is in force */
     void set_lit(bool is_lit);
+    /** @param direction  of the text that the key's text goes to: brackets look as they will look there */
+    void set_direction(Qt::LayoutDirection direction) { direction_ = direction; }
     /** It is not down any more; nothing is tapped. */
     void let_go();
     /** The width that the label needs, px. */
@@ -40,6 +42,7 @@ private:
 
     keyboard_key key_;
     bool is_lit_ = false;
+    Qt::LayoutDirection direction_ = Qt::LeftToRight;
     picture_block ground_;
     picture_block picture_;
     text_block text_;

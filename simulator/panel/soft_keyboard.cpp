@@ -102,6 +102,7 @@ void soft_keyboard::reload() {
 void soft_keyboard::add_key(const keyboard_key& key, std::size_t row) {
     auto* button = new key_button(key);
     button->setParent(this);
+    button->set_direction(input_.board().is_right_to_left ? Qt::RightToLeft : Qt::LeftToRight);
     if (is_function(key, "space")) {
         button->set_label(input_.board().name);
     }
