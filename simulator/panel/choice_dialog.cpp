@@ -19,11 +19,6 @@ void ask_choice(panel_frame& frame, const message_text& title, const std::vector
     list->setObjectName(QStringLiteral("choices"));
     list->set_rows(rows);
     list->setFixedHeight(px(grid::row) * static_cast<int>(qMin(rows.size(), MOST_ROWS)));
-    for (std::size_t i = 0; i < rows.size(); ++i) {
-        if (rows[i].is_chosen) {
-            list->show_row(static_cast<int>(i));
-        }
-    }
     auto* dialog =
         new panel_dialog(title, list, {{"cancel", "26", {}, false, KEY_STOP}}); // MSG_CMN_CANCEL_TEXT
     QObject::connect(list, &panel_list::chosen, dialog, [dialog, chosen](int row) {

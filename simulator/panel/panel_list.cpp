@@ -7,6 +7,8 @@
 #include <QPainter>
 #include <QStyle>
 
+#include <algorithm>
+
 namespace velarion {
 
 namespace {
@@ -49,10 +51,26 @@ void panel_list::set_rows(const std::vector<list_row>& rows) {
         shown.value.set_message(row.value);
         rows_.push_back(std::move(shown));
     }
-    current_ = qBound(0, current_, static_cast<int>(rows_.size()) - 1);
+    current_ = qBound(0, current_, qMax(0, static_cast<int>(rows_.size()) - 1));
     scroll_to(offset_);
+    show_chosen();
     press_row(pressed_);
     updateGeometry();
+}
+
+void panel_list::begin_anew() {
+    is_used_ = false;
+    show_chosen();
+}
+
+/** Keys begin there too. */
+void panel_list::show_chosen() {
+    const auto chosen =
+        std::find_if(rows_.begin(), rows_.end(), [](const shown_row& row) { return row.is_chosen; });
+    if (!is_used_ && chosen != rows_.end()) {
+        current_ = static_cast<int>(chosen - rows_.begin());
+        show_row(current_);
+    }
 }
 
 int panel_list::find_row(const QString& name) const {
@@ -196,6 +214,7 @@ void panel_list::paintEvent(QPaintEvent*) {
 }
 
 void panel_list::mousePressEvent(QMouseEvent* event) {
+    is_used_ = true;
     drag_start_ = event->y();
     drag_offset_ = offset_;
     is_dragged_ = false;
@@ -222,10 +241,12 @@ void panel_list::mouseReleaseEvent(QMouseEvent* event) {
 }
 
 void panel_list::wheelEvent(QWheelEvent* event) {
+    is_used_ = true;
     scroll_to(offset_ - event->angleDelta().y() / 2);
 }
 
 void panel_list::keyPressEvent(QKeyEvent* event) {
+    is_used_ = true;
     const int last = static_cast<int>(rows_.size()) - 1;
     switch (event->key()) {
     case Qt::Key_Up:
@@ -252,6 +273,7 @@ void panel_list::keyPressEvent(QKeyEvent* event) {
 
 void panel_list::resizeEvent(QResizeEvent*) {
     scroll_to(offset_);
+    show_chosen();
 }
 
 } // namespace velarion

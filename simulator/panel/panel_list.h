@@ -37,8 +37,11 @@ class panel_list : public QWidget, public panel_element {
 public:
     panel_list();
 
-    /** Shows these rows, as far scrolled as before where that is possible. */
+    /** Shows these rows: as far scrolled as before once somebody has scrolled, before that so that the first
+     * chosen one is seen. */
     void set_rows(const std::vector<list_row>& rows);
+    /** The rows are about something else: the first chosen one is to be seen. */
+    void begin_anew();
     std::size_t row_count() const { return rows_.size(); }
     QString row_name(int row) const { return rows_[static_cast<std::size_t>(row)].name; }
     /** @return the place of a row's name, or -1 */
@@ -83,6 +86,7 @@ private:
     row_boxes boxes_of(int row) const;
     int row_at(int y) const;
     void scroll_to(int offset);
+    void show_chosen();
     void press_row(int row);
 
     int last_offset() const;
@@ -97,6 +101,7 @@ private:
     int drag_start_ = 0;
     int drag_offset_ = 0;
     bool is_dragged_ = false;
+    bool is_used_ = false; ///< somebody has scrolled it or taken a row
 };
 
 } // namespace velarion

@@ -13,8 +13,8 @@ namespace velarion {
 
 namespace {
 
-constexpr char STANDARD[] = "240";        // MSG_NORMAL_FAX_RES_STANDARD, "Standard"
-constexpr char USER[] = "16522";          // "User profile"
+constexpr char STANDARD[] = "10";         // MSG_NORMAL_TITLE_SYSTEM_SETTINGS
+constexpr char USER[] = "16522";          // MSG_NORMAL_ACCESS_PROFILE
 constexpr char NOTE_STANDARD[] = "13883"; // MSG_NORMAL_REGION_SELECT_LANGUAGE
 constexpr char NOTE_USER[] = "13885";     // MSG_NORMAL_REGION_LANGUAGE_TEMP
 
@@ -41,6 +41,7 @@ panel_button* language_screen::make_tab(const char* name, const char* text, bool
     connect(tab, &QAbstractButton::clicked, this, [this, is_preferred] {
         is_preferred_ = is_preferred;
         refresh();
+        list_->begin_anew();
     });
     return tab;
 }

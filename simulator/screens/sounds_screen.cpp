@@ -1,6 +1,7 @@
 #include "sounds_screen.h"
 
 #include "card.h"
+#include "level_bar.h"
 #include "machine_state.h"
 #include "message_label.h"
 #include "panel_button.h"
@@ -17,10 +18,9 @@ namespace velarion {
 namespace {
 
 constexpr char MUTED[] = "4145";  // ICON_CMN_OTHER_MUTE
+constexpr char SOUND[] = "4144";  // ICON_CMN_OTHER_SOUND
 constexpr char SOFTER[] = "4086"; // ICON_CMN_OTHER_MINUS
 constexpr char LOUDER[] = "4085"; // ICON_CMN_OTHER_PLUS
-/** Of a volume, ICON_NORMAL_OTHER_SOUND_LEVEL_... */
-constexpr const char* LEVELS[MOST_VOLUME + 1] = {MUTED, "1953", "1954", "1955", "1956", "1957"};
 
 } // namespace
 
@@ -40,7 +40,7 @@ sounds_screen::sounds_screen(const panel_context& context)
 
 QWidget* sounds_screen::make_row_of(std::size_t sound) {
     const QByteArray name = panel_sounds()[sound].name;
-    sound_row row{new picture_view({grid::large_icon, grid::large_icon}), new message_label,
+    sound_row row{new picture_view({grid::icon, grid::icon}), new message_label, new level_bar(MOST_VOLUME),
                   new panel_button((name + "_softer").constData(), button_form::PICTURE, {}, SOFTER),
                   new panel_button((name + "_louder").constData(), button_form::PICTURE, {}, LOUDER)};
     row.label->set_wraps(true);
@@ -56,6 +56,7 @@ QWidget* sounds_screen::make_row_of(std::size_t sound) {
     layout->setSpacing(px(grid::margin));
     layout->addWidget(row.picture);
     layout->addWidget(row.label, 1);
+    layout->addWidget(row.bar);
     layout->addWidget(row.softer);
     layout->addWidget(row.louder);
     return line;
@@ -71,7 +72,8 @@ void sounds_screen::refresh() {
         const panel_sound& sound = panel_sounds()[i];
         const std::size_t place = find_sound_level(sound, machine().sound().*sound.volume);
         const sound_level& level = sound.levels[place];
-        rows_[i].picture->set_picture(QLatin1String(LEVELS[level.volume]));
+        rows_[i].picture->set_picture(QLatin1String(level.volume > 0 ? SOUND : MUTED));
+        rows_[i].bar->set_level(level.volume);
         rows_[i].label->set_message(level.message);
         rows_[i].softer->setEnabled(place > 0);
         rows_[i].louder->setEnabled(place + 1 < sound.levels.size());

@@ -7,6 +7,7 @@
 
 namespace velarion {
 
+class level_bar;
 class message_label;
 class panel_button;
 class picture_view;
@@ -21,6 +22,7 @@ private:
     struct sound_row {
         picture_view* picture;
         message_label* label;
+        level_bar* bar;
         panel_button* softer;
         panel_button* louder;
     };
