@@ -3,6 +3,7 @@
 #include "simulator_options.h"
 
 #include <QCoreApplication>
+#include <QElapsedTimer>
 #include <QFile>
 #include <QProcess>
 #include <QTextStream>
@@ -14,8 +15,9 @@ namespace velarion {
 
 namespace {
 
-constexpr int LONGEST_WAIT = 600; // steps that a condition is waited for
-constexpr int STEP_PAUSE = 10;    // ms between them, in which other processes may do something
+constexpr int LONGEST_WAIT = 600;   // steps that a condition is waited for
+constexpr int STEP_PAUSE = 10;      // ms between them, in which other processes may do something
+constexpr int LONGEST_TIME = 30000; // ms for which they get that chance, when the machine stands
 constexpr char COMMENT = '#';
 
 /**
@@ -125,8 +127,16 @@ script_outcome script_runner::wait(const QStringList& words) {
         return {};
     }
     script_outcome outcome = expect(words);
-    for (int i = 0; i < LONGEST_WAIT && outcome.is == script_outcome::kind::UNMET; ++i) {
-        advance();
+    QElapsedTimer time;
+    time.start();
+    for (int i = 0;
+         outcome.is == script_outcome::kind::UNMET && (i < LONGEST_WAIT || !time.hasExpired(LONGEST_TIME));
+         ++i) {
+        if (i < LONGEST_WAIT) {
+            advance();
+        } else {
+            QCoreApplication::processEvents();
+        }
         QThread::msleep(STEP_PAUSE);
         outcome = expect(words);
     }

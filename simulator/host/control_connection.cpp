@@ -19,7 +19,8 @@ constexpr int SILENT_AFTER = 1000;
 constexpr int LONGEST_ANSWER = 3000;
 constexpr std::size_t MOST_ASKED = 64; // answers to come; the service gives up who leaves too many unread
 
-/** Not the process's: a key event goes to one connection of its host, which is to be that of the observers. */
+/** Not the process's: a key event goes to one connection of its host, which is to be that of the observers.
+ */
 std::uint64_t own_number() {
     return host_number() ^ 1U;
 }
@@ -59,10 +60,11 @@ void control_connection::run() {
         if (code == PLATFORM_OK) {
             serve();
             socket_.reset();
-            give_up_old(monotonic_milliseconds() + 1);
+            give_up_asked(monotonic_milliseconds() + 1);
+            give_up_waiting(monotonic_milliseconds() + 1);
         } else {
             show(code == PLATFORM_WOULD_BLOCK ? service_look::SILENT : service_look::ABSENT);
-            give_up_old(monotonic_milliseconds() - LONGEST_WAIT);
+            give_up_waiting(monotonic_milliseconds() - LONGEST_WAIT);
         }
         wait(RETRY_PAUSE);
     }
@@ -73,6 +75,7 @@ void control_connection::serve() {
     show(service_look::STARTING);
     is_greeted_ = false;
     silent_since_ = monotonic_milliseconds();
+    heard_at_ = silent_since_;
     next_status_ = 0;
     while (!is_ending_ && (!is_greeted_ || (send_status() && send_waiting()))) {
         wait(LONGEST_WAIT);
@@ -84,7 +87,11 @@ void control_connection::serve() {
         } else {
             show(is_greeted_ ? service_look::ANSWERING : service_look::STARTING);
         }
-        give_up_old(monotonic_milliseconds() - LONGEST_ANSWER);
+        const std::int64_t too_old = monotonic_milliseconds() - LONGEST_ANSWER;
+        give_up_asked(too_old);
+        if (heard_at_ < too_old) {
+            give_up_waiting(too_old);
+        }
     }
 }
 
@@ -109,6 +116,7 @@ bool control_connection::receive_all() {
             return code == PLATFORM_WOULD_BLOCK;
         }
         silent_since_ = 0;
+        heard_at_ = monotonic_milliseconds();
         if (!take(header, bytes)) {
             return false;
         }
@@ -208,16 +216,19 @@ void control_connection::answer(request& asked, const device_message& reply) {
     }
 }
 
-void control_connection::give_up_old(std::int64_t asked_before) {
-    std::vector<request> old;
-    const auto is_old = [asked_before](const request& one) { return one.asked_at < asked_before; };
-    for (auto one = asked_.begin(); one != asked_.end() && is_old(one->second);) {
-        old.push_back(std::move(one->second));
+void control_connection::give_up_asked(std::int64_t asked_before) {
+    for (auto one = asked_.begin(); one != asked_.end() && one->second.asked_at < asked_before;) {
+        request old = std::move(one->second);
         one = asked_.erase(one);
+        answer(old, no_answer(old.message.func_id));
     }
+}
+
+void control_connection::give_up_waiting(std::int64_t come_before) {
+    std::deque<request> old;
     {
         const std::lock_guard<std::mutex> lock(mutex_);
-        while (!waiting_.empty() && is_old(waiting_.front())) {
+        while (!waiting_.empty() && waiting_.front().asked_at < come_before) {
             old.push_back(std::move(waiting_.front()));
             waiting_.pop_front();
         }

@@ -34,7 +34,8 @@ enum class service_look {
  */
 class control_connection {
 public:
-    /** A reply; its result is -1 when none came in three seconds or the connection went away. */
+    /** A reply; its result is -1 when none came in three seconds, or none of anything while the request
+     * waited for its turn, or the connection went away. */
     using reply_taker = std::function<void(const device_message& reply)>;
 
     struct listener {
@@ -70,7 +71,8 @@ private:
     bool send_waiting();
     bool send_one(const request& next);
     void answer(request& asked, const device_message& reply);
-    void give_up_old(std::int64_t asked_before);
+    void give_up_asked(std::int64_t asked_before);
+    void give_up_waiting(std::int64_t come_before);
     void show(service_look look);
     bool is_overdue() const;
 
@@ -84,6 +86,7 @@ private:
     file_descriptor socket_;
     bool is_greeted_ = false;
     std::int64_t silent_since_ = 0; ///< something is due since then; 0: nothing
+    std::int64_t heard_at_ = 0;
     std::uint32_t last_sequence_ = 0;
     std::map<std::uint32_t, request> asked_;
     std::int64_t next_status_ = 0;

@@ -10,6 +10,7 @@
 #include <QStandardPaths>
 
 #include <csignal>
+#include <cstdlib>
 #include <sys/prctl.h>
 
 namespace velarion {
@@ -59,7 +60,10 @@ QString read_value(const fault_command& fault, const QStringList& words, int& va
 } // namespace
 
 void bound_process::setupChildProcess() {
-    ::prctl(PR_SET_PDEATHSIG, SIGTERM);
+    ::prctl(PR_SET_PDEATHSIG, SIGKILL); // which ends a service that is paused, too
+    if (::getppid() != parent_) {
+        ::_exit(EXIT_FAILURE);
+    }
 }
 
 service_keeper::service_keeper(device_link& link)
@@ -73,10 +77,10 @@ service_keeper::service_keeper(device_link& link)
 service_keeper::~service_keeper() {
     own_.disconnect();
     if (is_own()) {
-        ::kill(static_cast<pid_t>(own_.processId()), SIGTERM);
-        ::kill(static_cast<pid_t>(own_.processId()), SIGCONT);
+        static_cast<void>(send_signals({SIGTERM, SIGCONT}));
         if (!own_.waitForFinished(LONGEST_END)) {
             own_.kill();
+            own_.waitForFinished();
         }
     }
 }
@@ -99,6 +103,7 @@ QString service_keeper::run(const QStringList& words) {
             const QString wrong = read_value(fault, words, value);
             if (wrong.isEmpty()) {
                 link_.start();
+                is_leaving_ = is_leaving_ || fault.kind == FAULT_CRASH_NOW;
                 link_.set_fault(fault.kind, value);
             }
             return wrong;
@@ -109,8 +114,8 @@ QString service_keeper::run(const QStringList& words) {
         return usage();
     }
     return name == QLatin1String("start")      ? start()
-           : name == QLatin1String("stop")     ? send_signals({SIGCONT, SIGTERM})
-           : name == QLatin1String("kill")     ? send_signals({SIGKILL})
+           : name == QLatin1String("stop")     ? stop({SIGCONT, SIGTERM})
+           : name == QLatin1String("kill")     ? stop({SIGKILL})
            : name == QLatin1String("pause")    ? send_signals({SIGSTOP})
            : name == QLatin1String("continue") ? send_signals({SIGCONT})
            : name == QLatin1String("restart")  ? restart()
@@ -128,8 +133,11 @@ QString service_keeper::start() {
         return QStringLiteral("panel_device_service is neither beside this program nor in PATH");
     }
     if (is_own()) {
-        return QStringLiteral("the device service runs already");
+        restarts_ = is_leaving_;
+        return is_leaving_ ? QString() : QStringLiteral("the device service runs already");
     }
+    has_served_ = false;
+    is_leaving_ = false;
     own_.start(program, {QStringLiteral("--log-level"), QStringLiteral("warning")}, QIODevice::NotOpen);
     return {};
 }
@@ -144,6 +152,12 @@ pid_t service_keeper::find_process() const {
     return sight.process == 0 && sight.code == PLATFORM_WOULD_BLOCK ? link_.watch().process() : sight.process;
 }
 
+QString service_keeper::stop(std::initializer_list<int> signals) {
+    restarts_ = false;
+    is_leaving_ = true;
+    return send_signals(signals);
+}
+
 QString service_keeper::send_signals(std::initializer_list<int> signals) {
     const pid_t process = find_process();
     for (const int signal : signals) {
@@ -156,12 +170,15 @@ QString service_keeper::send_signals(std::initializer_list<int> signals) {
 
 /** A service that another program started ends first; go_on() tells when it did. */
 QString service_keeper::restart() {
-    restarts_ = send_signals({SIGCONT, SIGTERM}).isEmpty();
+    restarts_ = stop({SIGCONT, SIGTERM}).isEmpty();
     return restarts_ ? QString() : start();
 }
 
 void service_keeper::go_on() {
-    if (restarts_ && !is_own() && link_.watch().condition() == service_condition::ABSENT) {
+    const bool is_absent = link_.watch().condition() == service_condition::ABSENT;
+    has_served_ = has_served_ || link_.watch().is_there();
+    is_leaving_ = is_leaving_ || (has_served_ && is_absent);
+    if (restarts_ && !is_own() && is_absent) {
         restarts_ = false;
         start();
     }

@@ -6,6 +6,7 @@
 #include <QStringList>
 
 #include <sys/types.h>
+#include <unistd.h>
 
 namespace velarion {
 
@@ -22,6 +23,9 @@ enum class service_source {
 class bound_process : public QProcess {
 protected:
     void setupChildProcess() override;
+
+private:
+    const pid_t parent_ = ::getpid();
 };
 
 /**
@@ -58,6 +62,7 @@ Q_SIGNALS:
 
 private:
     QString start();
+    QString stop(std::initializer_list<int> signals);
     QString send_signals(std::initializer_list<int> signals);
     QString restart();
     void go_on();
@@ -66,6 +71,8 @@ private:
 
     device_link& link_;
     bound_process own_;
+    bool has_served_ = false; ///< the own one
+    bool is_leaving_ = false; ///< the own one, which may take a while after it was last heard of
     bool restarts_ = false;
 };
 

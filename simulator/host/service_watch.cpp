@@ -36,6 +36,7 @@ void service_watch::take_look(service_look look) {
         last_result_ = 0;
         last_ms_ = 0;
     }
+    process_ = look == service_look::ABSENT ? 0 : process_;
     update();
 }
 
@@ -88,8 +89,8 @@ QString service_watch::reason() const {
                    : QStringLiteral("The device service answers late");
     case service_condition::SILENT:
         return look_ == service_look::SILENT
-                   ? QStringLiteral("The device service is silent: process %1 runs but does not answer")
-                         .arg(process_)
+                   ? QStringLiteral("The device service is silent: it runs but does not answer") +
+                         process_text()
                    : QStringLiteral("The device service leaves requests without an answer");
     case service_condition::REFUSING:
         return QStringLiteral("The device service refuses requests: %1")
@@ -99,9 +100,13 @@ QString service_watch::reason() const {
     }
 }
 
+QString service_watch::process_text() const {
+    return process_ == 0 ? QString() : QStringLiteral(" (process %1)").arg(process_);
+}
+
 QString service_watch::text() const {
     if (condition_ == service_condition::RUNNING) {
-        return is_just_back() ? lost_for_ : reason() + QStringLiteral(" (process %1)").arg(process_);
+        return is_just_back() ? lost_for_ : reason() + process_text();
     }
     return QStringLiteral("%1 (for %2)").arg(reason(), seconds_of(since_.elapsed()));
 }

@@ -40,7 +40,7 @@ public:
     bool is_there() const {
         return condition_ == service_condition::RUNNING || condition_ == service_condition::SLOW;
     }
-    /** Process of the service, as it told last; 0: unknown. */
+    /** Process of the service that is there, as it told last; 0: unknown. */
     int process() const { return process_; }
     /** For people: what is wrong and since when, or that it came back, or that all is well. */
     QString text() const;
@@ -54,6 +54,7 @@ Q_SIGNALS:
 private:
     service_condition find_condition() const;
     QString reason() const;
+    QString process_text() const;
     void update();
 
     service_look look_ = service_look::STARTING;

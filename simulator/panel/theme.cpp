@@ -21,8 +21,11 @@ constexpr type_step TYPE_SCALE[] = {{text_role::CAPTION, 11, false},
 
 } // namespace
 
+/** Glyphs are drawn alike on every desktop, whatever its scaling and its settings of fonts. */
 QFont font_of(text_role role) {
     QFont font = dvc_pnl_rmg_language_resource::dvc_pnl_rmg_get_instance()->dvc_pnl_rmg_get_font();
+    font.setHintingPreference(QFont::PreferVerticalHinting);
+    font.setStyleStrategy(QFont::StyleStrategy(QFont::PreferAntialias | QFont::NoSubpixelAntialias));
     for (const type_step& step : TYPE_SCALE) {
         if (step.role == role) {
             font.setPixelSize(px(step.dp));

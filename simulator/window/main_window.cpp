@@ -183,7 +183,7 @@ bool main_window::event(QEvent* event) {
 
 void main_window::wheelEvent(QWheelEvent* event) {
     if ((event->modifiers() & Qt::ControlModifier) != 0) {
-        view_->set_zoom(view_->zoom() + (event->angleDelta().y() > 0 ? 1 : -1));
+        view_->turn_zoom(event->angleDelta().y());
     }
 }
 

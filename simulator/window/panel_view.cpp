@@ -115,10 +115,17 @@ void panel_view::paintEvent(QPaintEvent*) {
     }
 }
 
-/** What is pressed gets every movement until it is released, as under a finger. */
+/** What is pressed gets every movement until it is released, as under a finger; a second quick press is one
+ * too.
+ */
 void panel_view::send_mouse(QMouseEvent* event) {
+    const bool is_press =
+        event->type() == QEvent::MouseButtonPress || event->type() == QEvent::MouseButtonDblClick;
+    if (event->type() != QEvent::MouseMove && event->button() != Qt::LeftButton) {
+        return;
+    }
     const QPoint place = panel_place(event->pos());
-    if (event->type() == QEvent::MouseButtonPress) {
+    if (is_press) {
         QWidget* child = panel_.rect().contains(place) ? panel_.childAt(place) : nullptr;
         pressed_ = child;
         if (child && (child->focusPolicy() & Qt::ClickFocus) != 0) {
@@ -126,7 +133,8 @@ void panel_view::send_mouse(QMouseEvent* event) {
         }
     }
     if (pressed_) {
-        QMouseEvent inner(event->type(), pressed_->mapFrom(&panel_, place), event->button(), event->buttons(),
+        QMouseEvent inner(is_press ? QEvent::MouseButtonPress : event->type(),
+                          pressed_->mapFrom(&panel_, place), event->button(), event->buttons(),
                           event->modifiers());
         QCoreApplication::sendEvent(pressed_, &inner);
     }
@@ -147,9 +155,13 @@ void panel_view::mouseReleaseEvent(QMouseEvent* event) {
     send_mouse(event);
 }
 
+void panel_view::turn_zoom(int wheel) {
+    set_zoom(zoom_ + (wheel > 0) - (wheel < 0));
+}
+
 void panel_view::wheelEvent(QWheelEvent* event) {
     if ((event->modifiers() & Qt::ControlModifier) != 0) {
-        set_zoom(zoom_ + (event->angleDelta().y() > 0 ? 1 : -1));
+        turn_zoom(event->angleDelta().y());
         return;
     }
     const QPoint place = panel_place(event->position().toPoint());

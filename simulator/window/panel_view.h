@@ -25,6 +25,8 @@ public:
     int zoom() const { return zoom_; }
     /** @param zoom  pixels of the screen for one of the panel, 1 to 4 */
     void set_zoom(int zoom);
+    /** One step in or out, by the way that a wheel was turned; 0: neither. */
+    void turn_zoom(int wheel);
 
     /** @return the panel's pixel under a place of the view; may lie outside of the panel */
     QPoint panel_place(const QPoint& place) const;

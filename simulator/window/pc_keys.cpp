@@ -7,6 +7,8 @@
 #include <QKeySequence>
 #include <QWidget>
 
+#include <utility>
+
 namespace velarion {
 
 namespace {
@@ -41,6 +43,11 @@ constexpr pc_key_entry ENTRIES[] = {
 
 bool is_digit(int pc_key) {
     return pc_key >= Qt::Key_0 && pc_key <= Qt::Key_9;
+}
+
+/** A field of the side bar, which digits of the keypad are typed into. */
+bool is_typed_into(const QWidget& widget) {
+    return widget.testAttribute(Qt::WA_InputMethodEnabled);
 }
 
 bool find_key(int pc_key, int modifiers, int& key) {
@@ -91,6 +98,10 @@ bool pc_keys::eventFilter(QObject* watched, QEvent* event) {
         return false;
     }
     const auto& key_event = *static_cast<QKeyEvent*>(event);
+    if (event->type() != QEvent::KeyRelease && key_event.modifiers() == Qt::KeypadModifier &&
+        is_typed_into(*widget)) {
+        return false;
+    }
     int key = 0;
     if (event->type() == QEvent::ShortcutOverride) {
         const bool is_taken = find_key(key_event.key(), static_cast<int>(key_event.modifiers()), key);

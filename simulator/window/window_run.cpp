@@ -15,6 +15,7 @@
 #include <QApplication>
 #include <QSocketNotifier>
 
+#include <cerrno>
 #include <csignal>
 #include <cstdio>
 #include <memory>
@@ -26,10 +27,19 @@ namespace velarion {
 namespace {
 
 int end_descriptor = -1;
+pid_t own_process = 0;
 
-void ask_for_end(int) {
+/** A child that has yet to become another program has this handler too: the signal is for it alone. */
+void ask_for_end(int number) {
+    if (::getpid() != own_process) {
+        ::signal(number, SIG_DFL);
+        ::raise(number);
+        return;
+    }
     const eventfd_t one = 1;
+    const int callers_errno = errno;
     static_cast<void>(::write(end_descriptor, &one, sizeof one));
+    errno = callers_errno;
 }
 
 /** Ends the event loop after SIGINT or SIGTERM, as closing the window does. */
@@ -39,6 +49,7 @@ public:
         : descriptor_(::eventfd(0, EFD_CLOEXEC | EFD_NONBLOCK))
         , notifier_(descriptor_.get(), QSocketNotifier::Read) {
         end_descriptor = descriptor_.get();
+        own_process = ::getpid();
         QObject::connect(&notifier_, &QSocketNotifier::activated, qApp, &QCoreApplication::quit);
         struct sigaction action = {};
         action.sa_handler = ask_for_end;

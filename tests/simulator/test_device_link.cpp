@@ -44,7 +44,7 @@ TEST_F(test_device_link, leds_are_set_by_each_service_and_the_newest_wish_wins) 
         service_process service;
         EXPECT_TRUE(wait_until(shows(5, 2))) << turn;
         EXPECT_TRUE(wait_until([&] { return !link.led(5).is_lit; })); // it blinks
-        EXPECT_EQ(link.led(6).told, 0);
+        EXPECT_TRUE(wait_until(shows(6, 0)));
         service.end_by(SIGKILL);
         EXPECT_TRUE(wait_until(shows(5, led_state::UNKNOWN)));
     }
@@ -59,7 +59,7 @@ TEST_F(test_device_link, leds_are_set_by_each_service_and_the_newest_wish_wins) 
     }
     link.set_led(3, 3);
     EXPECT_TRUE(wait_until(shows(3, 3)));
-    EXPECT_LT(handled_requests() - before, 10);
+    EXPECT_LT(handled_requests() - before, 50);
     link.set_fault(FAULT_NONE);
     EXPECT_TRUE(wait_until([&] { return link.watch().condition() == service_condition::RUNNING; }));
     for (int led = 0; led < LED_COUNT; ++led) {
@@ -92,6 +92,9 @@ TEST_F(test_device_link, the_watch_tells_what_is_wrong_and_that_it_is_over) {
         {"stopped", signal(SIGSTOP), service_condition::SILENT, signal(SIGCONT)},
     };
     int led_status = 0;
+    int news = 0;
+    QObject::connect(&link.watch(), &service_watch::changed,
+                     [&] { news += link.watch().is_just_back() ? 1 : 0; });
     for (const auto& row : rows) {
         SCOPED_TRACE(row.name);
         row.act();
@@ -100,12 +103,13 @@ TEST_F(test_device_link, the_watch_tells_what_is_wrong_and_that_it_is_over) {
         const QString said = link.watch().text();
         led_status = 1 - led_status;
         link.set_led(4, led_status); // lost or refused at first
+        const int told = news;
         row.mend();
         EXPECT_TRUE(wait_until([&] { return link.watch().condition() == service_condition::RUNNING; }));
         EXPECT_TRUE(wait_until([&] { return link.led(4).told == led_status; }));
         EXPECT_NE(link.watch().text(), said);
+        EXPECT_TRUE(news > told || &row == &rows[0]); // that it is back; the first one was not there before
     }
-    EXPECT_TRUE(link.watch().is_just_back());
 }
 
 TEST_F(test_device_link, keys_come_back_in_their_order) {

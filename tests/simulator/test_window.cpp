@@ -9,6 +9,8 @@
 
 #include <QApplication>
 #include <QElapsedTimer>
+#include <QMouseEvent>
+#include <QPushButton>
 
 #include <cstdio>
 
@@ -60,6 +62,12 @@ TEST_F(test_window, never_freezes_whatever_the_service_does) {
         {"crash", service_condition::ABSENT},     {"restart", service_condition::RUNNING},
         {"stop", service_condition::ABSENT},
     };
+    bool was_refused = false;
+    bool was_told = false;
+    QObject::connect(&messages_, &message_log::added, [&](const message_entry& entry) {
+        was_refused |= entry.result == QLatin1String("refused with 7: unknown key");
+        was_told |= entry.is_notification && entry.parameters == QLatin1String("key 20, status pressed");
+    });
     int led_status = 0;
     for (const auto& row : rows) {
         link_.set_led(DVC_PNL_DEC_LED_PRINT_SERVICE, ++led_status % 4);
@@ -69,14 +77,30 @@ TEST_F(test_window, never_freezes_whatever_the_service_does) {
         std::printf("longest pause with \"%s\": %d ms\n", row.command, longest);
         EXPECT_LT(longest, GENEROUS) << row.command;
     }
-    bool was_refused = false;
-    bool was_told = false;
-    for (const message_entry& entry : messages_.entries()) {
-        was_refused |= entry.result == QLatin1String("refused with 7: unknown key");
-        was_told |= entry.is_notification && entry.parameters == QLatin1String("key 20, status pressed");
+    for (const char* command : {"start", "stop", "start"}) { // the next one before the last one has ended
+        EXPECT_EQ(service_.run({QString::fromLatin1(command)}), QString()) << command;
+        EXPECT_TRUE(command[2] == 'o' || wait_for(service_condition::RUNNING));
     }
+    EXPECT_TRUE(wait_for(service_condition::RUNNING));
     EXPECT_TRUE(was_refused && was_told) << messages_.entries().size();
     EXPECT_EQ(traces_.records().size(), 2U); // of the pictures' preloading
+}
+
+TEST_F(test_window, each_of_two_quick_taps_counts) {
+    QPushButton button(&panel_.panel());
+    button.setGeometry(100, 100, 100, 50);
+    button.raise();
+    int presses = 0;
+    QObject::connect(&button, &QAbstractButton::pressed, [&presses] { ++presses; });
+    window_.show();
+    button.show();
+    const QPoint place = window_.view().view_box(button.geometry()).center();
+    for (const auto type : {QEvent::MouseButtonPress, QEvent::MouseButtonRelease, QEvent::MouseButtonDblClick,
+                            QEvent::MouseButtonRelease}) {
+        QMouseEvent event(type, place, Qt::LeftButton, Qt::LeftButton, Qt::NoModifier);
+        QCoreApplication::sendEvent(&window_.view(), &event);
+    }
+    EXPECT_EQ(presses, 2);
 }
 
 } // namespace
