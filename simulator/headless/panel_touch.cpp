@@ -59,7 +59,7 @@ QString find_touchable(QWidget& panel, const QString& name, QPoint& place) {
         .arg(name, touchable_names(panel).join(QLatin1String(", ")));
 }
 
-QStringList touchable_names(QWidget& panel) {
+QStringList touchable_names(const QWidget& panel) {
     QStringList names;
     for (const QAbstractButton* button : seen_widgets<QAbstractButton>(panel)) {
         if (!button->objectName().isEmpty() && button->isEnabled()) {
@@ -74,9 +74,11 @@ QStringList touchable_names(QWidget& panel) {
 
 void touch_panel(QWidget& panel, const QPoint& place) {
     const QPointer<QWidget> target = panel.childAt(place);
-    if (target) {
-        send_mouse(target, panel, QEvent::MouseButtonPress, place);
+    if (!target) {
+        return;
     }
+    send_mouse(target, panel, QEvent::MouseButtonPress, place);
+    // cppcheck-suppress knownConditionTrueFalse ; the press may destroy it
     if (target) {
         send_mouse(target, panel, QEvent::MouseButtonRelease, place);
     }

@@ -19,7 +19,7 @@ namespace velarion {
 QString find_touchable(QWidget& panel, const QString& name, QPoint& place);
 
 /** The names of everything that can be touched now. */
-QStringList touchable_names(QWidget& panel);
+QStringList touchable_names(const QWidget& panel);
 
 /** A finger comes down on the panel and leaves it. */
 void touch_panel(QWidget& panel, const QPoint& place);

@@ -129,10 +129,10 @@ script_outcome script_runner::wait(const QStringList& words) {
     script_outcome outcome = expect(words);
     QElapsedTimer time;
     time.start();
-    for (int i = 0;
-         outcome.is == script_outcome::kind::UNMET && (i < LONGEST_WAIT || !time.hasExpired(LONGEST_TIME));
-         ++i) {
-        if (i < LONGEST_WAIT) {
+    int left = LONGEST_WAIT;
+    while (outcome.is == script_outcome::kind::UNMET && (left > 0 || !time.hasExpired(LONGEST_TIME))) {
+        if (left > 0) {
+            --left;
             advance();
         } else {
             QCoreApplication::processEvents();

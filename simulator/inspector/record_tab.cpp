@@ -75,7 +75,6 @@ void record_tab::show_new() {
     const QScrollBar* bar = table_->verticalScrollBar();
     const bool is_at_end = bar->value() == bar->maximum();
     const std::size_t end = std::min(records_.size(), shown_ + SHOWN_AT_ONCE);
-    QList<QTreeWidgetItem*> items;
     table_->setUpdatesEnabled(false);
     for (; shown_ < end; ++shown_) {
         const record& entry = records_[shown_];

@@ -14,6 +14,7 @@ class message_text {
 public:
     message_text() = default;
     /** @param id  of a message, decimal; empty gives no text */
+    // cppcheck-suppress noExplicitConstructor ; an id stands for its text wherever one is taken
     message_text(const char* id)
         : id_(QLatin1String(id)) {}
     message_text(const QString& id, const QStringList& arguments)

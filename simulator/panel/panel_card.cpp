@@ -14,10 +14,14 @@ constexpr double RADIUS = 8.0; // px
 
 } // namespace
 
-panel_card::panel_card()
-    : column_(new QVBoxLayout(this)) {
-    column_->setContentsMargins(px(grid::margin), px(grid::margin), px(grid::margin), px(grid::margin));
-    column_->setSpacing(px(grid::space));
+panel_card::panel_card() {
+    auto* column = new QVBoxLayout(this);
+    column->setContentsMargins(px(grid::margin), px(grid::margin), px(grid::margin), px(grid::margin));
+    column->setSpacing(px(grid::space));
+}
+
+QVBoxLayout& panel_card::column() const {
+    return *static_cast<QVBoxLayout*>(layout());
 }
 
 void panel_card::paintEvent(QPaintEvent*) {

@@ -12,13 +12,10 @@ class panel_card : public QWidget {
 public:
     panel_card();
     /** Its layout, with the margins of the grid. */
-    QVBoxLayout& column() const { return *column_; }
+    QVBoxLayout& column() const;
 
 protected:
     void paintEvent(QPaintEvent* event) override;
-
-private:
-    QVBoxLayout* column_;
 };
 
 } // namespace velarion

@@ -102,8 +102,8 @@ bool pc_keys::eventFilter(QObject* watched, QEvent* event) {
         is_typed_into(*widget)) {
         return false;
     }
-    int key = 0;
     if (event->type() == QEvent::ShortcutOverride) {
+        int key = 0;
         const bool is_taken = find_key(key_event.key(), static_cast<int>(key_event.modifiers()), key);
         event->setAccepted(is_taken); // then it comes as a key press
         return is_taken;
