@@ -7,6 +7,9 @@ namespace velarion {
 
 namespace {
 
+constexpr int OPTION_LANGUAGE = 999;  // "an option language", in place of a standard one
+constexpr int STANDARD_LANGUAGES = 8; // the first of LANGUAGES
+
 constexpr language_name LANGUAGES[] = {
     {81, "ja", "Japanese"},
     {1, "en", "English"},
@@ -33,6 +36,13 @@ template <typename CONDITION> const language_name* find_where(CONDITION is_wante
     return found == std::end(LANGUAGES) ? nullptr : found;
 }
 
+const language_name* find_named(const std::string& text) {
+    const std::string wanted = comparable(text);
+    return find_where([&wanted](const language_name& each) {
+        return comparable(each.tag) == wanted || comparable(each.english) == wanted;
+    });
+}
+
 } // namespace
 
 const language_name* find_language(int id) {
@@ -40,11 +50,7 @@ const language_name* find_language(int id) {
 }
 
 bool read_language(const std::string& text, int& id) {
-    const std::string wanted = comparable(text);
-    const language_name* named = find_where([&wanted](const language_name& each) {
-        return comparable(each.tag) == wanted || comparable(each.english) == wanted;
-    });
-    if (named) {
+    if (const language_name* named = find_named(text)) {
         id = named->id;
         return true;
     }
@@ -54,6 +60,16 @@ bool read_language(const std::string& text, int& id) {
     const bool is_number = !text.empty() && result.ec == std::errc() && result.ptr == end;
     id = is_number ? number : id;
     return is_number;
+}
+
+bool read_selection(const std::string& text, language_selection& selection) {
+    const language_name* named = find_named(text);
+    if (!named) {
+        return false;
+    }
+    const bool is_standard = named < LANGUAGES + STANDARD_LANGUAGES;
+    selection = {is_standard ? named->id : OPTION_LANGUAGE, is_standard ? 0 : named->id};
+    return true;
 }
 
 std::string language_tag(int id) {

@@ -23,6 +23,20 @@ const language_name* find_language(int id);
  */
 bool read_language(const std::string& text, int& id);
 
+/** How the device's settings name a panel language. */
+struct language_selection {
+    int language_id;        ///< 999 for an option language
+    int option_language_id; ///< 0 for a standard language
+};
+
+/**
+ * Finds what selects a language, given by its tag or English name as of read_language(): an option language
+ * needs both numbers, or its panel runs from left to right.
+ *
+ * @param selection  unchanged when nothing is found, also of a bare number, which says itself what is stored
+ */
+bool read_selection(const std::string& text, language_selection& selection);
+
 /** The tag of a language, or its number when it has none. */
 std::string language_tag(int id);
 

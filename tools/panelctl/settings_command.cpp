@@ -120,20 +120,42 @@ int get_setting(const QStringList& arguments, bool as_json) {
     return EXIT_FOUND;
 }
 
+struct setting_value {
+    std::string name;
+    qint64 value;
+};
+
+/** What is to be stored, in this order; a panel language given by its name may take two settings. */
+bool read_values(const std::string& name, const QString& word, std::vector<setting_value>& values) {
+    const std::string text = word.toUtf8().constData();
+    language_selection selection{};
+    int language_id = 0;
+    qint64 number = 0;
+    if (name == "panel_language" && read_selection(text, selection)) {
+        if (selection.option_language_id != 0) {
+            values.push_back({"panel_option_language", selection.option_language_id});
+        }
+        values.push_back({name, selection.language_id});
+    } else if (name.find("language") != std::string::npos && read_language(text, language_id)) {
+        values.push_back({name, language_id});
+    } else if (read_number(COMMAND, word, number)) {
+        values.push_back({name, number});
+    }
+    return !values.empty();
+}
+
 int set_setting(const QStringList& arguments, bool as_json) {
     settings_database database;
-    qint64 value = 0;
-    int language_id = 0;
-    if (arguments.at(0).contains(QLatin1String("language")) &&
-        read_language(arguments.at(1).toUtf8().constData(), language_id)) {
-        value = language_id;
-    } else if (!read_number(COMMAND, arguments.at(1), value)) {
+    std::vector<setting_value> values;
+    if (!read_values(arguments.at(0).toUtf8().constData(), arguments.at(1), values)) {
         return EXIT_USAGE;
     }
-    std::string fault;
-    const int code = database.write(arguments.at(0).toUtf8().constData(), value, fault);
-    if (code != PLATFORM_OK) {
-        return report_failure(code, fault);
+    for (const setting_value& each : values) {
+        std::string fault;
+        const int code = database.write(each.name, each.value, fault);
+        if (code != PLATFORM_OK) {
+            return report_failure(code, fault);
+        }
     }
     return as_json ? get_setting(arguments, as_json) : EXIT_FOUND;
 }
@@ -220,6 +242,7 @@ int run_settings_command(const QStringList& arguments) {
         "  list                              all settings and language attributes\n"
         "  get NAME                          one value\n"
         "  set NAME VALUE                    stores a value, decimal or 0x..., or a language as \"de\"\n"
+        "                                    (panel_language \"he\" sets panel_option_language too)\n"
         "  reset NAME                        back to the default\n"
         "  get-attribute LANGUAGE NUMBER     the text of a language attribute\n"
         "  set-attribute LANGUAGE NUMBER TEXT\n"

@@ -115,6 +115,10 @@ TEST_F(panelctl, settings_are_kept_until_they_are_reset) {
     EXPECT_FALSE(listed["settings"][4]["stored"].toBool(true));
     EXPECT_EQ(output_of({"settings", "set", "option_language_2", "zh_tw"}), "");
     EXPECT_EQ(output_of({"settings", "get", "option_language_2"}), "886\n");
+    EXPECT_EQ(output_of({"settings", "set", "panel_language", "Hebrew"}), "");
+    EXPECT_EQ(output_of({"settings", "get", "panel_language"}), "999\n");
+    EXPECT_EQ(output_of({"settings", "get", "panel_option_language"}), "972\n");
+    EXPECT_EQ(json_of({"settings", "set", "panel_language", "ru"})["value"].toInt(), 7);
     EXPECT_EQ(run({"settings", "set", "destination", "de"}).exit_code, 2);
     EXPECT_EQ(json_of({"settings", "reset", "option_language_1"})["value"].toInt(-1), 0);
     for (const char* value : {"65536", "4294967297", "9223372036854775808"}) {
