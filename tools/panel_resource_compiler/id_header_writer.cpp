@@ -22,13 +22,24 @@ namespace velarion {
 )";
 constexpr char END[] = "\n} // namespace velarion\n\n#endif\n";
 
-// Words that names in the manner of MSG_NAME could be by accident; others do not pass a panel's review.
+// Words of the language, and macros of the headers that every panel program includes.
 const std::set<std::string> RESERVED = {
-    "EOF",    "NULL",  "and",    "asm",    "auto",   "bool",  "break", "case",  "catch",  "char",
-    "class",  "const", "do",     "else",   "enum",   "errno", "false", "float", "for",    "goto",
-    "if",     "int",   "linux",  "long",   "new",    "not",   "or",    "short", "signed", "sizeof",
-    "static", "stdin", "stdout", "struct", "switch", "this",  "throw", "true",  "try",    "typedef",
-    "union",  "unix",  "using",  "void",   "while",  "xor"};
+    "alignas",     "alignof",  "and",        "and_eq",    "asm",       "auto",         "bitand",
+    "bitor",       "bool",     "break",      "case",      "catch",     "char",         "char16_t",
+    "char32_t",    "char8_t",  "class",      "co_await",  "co_return", "co_yield",     "compl",
+    "concept",     "const",    "const_cast", "consteval", "constexpr", "constinit",    "continue",
+    "decltype",    "default",  "delete",     "do",        "double",    "dynamic_cast", "else",
+    "enum",        "explicit", "export",     "extern",    "false",     "float",        "for",
+    "friend",      "goto",     "if",         "inline",    "int",       "long",         "mutable",
+    "namespace",   "new",      "noexcept",   "not",       "not_eq",    "nullptr",      "operator",
+    "or",          "or_eq",    "private",    "protected", "public",    "register",     "reinterpret_cast",
+    "requires",    "return",   "short",      "signed",    "sizeof",    "static",       "static_assert",
+    "static_cast", "struct",   "switch",     "template",  "this",      "thread_local", "throw",
+    "true",        "try",      "typedef",    "typeid",    "typename",  "union",        "unsigned",
+    "using",       "virtual",  "void",       "volatile",  "wchar_t",   "while",        "xor",
+    "xor_eq",      "EOF",      "NULL",       "assert",    "errno",     "stderr",       "stdin",
+    "stdout",      "linux",    "unix",       "emit",      "foreach",   "forever",      "signals",
+    "slots"};
 
 bool is_letter(char c) {
     return (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z');

@@ -2,31 +2,46 @@
 
 #include "output_folder.h"
 
+#include <array>
+#include <cstdio>
+
 namespace velarion {
+
+namespace {
+
+/** Whether a character that turns the direction of text begins here: a compiler warns of one without its end.
+ */
+bool is_direction_mark_at(const std::string& text, std::size_t i) {
+    const std::string character = text.substr(i, 3);
+    return (character >= "\xE2\x80\xAA" && character <= "\xE2\x80\xAE") ||
+           (character >= "\xE2\x81\xA6" && character <= "\xE2\x81\xA9");
+}
+
+/** Three digits, so that one behind it is none of it. */
+std::string octal_escape(char c) {
+    std::array<char, 8> escape{};
+    std::snprintf(escape.data(), escape.size(), "\\%03o",
+                  static_cast<unsigned int>(static_cast<unsigned char>(c)));
+    return escape.data();
+}
+
+} // namespace
 
 std::string cpp_literal(const std::string& text) {
     std::string literal = "\"";
-    for (const char c : text) {
-        switch (c) {
-        case '"':
-            literal += "\\\"";
-            break;
-        case '\\':
-            literal += "\\\\";
-            break;
-        case '\n':
+    std::size_t direction_mark_end = 0;
+    for (std::size_t i = 0; i < text.size(); ++i) {
+        const char c = text[i];
+        if (c == '\xE2' && is_direction_mark_at(text, i)) {
+            direction_mark_end = i + 3;
+        }
+        if (c == '\n') {
             literal += "\\n";
-            break;
-        case '\t':
-            literal += "\\t";
-            break;
-        case '\r':
-            literal += "\\r"; // compilers take a bare one for the end of a line
-            break;
-        case '?':
-            literal += "\\?"; // two in a row could start a trigraph
-            break;
-        default:
+        } else if (c == '"' || c == '\\' || c == '?') { // two "?" in a row could start a trigraph
+            literal += std::string("\\") + c;
+        } else if (static_cast<unsigned char>(c) < ' ' || i < direction_mark_end) {
+            literal += octal_escape(c);
+        } else {
             literal += c;
         }
     }

@@ -19,6 +19,10 @@ const struct {
     {"C:\\\\new\\\\table \\\\", "C:\\new\\table \\"},
     {"\\\\n is not\\na line\\tbreak\\n", "\\n is not\na line\tbreak\n"},
     {"?\?=?\?/?\?(!?\?", "?\?=?\?/?\?(!?\?"},
+    {"\xE2\x80\xAB\xD7\x90\xE2\x81\xA7"
+     "7",
+     "\xE2\x80\xAB\xD7\x90\xE2\x81\xA7"
+     "7"}, // runs that do not end
     {"\x01\x1A\x7F .\xE3\x82\xB3\xF0\x9F\x96\xA8 1", "\x01\x1A\x7F .\xE3\x82\xB3\xF0\x9F\x96\xA8 1"},
 };
 constexpr int FIRST_ROW = 2;
@@ -35,9 +39,9 @@ std::string table_of_texts() {
 /** Compiles sources of the folder "out" as a library; the trigraphs of old compilers are in force. */
 void* load_compiled(const scratch_catalogue& catalogue, const std::vector<std::string>& sources) {
     const std::string folder = catalogue.folder().path("out/");
-    std::vector<std::string> command = {CXX_COMPILER,  "-std=c++11", "-trigraphs",           "-shared",
-                                        "-fPIC",       "-I",         TABLE_FOLDER,           "-I",
-                                        EXPORT_FOLDER, "-o",         folder + "generated.so"};
+    std::vector<std::string> command = {CXX_COMPILER, "-std=c++11",  "-trigraphs", "-Werror",
+                                        "-shared",    "-fPIC",       "-I",         TABLE_FOLDER,
+                                        "-I",         EXPORT_FOLDER, "-o",         folder + "generated.so"};
     for (const std::string& source : sources) {
         command.push_back(folder + source);
     }
@@ -86,7 +90,7 @@ TEST(generated_source, a_pack_answers_for_its_own_language_and_rows) {
     catalogue.write("messages.tsv", "id\tname\trow\n1\tA\t2\n2\tB\t950\n");
     catalogue.write("texts/en.tsv", "row\ttext\n2\ten\n900\tEnglish\n901\tno\n");
     catalogue.write_pack("86", "font_family = Pack \"Sans\"\n", table_of_texts() + "901\t\n21998\tlast\n");
-    const std::string own = "pack 86: 7 rows with texts of its own, ";
+    const std::string own = "pack 86: 8 rows with texts of its own, ";
     const std::string folder = catalogue.path("packs/86/");
     EXPECT_EQ(
         catalogue.run("pack", {"--pack", folder, "--no-fill", "-Wno-control-characters", "-Wno-placeholders"})
@@ -127,7 +131,7 @@ TEST(generated_source, the_header_names_every_id_once) {
     const scratch_catalogue catalogue;
     catalogue.write("messages.tsv",
                     "id\tname\trow\n1\tMSG_A\t2\n2\tMSG_B.1\t2\n3\tMSG_B 1\t2\n4\tMSG_B_1_2\t2\n"
-                    "5\tint\t2\n6\t7 \"UP\"\\\\\t2\n7\tBOTH\t2\n");
+                    "5\ttemplate\t2\n6\t7 \"UP\"\\\\\t2\n7\tBOTH\t2\n");
     catalogue.write("images.tsv", "id\tname\tfile\n1\tICON_A\ta.png\n7\tBOTH\ta.png\n");
     const std::string header = catalogue.folder().path("out/panel_view_ids.h");
     ASSERT_EQ(catalogue.run("header", {"--output", header}).exit_code, 0);
@@ -141,7 +145,7 @@ TEST(generated_source, the_header_names_every_id_once) {
         names += line.compare(0, type.size(), type) == 0 ? line.substr(type.size()) : "";
     }
     EXPECT_EQ(names, "MSG_A[] = \"1\";MSG_B_1_2_2[] = \"2\";MSG_B_1_3[] = \"3\";MSG_B_1_2_4[] = \"4\";"
-                     "int_5[] = \"5\";ID_7__UP__[] = \"6\";BOTH_7[] = \"7\";ICON_A[] = \"1\";"
+                     "template_5[] = \"5\";ID_7__UP__[] = \"6\";BOTH_7[] = \"7\";ICON_A[] = \"1\";"
                      "BOTH_IMAGE_7[] = \"7\";");
     catalogue.folder().write("out/user.cpp", "#include \"panel_view_ids.h\"\nextern const char* const id;\n"
                                              "const char* const id = velarion::MSG_A;\n");
