@@ -2,6 +2,7 @@
 #include "checks.h"
 #include "edit_commands.h"
 #include "given_texts.h"
+#include "placeholder_rules.h"
 #include "subcommand.h"
 
 #include <iostream>
@@ -55,7 +56,7 @@ public:
             take(text);
         }
         for (const given_text& text : texts) {
-            compare(text);
+            check(text);
             confirm(text);
         }
     }
@@ -92,22 +93,17 @@ private:
         }
     }
 
-    /** With English, or with the first language that has a text. */
-    void compare(const given_text& given) {
-        std::string model = ENGLISH;
-        std::string text = catalogue_editor::text_of(*editor_.find_language(ENGLISH), row_);
-        for (const language_texts& language : editor_.languages()) {
-            if (text.empty()) {
-                model = language.name;
-                text = catalogue_editor::text_of(language, row_);
-            }
+    /** Reports what "check" would. */
+    void check(const given_text& given) {
+        catalogue_row texts;
+        for (std::size_t i = 0; i < texts.texts.size(); ++i) {
+            texts.texts[i] = catalogue_editor::text_of(editor_.languages()[i], row_);
         }
-        const unsigned int wanted = placeholders_of(text);
-        const unsigned int found = placeholders_of(given.text);
-        if (!given.text.empty() && found != wanted) {
-            report_.error(CHECK_PLACEHOLDERS, given.place,
-                          "placeholders " + describe_placeholders(wanted) + " in " + model + ", " +
-                              describe_placeholders(found) + " in " + given.language);
+        std::vector<text_fault> faults = broken_parts_of(given.text);
+        const std::vector<text_fault> more = placeholder_faults(texts, given.text);
+        faults.insert(faults.end(), more.begin(), more.end());
+        for (const text_fault& fault : faults) {
+            report_.error(fault.check, given.place, "the " + given.language + " text: " + fault.text);
         }
     }
 
@@ -194,8 +190,8 @@ void declare(command_options& options, add_line& line) {
                    "row of texts, which other messages may show as well; 1 for a message\n"
                    "without a text; otherwise the lowest one that is free");
     options.values("text", "LANGUAGE=TEXT", line.texts,
-                   "a text, for \"de\", 49 or the number of a pack; in it \\n is a line break,\n"
-                   "\\t a tab and \\\\ a backslash; once for each language");
+                   "a text, for \"de\", 49 or the number of a pack; in it \\n is a line break\n"
+                   "and \\\\ a backslash; once for each language");
     options.value("texts", "FILE", line.text_file,
                   "texts from a file, \"-\" for standard input: a language, a tab and a text\na line");
     options.flag("allow-same-name", line.allows_same_name, "lets the message have the name of another one");

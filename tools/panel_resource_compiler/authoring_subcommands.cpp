@@ -11,6 +11,7 @@ std::vector<subcommand> authoring_subcommands() {
         {"rename", "gives a message or a picture another name", run_rename_command},
         {"remove", "removes a message with its texts, or a picture", run_remove_command},
         {"sort", "brings the tables into ascending order", run_sort_command},
+        {"figures", "brings DIR/figures.tsv up to date", run_figures_command},
         {"export", "writes the texts of a language as gettext PO or Qt Linguist TS", run_export_command},
         {"import", "takes the texts of a PO or TS file over", run_import_command},
         {"pseudo", "makes a pack of lengthened English texts, to try a panel with", run_pseudo_command},

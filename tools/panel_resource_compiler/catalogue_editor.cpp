@@ -36,13 +36,17 @@ int number_of(const std::string& text) {
 
 } // namespace
 
-void add_edit_options(command_options& options, edit_options& line) {
+void add_catalogue_option(command_options& options, edit_options& line) {
     options.require("catalogue", "DIR", line.catalogue,
                     "folder that holds messages.tsv, texts/, images.tsv, packs/");
     options.flag("dry-run", line.is_dry_run, "shows the change as a unified diff and writes nothing");
+}
+
+void add_edit_options(command_options& options, edit_options& line) {
+    add_catalogue_option(options, line);
     options.flag("update-figures", line.updates_figures,
                  "brings the figures of DIR/figures.tsv that the change makes untrue\nup to date; otherwise "
-                 "they are told");
+                 "they are told, and \"figures\" does it later");
 }
 
 int refuse(const std::string& reason) {
@@ -231,7 +235,7 @@ void catalogue_editor::bring_figures_up_to_date() {
     tsv_editor& table = tables_->figures;
     const std::vector<std::string> names = table.keys();
     if (names.empty()) {
-        return;
+        return; // nothing is said of a catalogue without figures
     }
     const auto figures = figures_of_catalogue(names, message_contents(), image_contents());
     std::string differences;
@@ -250,7 +254,8 @@ void catalogue_editor::bring_figures_up_to_date() {
         say((line_.updates_figures
                  ? table.path() + ": brought up to date\n"
                  : table.path() +
-                       ": check will report these figures; change them, or give --update-figures\n") +
+                       ": check will report these figures until \"panel_resource_compiler figures\" "
+                       "brings them up to date:\n") +
             differences.substr(0, differences.size() - 1));
     }
 }
@@ -273,7 +278,7 @@ int catalogue_editor::finish() {
     if (!are_messages_first_) {
         tables_->messages.save(files);
     }
-    if (is_checked_ && !files.is_empty()) {
+    if (is_checked_ && (!files.is_empty() || line_.updates_figures)) {
         bring_figures_up_to_date();
     }
     if (line_.updates_figures) {
@@ -287,7 +292,7 @@ int catalogue_editor::finish() {
     if (!files.commit(fault)) {
         return file_fault(fault);
     }
-    std::cout << sayings_;
+    std::cout << (sayings_.empty() ? "there is nothing to change\n" : sayings_);
     return EXIT_GOOD;
 }
 

@@ -23,6 +23,8 @@ struct edit_options {
 };
 
 void add_edit_options(command_options& options, edit_options& line);
+/** All but --update-figures. */
+void add_catalogue_option(command_options& options, edit_options& line);
 
 /** Reports why a change is refused. @return EXIT_CATALOGUE_FAULT */
 int refuse(const std::string& reason);

@@ -1,11 +1,11 @@
 #include "command_options.h"
 
 #include "subcommand.h"
+#include "whole_number.h"
 
 #include <getopt.h>
 
 #include <algorithm>
-#include <charconv>
 #include <iostream>
 
 namespace velarion {
@@ -68,10 +68,8 @@ void command_options::values(const char* name, const char* value, std::vector<st
 void command_options::number(const char* name, const char* value, std::int32_t& target, const char* help) {
     const std::string label = std::string("--") + name;
     add(label, value, help, false, [&target, label](const std::string& given) {
-        const char* end = given.data() + given.size();
-        const std::from_chars_result result = std::from_chars(given.data(), end, target);
-        const bool is_number = result.ec == std::errc() && result.ptr == end;
-        return is_number ? std::string() : label + " \"" + given + "\" is not a whole number";
+        const std::string fault = read_whole_number(given, target);
+        return fault.empty() ? fault : label + " \"" + given + "\" " + fault;
     });
 }
 

@@ -4,8 +4,8 @@
 #include "catalogue_source.h"
 #include "confirmed_texts.h"
 #include "ignore_list.h"
+#include "whole_number.h"
 
-#include <charconv>
 #include <iostream>
 #include <map>
 #include <set>
@@ -17,10 +17,9 @@ namespace {
 bool read_rows(const std::vector<std::string>& words, std::set<std::int32_t>& rows, std::string& fault) {
     for (const std::string& word : words) {
         std::int32_t row = 0;
-        const char* end = word.data() + word.size();
-        const std::from_chars_result result = std::from_chars(word.data(), end, row);
-        if (result.ec != std::errc() || result.ptr != end) {
-            fault = "ROW \"" + word + "\" is not a whole number";
+        fault = read_whole_number(word, row);
+        if (!fault.empty()) {
+            fault = "ROW \"" + word + "\" " + fault;
             return false;
         }
         rows.insert(row);

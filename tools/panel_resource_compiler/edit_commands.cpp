@@ -155,4 +155,20 @@ int run_sort_command(const std::vector<std::string>& arguments) {
     return editor.finish();
 }
 
+int run_figures_command(const std::vector<std::string>& arguments) {
+    edit_options line;
+    line.updates_figures = true;
+    command_options options(
+        "figures",
+        "Makes the figures of DIR/figures.tsv those of the catalogue, and tells each that changes:\n"
+        "for an edit that was meant to change them.");
+    add_catalogue_option(options, line);
+    if (const std::optional<int> end = options.read(arguments)) {
+        return *end;
+    }
+    catalogue_editor editor(line);
+    const int end = editor.open(true);
+    return end == EXIT_GOOD ? editor.finish() : end;
+}
+
 } // namespace velarion

@@ -10,6 +10,7 @@ int run_add_command(const std::vector<std::string>& arguments);
 int run_rename_command(const std::vector<std::string>& arguments);
 int run_remove_command(const std::vector<std::string>& arguments);
 int run_sort_command(const std::vector<std::string>& arguments);
+int run_figures_command(const std::vector<std::string>& arguments);
 int run_find_command(const std::vector<std::string>& arguments);
 
 } // namespace velarion

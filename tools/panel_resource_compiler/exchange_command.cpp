@@ -1,9 +1,12 @@
 #include "authoring_subcommands.h"
+#include "catalogue_figures.h"
 #include "catalogue_lock.h"
+#include "catalogue_source.h"
 #include "checks.h"
 #include "command_options.h"
 #include "exchange_import.h"
 #include "file_guard.h"
+#include "ignore_list.h"
 #include "output_folder.h"
 #include "po_file.h"
 #include "ts_file.h"
@@ -92,6 +95,21 @@ int save(const exchange_line& line, const exchange_language& language) {
     return files.commit(fault) ? EXIT_GOOD : file_fault(fault);
 }
 
+/** Tells of figures that new texts have made untrue. */
+void tell_figures(const std::string& catalogue) {
+    diagnostics report(std::cerr);
+    report.be_silent();
+    report.disable_all();
+    const catalogue_source source = read_catalogue(catalogue, report);
+    if (report.error_count() == 0) {
+        check_catalogue_figures(catalogue, source.messages, source.images, report);
+        if (report.error_count() != 0) {
+            std::cout << catalogue << "/figures.tsv: check will report figures until "
+                      << "\"panel_resource_compiler figures\" brings them up to date\n";
+        }
+    }
+}
+
 /** Reads the file by its ending. @return whether it is of the language */
 bool read_document(const exchange_line& line, const std::string& contents, exchange_document& document,
                    diagnostics& report) {
@@ -173,6 +191,7 @@ int run_import_command(const std::vector<std::string>& arguments) {
     if (line.shows_all) {
         report.show_all();
     }
+    use_ignore_list(line.catalogue, report);
     exchange_document document;
     import_counts counts;
     if (read_document(line, contents, document, report)) {
@@ -186,6 +205,7 @@ int run_import_command(const std::vector<std::string>& arguments) {
     const int exit_code = save(line, language);
     if (exit_code == EXIT_GOOD) {
         print_counts(line, counts);
+        tell_figures(line.catalogue);
     }
     return exit_code;
 }

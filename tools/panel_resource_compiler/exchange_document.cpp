@@ -109,6 +109,16 @@ const std::string& exchange_language::english(std::int32_t row) const {
     return messages_.rows[static_cast<std::size_t>(row)].texts[ENGLISH];
 }
 
+catalogue_row exchange_language::row_with(std::int32_t row, const std::string& text) const {
+    catalogue_row texts = messages_.rows[static_cast<std::size_t>(row)];
+    for (std::size_t i = 0; i < STANDARD_LANGUAGE_NAMES.size(); ++i) {
+        if (name_ == STANDARD_LANGUAGE_NAMES[i]) {
+            texts.texts[i] = text;
+        }
+    }
+    return texts;
+}
+
 std::optional<std::string> exchange_language::text(std::int32_t row) const {
     const std::vector<std::string> fields = texts_.fields(std::to_string(row));
     return fields.empty() ? std::nullopt : std::optional(fields[1]);

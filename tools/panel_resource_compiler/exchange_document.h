@@ -65,6 +65,8 @@ public:
     /** Whether an export holds a row: one with a text. */
     bool is_exported(std::int32_t row) const;
     const std::string& english(std::int32_t row) const;
+    /** The texts of a row's standard languages, as they are with another text of this language. */
+    catalogue_row row_with(std::int32_t row, const std::string& text) const;
     /** The row's own text; none where its file has no line for it. */
     std::optional<std::string> text(std::int32_t row) const;
 

@@ -1,9 +1,9 @@
 #include "exchange_import.h"
 
 #include "checks.h"
+#include "placeholder_rules.h"
 #include "text_lines.h"
 
-#include <algorithm>
 #include <charconv>
 
 namespace velarion {
@@ -29,12 +29,6 @@ std::string quoted(const std::string& text) {
         line += c == '\n' ? "\\n" : std::string(1, c);
     }
     return line + '"';
-}
-
-bool has_control_character(const std::string& text) {
-    return std::any_of(text.begin(), text.end(), [](char c) {
-        return (static_cast<unsigned char>(c) < ' ' && c != '\n' && c != '\t') || c == '\x7F';
-    });
 }
 
 class importer {
@@ -110,22 +104,28 @@ private:
         }
     }
 
+    /** Refuses what "check" would; placeholders as in English are right, whatever other languages have. */
     bool check_text(const exchange_unit& unit, std::int32_t row, const std::string& text) {
-        const unsigned int wanted = placeholders_of(language_.english(row));
-        const unsigned int found = placeholders_of(text);
         const std::size_t errors = report_.error_count();
-        if (!text.empty() && found != wanted) {
-            report_.error(CHECK_PLACEHOLDERS, unit.place,
-                          "row " + unit.key + ": placeholders " + describe_placeholders(wanted) + " in en, " +
-                              describe_placeholders(found) + " in " + quoted(text));
-        }
-        if (has_control_character(text)) {
+        const bool has_return = text.find('\r') != std::string::npos;
+        if (has_return || !is_valid_utf8(text)) { // no table can hold it
             report_.error(CHECK_ENCODING, unit.place,
                           "row " + unit.key +
-                              ": a control character, which the panel cannot show; remove it");
+                              (has_return ? ": holds a carriage return, which the panel "
+                                            "cannot show; remove it"
+                                          : ": is not valid UTF-8 text"));
+            return false;
         }
-        if (!is_valid_utf8(text)) {
-            report_.error(CHECK_ENCODING, unit.place, "row " + unit.key + ": is not valid UTF-8 text");
+        std::vector<text_fault> faults = broken_parts_of(text);
+        if (language_.is_english() ||
+            count_placeholders(text) != count_placeholders(language_.english(row))) {
+            const auto more = placeholder_faults(language_.row_with(row, text), text);
+            faults.insert(faults.end(), more.begin(), more.end());
+        }
+        for (const text_fault& fault : faults) {
+            report_.add({unit.place, severity::WARNING, fault.check,
+                         "row " + unit.key + ", " + quoted(text) + ": " + fault.text, language_.name(),
+                         unit.key});
         }
         return report_.error_count() == errors;
     }

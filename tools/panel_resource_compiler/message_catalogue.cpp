@@ -53,25 +53,6 @@ std::string message_name_fault(const std::string& name) {
                : "the name \"" + name + "\" holds more than printable ASCII and tabs";
 }
 
-unsigned int placeholders_of(const std::string& text) {
-    const placeholder_counts counts = count_placeholders(text);
-    unsigned int found = 0;
-    for (std::size_t i = 0; i < counts.size(); ++i) {
-        found |= counts[i] == 0 ? 0U : 2U << i;
-    }
-    return found;
-}
-
-std::string describe_placeholders(unsigned int placeholders) {
-    std::string text;
-    for (unsigned int n = 1; n <= 9; ++n) {
-        if ((placeholders & (1U << n)) != 0) {
-            text += (text.empty() ? "%" : " %") + std::to_string(n);
-        }
-    }
-    return text.empty() ? "none" : text;
-}
-
 std::vector<row_text> read_row_texts(const std::string& path, const std::string& language,
                                      diagnostics& report) {
     std::vector<row_text> texts;

@@ -78,12 +78,6 @@ std::vector<catalogue_message> read_message_list(const std::string& folder, diag
 std::vector<row_text> read_row_texts(const std::string& path, const std::string& language,
                                      diagnostics& report);
 
-/** The placeholders of a text, "%1" to "%9": bit n for "%n". */
-unsigned int placeholders_of(const std::string& text);
-
-/** The placeholders that a set of bits stands for, for people: "%1 %3", or "none". */
-std::string describe_placeholders(unsigned int placeholders);
-
 /** What is wrong with the name of a message; empty when nothing is. */
 std::string message_name_fault(const std::string& name);
 

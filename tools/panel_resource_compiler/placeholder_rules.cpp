@@ -59,11 +59,11 @@ std::size_t place_of(const std::string& text, std::size_t number) {
     return at == std::string::npos ? 0 : characters_of(text.substr(0, at)).size();
 }
 
-void check_text(const row_text& text, const std::string& language, const wanted_placeholders& wanted,
-                diagnostics& report) {
-    const placeholder_counts found = count_placeholders(text.text);
+std::vector<text_fault> faults_of(const std::string& text, const wanted_placeholders& wanted) {
+    std::vector<text_fault> faults;
+    const placeholder_counts found = count_placeholders(text);
     for (std::size_t i = 0; i < found.size(); ++i) {
-        if (found[i] == wanted.counts[i]) {
+        if (text.empty() || found[i] == wanted.counts[i]) {
             continue;
         }
         std::string what = "%" + std::to_string(i + 1);
@@ -74,7 +74,15 @@ void check_text(const row_text& text, const std::string& language, const wanted_
         } else {
             what += " stands " + times(found[i]) + "; " + times(wanted.counts[i]) + " in " + wanted.languages;
         }
-        report.add(text_finding(CHECK_PLACEHOLDERS, language, text, place_of(text.text, i + 1), what));
+        faults.push_back({CHECK_PLACEHOLDERS, place_of(text, i + 1), what});
+    }
+    return faults;
+}
+
+void check_text(const row_text& text, const std::string& language, const wanted_placeholders& wanted,
+                diagnostics& report) {
+    for (const text_fault& fault : faults_of(text.text, wanted)) {
+        report.add(text_finding(fault.check, language, text, fault.character, fault.text));
     }
 }
 
@@ -90,6 +98,11 @@ placeholder_counts count_placeholders(const std::string& text) {
     return counts;
 }
 
+std::vector<text_fault> placeholder_faults(const catalogue_row& row, const std::string& text) {
+    const wanted_placeholders wanted = wanted_in(row);
+    return wanted.languages.empty() ? std::vector<text_fault>() : faults_of(text, wanted);
+}
+
 void check_placeholders(const message_catalogue& catalogue, diagnostics& report) {
     std::vector<wanted_placeholders> wanted;
     for (const catalogue_row& row : catalogue.rows) {
@@ -97,9 +110,7 @@ void check_placeholders(const message_catalogue& catalogue, diagnostics& report)
     }
     for (const text_file& language : catalogue.languages) {
         for (const row_text& text : language.texts) {
-            if (!text.text.empty()) {
-                check_text(text, language.language, wanted[static_cast<std::size_t>(text.row)], report);
-            }
+            check_text(text, language.language, wanted[static_cast<std::size_t>(text.row)], report);
         }
     }
 }
@@ -107,7 +118,7 @@ void check_placeholders(const message_catalogue& catalogue, diagnostics& report)
 void check_pack_placeholders(const message_catalogue& catalogue, const text_file& pack, diagnostics& report) {
     for (const row_text& text : pack.texts) {
         const wanted_placeholders wanted = wanted_in(catalogue.rows[static_cast<std::size_t>(text.row)]);
-        if (!text.text.empty() && !wanted.languages.empty()) {
+        if (!wanted.languages.empty()) {
             check_text(text, pack.language, wanted, report);
         }
     }

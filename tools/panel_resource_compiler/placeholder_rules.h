@@ -2,6 +2,7 @@
 #define PLACEHOLDER_RULES_H
 
 #include "message_catalogue.h"
+#include "text_rules.h"
 
 #include <array>
 #include <string>
@@ -12,6 +13,13 @@ namespace velarion {
 using placeholder_counts = std::array<std::size_t, 9>;
 
 placeholder_counts count_placeholders(const std::string& text);
+
+/**
+ * What is wrong with the placeholders of a text.
+ *
+ * @param row  where the text belongs, which it is part of when it is that of a standard language
+ */
+std::vector<text_fault> placeholder_faults(const catalogue_row& row, const std::string& text);
 
 /**
  * Reports the texts whose placeholders are not those of their row, of the standard languages. What most of a

@@ -2,6 +2,7 @@
 
 #include "checks.h"
 #include "file_descriptor.h"
+#include "placeholder_rules.h"
 #include "text_lines.h"
 
 #include <gettext-po.h>
@@ -140,7 +141,7 @@ void insert(po_message_iterator_t iterator, const exchange_unit& unit) {
     po_message_set_msgstr(message, unit.translation.c_str());
     po_message_set_extracted_comments(message, comments_of(unit).c_str());
     po_message_set_fuzzy(message, unit.is_unfinished && !unit.translation.empty() ? 1 : 0);
-    if (placeholders_of(unit.source) != 0) {
+    if (count_placeholders(unit.source) != placeholder_counts{}) {
         po_message_set_format(message, QT_FORMAT, 1);
     }
     po_message_insert(iterator, message);

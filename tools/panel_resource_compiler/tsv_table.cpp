@@ -2,9 +2,9 @@
 
 #include "checks.h"
 #include "text_lines.h"
+#include "whole_number.h"
 
 #include <algorithm>
-#include <charconv>
 
 namespace velarion {
 
@@ -173,13 +173,11 @@ bool resolve_escapes(const std::string& field, std::string& resolved, std::strin
 bool read_number_field(const tsv_record& record, std::size_t field, const std::string& what,
                        diagnostics& report, std::int32_t& number) {
     const std::string& text = record.fields[field];
-    const char* end = text.data() + text.size();
-    const std::from_chars_result result = std::from_chars(text.data(), end, number);
-    if (text.empty() || result.ec != std::errc() || result.ptr != end) {
-        report.error(CHECK_NUMBER, record.place_of(field), what + " \"" + text + "\" is not a whole number");
-        return false;
+    const std::string fault = read_whole_number(text, number);
+    if (!fault.empty()) {
+        report.error(CHECK_NUMBER, record.place_of(field), what + " \"" + text + "\" " + fault);
     }
-    return true;
+    return fault.empty();
 }
 
 bool ascending_numbers::take(const source_place& place, std::int32_t number, diagnostics& report) {

@@ -30,7 +30,8 @@ const struct {
 } FAULTS[] = {
     {MESSAGES, "error: id 0 is less than 1", {"0\tB\t2"}},
     {MESSAGES, "error: id 5 stands in line 2 already", {"5\tB\t2"}},
-    {MESSAGES, "is not a whole number", {"\tB\t2", "+6\tB\t2", "6 \tB\t2", "2147483648\tB\t2", "6\tB\t0x2"}},
+    {MESSAGES, "is not a whole number", {"\tB\t2", "+6\tB\t2", "6 \tB\t2", "6\tB\t0x2"}},
+    {MESSAGES, "\"2147483648\" is above 2147483647, the highest number", {"2147483648\tB\t2"}},
     {MESSAGES, "error: the message has no name", {"6\t\t2"}},
     {MESSAGES, "holds more than printable ASCII and tabs", {"6\tGR\xC3\x96SSE\t2"}},
     {MESSAGES, "is outside 1 to 21998", {"6\tB\t0", "6\tB\t21999", "6\tB\t-1"}},

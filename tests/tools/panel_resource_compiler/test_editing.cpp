@@ -108,6 +108,17 @@ TEST_F(editing, a_change_touches_its_lines_alone_and_check_passes_after_it) {
     }
 }
 
+TEST_F(editing, figures_follow_when_they_are_told_to) {
+    EXPECT_NE(
+        catalogue_.run("rename", {"5", "MSG_TRAY"}).output.find("until \"panel_resource_compiler figures\""),
+        std::string::npos);
+    EXPECT_EQ(catalogue_.run("check").exit_code, 1);
+    EXPECT_NE(catalogue_.run("figures").output.find("MSG_FIVE, row 9 becomes MSG_TRAY, row 9\n"),
+              std::string::npos);
+    EXPECT_EQ(catalogue_.run("check").exit_code, 0);
+    EXPECT_EQ(catalogue_.run("figures").output, "there is nothing to change\n");
+}
+
 TEST_F(editing, what_would_break_the_catalogue_is_refused_with_the_reason_and_changes_nothing) {
     const struct {
         std::vector<std::string> words;
@@ -119,8 +130,11 @@ TEST_F(editing, what_would_break_the_catalogue_is_refused_with_the_reason_and_ch
         {{"add", "--name", "M", "--text", "en=x", "--row", "21999"}, "row 21999 is outside 1 to 21998"},
         {{"add", "--name", "M", "--text", "en=x", "--row", "1"}, "row 1 must stay empty"},
         {{"add", "--name", "M"}, "has no text"},
-        {{"add", "--name", "M", "--text", "en=a %1", "--text", "de=b %2"}, "placeholders %1 in en, %2 in de"},
-        {{"add", "--name", "M", "--row", "9", "--text", "nl=x"}, "placeholders %1 in en, none in nl"},
+        {{"add", "--name", "M", "--text", "en=a %1", "--text", "de=b %2"},
+         "--text: error: the de text: %1 is missing; it stands in en"},
+        {{"add", "--name", "M", "--text", "en=%1", "--text", "49=%1 %1"}, "%1 stands twice; once in en"},
+        {{"add", "--name", "M", "--text", "en=a\\tb"}, "the en text: holds U+0009, which"},
+        {{"add", "--name", "M", "--row", "9", "--text", "nl=x"}, "%1 is missing; it stands in en, de, ru"},
         {{"add", "--name", "M", "--row", "9", "--text", "en=%1"},
          "row 9 has the en text \"Tray %1\" already"},
         {{"add", "--name", "M", "--text", "en=a\\x"}, "unknown escape \"\\x\""},

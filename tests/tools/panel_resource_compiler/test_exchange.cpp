@@ -33,6 +33,8 @@ protected:
         catalogue_.write("texts/en.tsv", ENGLISH);
         catalogue_.write("texts/de.tsv", GERMAN);
         catalogue_.write_pack("86", "font_family = F\n", GERMAN);
+        catalogue_.write("ignore.tsv", "check\tsubject\tlanguage\treason\ncontrol-characters\t4\t*\tmeant\n"
+                                       "control-characters\t5\t*\tmeant\n");
     }
 
     std::string export_as(const std::string& language, const std::string& format) const {
@@ -148,8 +150,9 @@ TEST_F(exchange, an_import_takes_what_is_finished_and_never_merges_in_silence) {
         {"msgctxt \"3\"", "msgctxt \"A|2\"", "Kopie", {}, 1, "row 2 stands in line ", "Kopie"},
         {"msgctxt \"2\"", fuzzy, "Kopie", {}, 0, "9 same, 0 removed\nde: 1 unfinished", "Kopie"},
         {"Kopie\"", "\"", "Kopie", {"--accept-unfinished"}, 0, "9 same, 1 removed\n", ""},
-        {"Seite %1 von %2", "%1 von %3", "Kopie", {}, 1, "placeholders %1 %2 in en, %1 %3 in", "Kopie"},
-        {"\"Kopie\"", "\"K\\033\"", "Kopie", {}, 1, "row 2: a control character, which the", "Kopie"},
+        {"Seite %1 von %2", "%1 von %3", "Kopie", {}, 1, "\"%1 von %3\": %2 is missing; it", "Kopie"},
+        {"Seite %1 von %2", "%1 %2 %2", "Kopie", {}, 1, "%2 stands twice; once in en", "Kopie"},
+        {"\"Kopie\"", "\"K\\033\"", "Kopie", {}, 1, "row 2, \"K?\": holds U+001B, which the", "Kopie"},
         {"msgstr \"Kopie\"",
          "msgid_plural \"x\"\nmsgstr[0] \"Kopie\"",
          "Kopie",
@@ -212,7 +215,7 @@ TEST_F(exchange, files_of_other_programs_that_hold_what_the_panel_has_not_are_re
         {"<message>", "<message numerus=\"yes\">", "has plural forms"},
         {">Kopie<", ">K\xF6pie<", "[exchange]"},
         {">Kopie<", ">&k;<", "[exchange]"},
-        {">Kopie<", "><byte value=\"xD\"/><", "a control character"},
+        {">Kopie<", "><byte value=\"xD\"/><", "holds a carriage return"},
     };
     for (const auto& row : rows) {
         std::string file = exported;
