@@ -2,6 +2,7 @@
 #include "headless_run.h"
 #include "simulator_options.h"
 #include "window_run.h"
+#include "window_style.h"
 
 #include <QApplication>
 
@@ -43,6 +44,7 @@ int main(int argc, char** argv) {
     qInstallMessageHandler(drop_start_up_remark);
     const QApplication application(argc, argv);
     qInstallMessageHandler(nullptr);
+    set_window_style();
     QCoreApplication::setApplicationName(QStringLiteral("panel_simulator"));
     simulator_options options;
     int exit_code = SIMULATOR_GOOD;

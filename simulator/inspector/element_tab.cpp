@@ -30,6 +30,7 @@ element_tab::element_tab(panel_inspection& inspection)
     , properties_(new_table({QStringLiteral("Property"), QStringLiteral("Value")}, 1))
     , list_(new_table({QStringLiteral("Id"), QStringLiteral("On this screen")}, 1))
     , copy_(new QPushButton(QStringLiteral("&Copy id"))) {
+    properties_->setTextElideMode(Qt::ElideMiddle); // names differ at their ends
     title_->setWordWrap(true);
     title_->setTextFormat(Qt::PlainText);
     list_->setAccessibleName(QStringLiteral("Texts and pictures of this screen"));

@@ -2,6 +2,7 @@
 
 #include "element_details.h"
 #include "tables.h"
+#include "window_style.h"
 
 #include <QHeaderView>
 #include <QLabel>
@@ -10,9 +11,6 @@
 namespace velarion {
 
 namespace {
-
-constexpr QColor FAULT_TEXT(0xb3, 0x26, 0x1e);
-constexpr QColor FALL_BACK_TEXT(0x8a, 0x56, 0x00);
 
 enum role : int { VIEW_ROLE = Qt::UserRole, KIND_ROLE, ID_ROLE, BOX_ROLE };
 
@@ -100,13 +98,13 @@ void findings_tab::add_screen(const indexed_screen& screen) {
         const QString faults = describe_faults(text);
         if (!faults.isEmpty()) {
             add_finding(item, element_key::of(text), text.shown.text, faults,
-                        text.is_fault() ? FAULT_TEXT : FALL_BACK_TEXT);
+                        text.is_fault() ? window_colors::fault_text : window_colors::fall_back_text);
         }
     }
     for (const picture_finding& picture : screen.findings.pictures) {
         if (picture.is_missing()) {
             add_finding(item, element_key::of(picture), picture.shown.id, describe_faults(picture),
-                        FAULT_TEXT);
+                        window_colors::fault_text);
         }
     }
     item->setExpanded(counts.faults() != 0);

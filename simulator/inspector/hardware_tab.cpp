@@ -18,6 +18,9 @@ namespace {
 
 constexpr int KEY_COLUMNS = 5;
 constexpr int MOST_DELAY = 10000; // ms
+constexpr int MOST_RESULT = 99;
+constexpr int VALUE_ROW = 3;      // below the buttons
+constexpr int TEXT_REFRESH = 500; // ms: the text tells for how long
 
 struct service_button {
     const char* label;
@@ -44,6 +47,23 @@ QPushButton* new_button(const QString& text) {
     return button;
 }
 
+QSpinBox* new_field(int least, int most, int value, const char* unit) {
+    auto* field = new QSpinBox;
+    field->setRange(least, most);
+    field->setValue(value);
+    field->setSuffix(QLatin1String(unit));
+    return field;
+}
+
+/** A group without room to spare: all of the tab stands on a screen 800 high. */
+QGroupBox* new_group(const char* title, QGridLayout*& layout) {
+    auto* group = new QGroupBox(QLatin1String(title));
+    layout = new QGridLayout(group);
+    layout->setContentsMargins(6, 6, 6, 6);
+    layout->setSpacing(4);
+    return group;
+}
+
 QString status_text(int status) {
     return status == led_state::UNKNOWN ? QString(QChar(0x2013))
                                         : QString::fromStdString(led_status_name(status));
@@ -67,12 +87,14 @@ hardware_tab::hardware_tab(device_link& link, service_command run_command)
     }
     connect(&link_, &panel_hardware::led_changed, this, &hardware_tab::show_led);
     connect(&link_.watch(), &service_watch::changed, this, &hardware_tab::show_service);
+    connect(&clock_, &QTimer::timeout, this, &hardware_tab::show_service);
+    clock_.start(TEXT_REFRESH);
     show_service();
 }
 
 QWidget* hardware_tab::make_service() {
-    auto* group = new QGroupBox(QStringLiteral("Device service"));
-    auto* layout = new QGridLayout(group);
+    QGridLayout* layout = nullptr;
+    QGroupBox* group = new_group("Device service", layout);
     service_ = new QLabel;
     service_->setWordWrap(true);
     layout->addWidget(service_, 0, 0, 1, KEY_COLUMNS);
@@ -85,32 +107,26 @@ QWidget* hardware_tab::make_service() {
         layout->addWidget(button, place / KEY_COLUMNS, place % KEY_COLUMNS);
         ++place;
     }
-    const auto add_value = [this, layout, &place](const char* label, const char* command, const char* unit,
-                                                  int most, int value) {
-        auto* field = new QSpinBox;
-        field->setRange(command == QLatin1String("delay") ? 0 : 1, most);
-        field->setValue(value);
-        field->setSuffix(QLatin1String(unit));
-        field->setAccessibleName(QLatin1String(label));
-        auto* button = new_button(QLatin1String(label));
-        const QString word = QLatin1String(command);
-        connect(button, &QPushButton::clicked, this, [this, word, field] {
-            run({word, QString::number(field->value())});
-        });
-        const int row = place / KEY_COLUMNS + 1;
-        const bool is_first = word == QLatin1String("delay");
-        layout->addWidget(button, row, is_first ? 0 : 3);
-        layout->addWidget(field, row, is_first ? 1 : 4, 1, is_first ? 2 : 1);
-    };
-    add_value("Delay", "delay", " ms", MOST_DELAY, 2000);
-    add_value("Refuse", "refuse", "", 99, 1);
+    add_value(*layout, 0, "Delay", "delay", new_field(0, MOST_DELAY, 2000, " ms"));
+    add_value(*layout, 3, "Refuse", "refuse", new_field(1, MOST_RESULT, 1, ""));
     return group;
 }
 
+void hardware_tab::add_value(QGridLayout& layout, int column, const char* label, const char* command,
+                             QSpinBox* field) {
+    auto* button = new_button(QLatin1String(label));
+    const QString word = QLatin1String(command);
+    field->setAccessibleName(QLatin1String(label));
+    connect(button, &QPushButton::clicked, this, [this, word, field] {
+        run({word, QString::number(field->value())});
+    });
+    layout.addWidget(button, VALUE_ROW, column);
+    layout.addWidget(field, VALUE_ROW, column + 1, 1, column == 0 ? 2 : 1);
+}
+
 QWidget* hardware_tab::make_keys() {
-    auto* group = new QGroupBox(QStringLiteral("Hard keys"));
-    auto* layout = new QGridLayout(group);
-    layout->setSpacing(4);
+    QGridLayout* layout = nullptr;
+    QGroupBox* group = new_group("Hard keys", layout);
     int place = 0;
     for (const hard_key_entry& entry : hard_keys()) {
         auto* button = new_button(QLatin1String(entry.label));

@@ -2,11 +2,14 @@
 #define HARDWARE_TAB_H
 
 #include <QStringList>
+#include <QTimer>
 #include <QWidget>
 
 #include <functional>
 
+class QGridLayout;
 class QLabel;
+class QSpinBox;
 class QTreeWidget;
 
 namespace velarion {
@@ -29,6 +32,8 @@ Q_SIGNALS:
 
 private:
     QWidget* make_service();
+    /** A command with a number to choose. */
+    void add_value(QGridLayout& layout, int column, const char* label, const char* command, QSpinBox* field);
     QWidget* make_keys();
     void run(const QStringList& words);
     void show_service();
@@ -38,6 +43,7 @@ private:
     service_command run_command_;
     QLabel* service_ = nullptr;
     QTreeWidget* leds_;
+    QTimer clock_;
 };
 
 } // namespace velarion

@@ -23,12 +23,20 @@ namespace velarion {
 namespace {
 
 // Small enough to stand beside the panel on a screen of 1280 x 800.
-constexpr char STYLE[] = "QWidget { font-size: 12px; }"
-                         "QTabBar::tab { font-size: 11px; padding: 5px 4px; }"
-                         "QTabBar::tab:selected { font-weight: bold; border-bottom: 2px solid #2f6fb2; }"
-                         "QToolButton { padding: 4px 10px; }"
-                         "QToolButton:checked { background: #2f6fb2; color: white; border-radius: 3px; }"
-                         "QPushButton { padding: 3px 4px; }";
+constexpr char STYLE[] =
+    "QWidget { font-size: 12px; }"
+    "QTabBar::tab { font-size: 11px; padding: 6px 5px; background: transparent; border: none;"
+    " border-bottom: 2px solid #3c4047; color: #a4aab3; }"
+    "QTabBar::tab:hover { color: #e6e8eb; }"
+    "QTabBar::tab:selected { color: white; border-bottom-color: #7cbdff; }"
+    "QTabBar::tab:focus { background: #3c4047; }"
+    "QToolButton { padding: 4px 10px; background: #3c4047; border: 1px solid #55595f; border-radius: 3px; }"
+    "QToolButton:hover, QToolButton:focus { border-color: #7cbdff; }"
+    "QToolButton:checked { background: #2f6fb2; color: white; }"
+    "QHeaderView::section { padding: 3px 5px; background: #3c4047; border: none;"
+    " border-right: 1px solid #55595f; }"
+    "QTreeView::item { padding: 2px; }"
+    "QPushButton { padding: 3px 4px; }";
 constexpr int NEWS_TIME = 4000; // ms
 
 QToolButton* new_toggle(const QString& text, const QString& hint, const QKeySequence& shortcut) {
@@ -112,7 +120,7 @@ void inspector::make_tabs() {
     messages_ = new record_tab(
         {QStringLiteral("Time"), QStringLiteral("Message"), QStringLiteral("Result"), QStringLiteral("ms")},
         1);
-    traces_ = new record_tab({QStringLiteral("Trace")}, 0);
+    traces_ = new record_tab({QStringLiteral("Time"), QStringLiteral("Trace")}, 1);
     const auto add = [this](QWidget* tab, const char* title) {
         tab->layout()->setContentsMargins(6, 8, 6, 6);
         tabs_->addTab(tab, QLatin1String(title));

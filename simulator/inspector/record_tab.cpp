@@ -1,8 +1,11 @@
 #include "record_tab.h"
 
 #include "tables.h"
+#include "window_style.h"
 
 #include <QHBoxLayout>
+#include <QHeaderView>
+#include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
 #include <QScrollBar>
@@ -17,15 +20,17 @@ namespace {
 constexpr std::size_t KEPT = 1000;
 constexpr std::size_t DROPPED_AT_ONCE = 200;
 constexpr std::size_t SHOWN_AT_ONCE = 200;
-constexpr int DELAY = 100; // ms
-constexpr QColor FAULT_TEXT(0xb3, 0x26, 0x1e);
+constexpr int DELAY = 100;         // ms
+constexpr int WIDEST_COLUMN = 96;  // px, but for the one that takes the room that is left
+constexpr int LONGEST_WHOLE = 600; // characters
 
 } // namespace
 
 record_tab::record_tab(const QStringList& columns, int stretched)
     : filter_(new QLineEdit)
     , pause_(new QPushButton(QStringLiteral("&Hold")))
-    , table_(new_table(columns, stretched)) {
+    , table_(new_table(columns, stretched))
+    , whole_(new QLabel) {
     filter_->setPlaceholderText(QStringLiteral("Filter"));
     filter_->setClearButtonEnabled(true);
     filter_->setMaxLength(200);
@@ -41,12 +46,19 @@ record_tab::record_tab(const QStringList& columns, int stretched)
     auto* layout = new QVBoxLayout(this);
     layout->addLayout(head);
     layout->addWidget(table_, 1);
+    layout->addWidget(whole_);
+    whole_->setTextFormat(Qt::PlainText);
+    whole_->setWordWrap(true);
+    whole_->setTextInteractionFlags(Qt::TextSelectableByMouse);
+    whole_->hide();
+    table_->header()->setMaximumSectionSize(WIDEST_COLUMN);
     setFocusProxy(filter_);
     delay_.setSingleShot(true);
     delay_.setInterval(DELAY);
     connect(&delay_, &QTimer::timeout, this, &record_tab::show_new);
     connect(filter_, &QLineEdit::textChanged, this, &record_tab::show_again);
     connect(pause_, &QPushButton::toggled, this, &record_tab::show_new);
+    connect(table_, &QTreeWidget::currentItemChanged, this, &record_tab::show_whole);
     connect(clear_button, &QPushButton::clicked, this, &record_tab::clear);
 }
 
@@ -80,8 +92,9 @@ void record_tab::show_new() {
         const record& entry = records_[shown_];
         if (is_wanted(entry)) {
             QTreeWidgetItem* item = add_row(table_, entry.cells);
+            item->setData(0, Qt::UserRole, entry.cells.join(QStringLiteral("  ")).left(LONGEST_WHOLE));
             for (int i = 0; entry.is_fault && i < entry.cells.size(); ++i) {
-                item->setForeground(i, FAULT_TEXT);
+                item->setForeground(i, window_colors::fault_text);
             }
         }
     }
@@ -95,6 +108,12 @@ void record_tab::show_new() {
     if (shown_ < records_.size()) {
         delay_.start();
     }
+}
+
+void record_tab::show_whole() {
+    const QTreeWidgetItem* item = table_->currentItem();
+    whole_->setVisible(item);
+    whole_->setText(item ? item->data(0, Qt::UserRole).toString() : QString());
 }
 
 void record_tab::show_again() {

@@ -7,6 +7,7 @@
 
 #include <vector>
 
+class QLabel;
 class QLineEdit;
 class QPushButton;
 class QTreeWidget;
@@ -33,6 +34,7 @@ private:
     void show_new();
     void show_again();
     void clear();
+    void show_whole();
 
     std::vector<record> records_;
     std::size_t shown_ = 0; ///< of the records
@@ -40,6 +42,7 @@ private:
     QLineEdit* filter_;
     QPushButton* pause_;
     QTreeWidget* table_;
+    QLabel* whole_; ///< the current record, without an end cut off
 };
 
 } // namespace velarion

@@ -8,12 +8,12 @@
 
 #include <QAbstractItemView>
 #include <QApplication>
-#include <QCheckBox>
 #include <QComboBox>
 #include <QGridLayout>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QSignalBlocker>
+#include <QToolButton>
 
 namespace velarion {
 
@@ -56,6 +56,14 @@ QComboBox* new_box() {
     return box;
 }
 
+QToolButton* new_toggle(const char* text) {
+    auto* button = new QToolButton;
+    button->setText(QLatin1String(text));
+    button->setCheckable(true);
+    button->setFocusPolicy(Qt::StrongFocus);
+    return button;
+}
+
 void add_labelled(QGridLayout& layout, int row, int column, const char* text, QWidget* field) {
     auto* label = new QLabel(QLatin1String(text));
     label->setBuddy(field);
@@ -70,8 +78,8 @@ view_controls::view_controls(simulation& panel)
     , preferred_(new_box())
     , standard_(new_box())
     , direction_(new_box())
-    , pseudo_(new QCheckBox(QStringLiteral("&Pseudo-texts")))
-    , names_(new QCheckBox(QStringLiteral("&Names"))) {
+    , pseudo_(new_toggle("&Pseudo-texts"))
+    , names_(new_toggle("&Names")) {
     direction_->addItems(
         {QStringLiteral("by language"), QStringLiteral("left to right"), QStringLiteral("right to left")});
     pseudo_->setToolTip(QStringLiteral("Every text with accents and a third longer"));
@@ -100,11 +108,11 @@ view_controls::view_controls(simulation& panel)
         simulation_.choose_standard_language(simulation::choice_of(standard_->currentData().toInt()));
     });
     connect(direction_, qOverload<int>(&QComboBox::activated), this, &view_controls::apply_direction);
-    connect(pseudo_, &QCheckBox::toggled, this, [this](bool is_on) {
+    connect(pseudo_, &QToolButton::toggled, this, [this](bool is_on) {
         message_text::set_disguise(is_on ? disguised : nullptr);
         reload_texts();
     });
-    connect(names_, &QCheckBox::toggled, this, [this](bool is_on) {
+    connect(names_, &QToolButton::toggled, this, [this](bool is_on) {
         is_on ? qputenv("TEST_ICON_MESSAGE", "1") : qunsetenv("TEST_ICON_MESSAGE");
         simulation_.reload_pictures();
         reload_texts();

@@ -3,7 +3,7 @@
 
 #include <QWidget>
 
-class QCheckBox;
+class QToolButton;
 class QComboBox;
 
 namespace velarion {
@@ -31,8 +31,8 @@ private:
     QComboBox* preferred_;
     QComboBox* standard_;
     QComboBox* direction_;
-    QCheckBox* pseudo_;
-    QCheckBox* names_;
+    QToolButton* pseudo_;
+    QToolButton* names_;
 };
 
 } // namespace velarion

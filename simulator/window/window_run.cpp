@@ -69,18 +69,31 @@ private:
     QSocketNotifier notifier_;
 };
 
+/** "function parameters (number)": what tells messages apart comes first. */
+QString words_of(const message_entry& entry) {
+    const int number = entry.function.indexOf(QLatin1String(" ("));
+    return number < 0 ? entry.function + QLatin1Char(' ') + entry.parameters
+                      : entry.function.left(number) + QLatin1Char(' ') + entry.parameters +
+                            entry.function.mid(number);
+}
+
+/** Time and what follows the process, of "DATETTIMEZ PROCESS[ID:ID] ...". */
+QStringList cells_of_trace(const QString& record) {
+    const QString stamp = record.section(QLatin1Char(' '), 0, 0);
+    return {stamp.section(QLatin1Char('T'), 1).remove(QLatin1Char('Z')), record.section(QLatin1Char(' '), 2)};
+}
+
 /** The inspector, which hears of messages and traces. */
 inspector* make_side_bar(const inspector_parts& parts, message_log& messages, trace_log& traces) {
     auto* side_bar = new inspector(parts);
     QObject::connect(&messages, &message_log::added, side_bar, [side_bar](const message_entry& entry) {
-        side_bar->messages().add({entry.time.toString(QStringLiteral("hh:mm:ss.zzz")),
-                                  entry.function + QLatin1Char(' ') + entry.parameters,
+        side_bar->messages().add({entry.time.toString(QStringLiteral("hh:mm:ss.zzz")), words_of(entry),
                                   entry.is_notification ? QStringLiteral("told") : entry.result,
                                   entry.is_notification ? QString() : QString::number(entry.ms, 'f', 1)},
                                  !entry.is_good);
     });
     QObject::connect(&traces, &trace_log::added, side_bar,
-                     [side_bar](const QString& record) { side_bar->traces().add({record}); });
+                     [side_bar](const QString& record) { side_bar->traces().add(cells_of_trace(record)); });
     return side_bar;
 }
 
