@@ -12,6 +12,8 @@
 #include <QApplication>
 #include <QKeyEvent>
 
+#include <algorithm>
+
 namespace velarion {
 
 namespace {
@@ -103,9 +105,7 @@ int language_in_force() {
     return dvc_pnl_rmg_language_resource::dvc_pnl_rmg_get_instance()->dvc_pnl_rmg_get_language_id();
 }
 
-} // namespace
-
-void add_panel_commands(script_runner& runner, simulation& panel, panel_stage& stage) {
+void add_language_commands(script_runner& runner, simulation& panel, panel_stage& stage) {
     runner.add_command(QStringLiteral("language"), QStringLiteral("ID | none"), 1, 1, [&](const words& word) {
         language_choice choice{};
         const QString fault = read_choice(panel, word[0], choice);
@@ -122,13 +122,12 @@ void add_panel_commands(script_runner& runner, simulation& panel, panel_stage& s
         }
         return script_outcome::of_fault(fault);
     });
-    runner.add_command(QStringLiteral("view"), QStringLiteral("NAME"), 1, 1, [&](const words& word) {
-        const std::optional<screen_view> view = panel_stage::find_view(word[0]);
-        if (view) {
-            stage.show(*view, panel.preferred_language());
-        }
-        return script_outcome::of_fault(view ? QString() : QStringLiteral("no view \"%1\"").arg(word[0]));
+    runner.add_command(QStringLiteral("setting"), QStringLiteral("NAME VALUE"), 2, 2, [&](const words& word) {
+        return script_outcome::of_fault(change_setting(panel, word));
     });
+}
+
+void add_touch_commands(script_runner& runner, simulation& panel, panel_stage& stage) {
     runner.add_command(QStringLiteral("tap"), QStringLiteral("NAME"), 1, 1, [&](const words& word) {
         stage.panel_picture(); // lays out what has just been opened
         QPoint place;
@@ -149,6 +148,21 @@ void add_panel_commands(script_runner& runner, simulation& panel, panel_stage& s
     });
     runner.add_command(QStringLiteral("type"), QStringLiteral("TEXT"), 1, 1,
                        [&](const words& word) { return type_text(panel.panel(), word[0]); });
+}
+
+} // namespace
+
+void add_panel_commands(script_runner& runner, simulation& panel, panel_stage& stage) {
+    add_language_commands(runner, panel, stage);
+    add_touch_commands(runner, panel, stage);
+    runner.add_command(QStringLiteral("view"), QStringLiteral("NAME"), 1, 1, [&](const words& word) {
+        const std::optional<screen_view> view = panel_stage::find_view(word[0]);
+        if (view) {
+            stage.show(*view, panel.preferred_language());
+        }
+        return script_outcome::of_fault(
+            view ? QString() : QStringLiteral("no screen \"%1\"; see --list-screens").arg(word[0]));
+    });
     runner.add_command(QStringLiteral("jam"), QStringLiteral("PLACE | clear"), 1, 1, [&](const words& word) {
         const jam_place* place = find_jam_place(word[0]);
         if (place) {
@@ -159,9 +173,6 @@ void add_panel_commands(script_runner& runner, simulation& panel, panel_stage& s
             return script_outcome::wrong(QStringLiteral("paper does not jam in \"%1\"").arg(word[0]));
         }
         return script_outcome{};
-    });
-    runner.add_command(QStringLiteral("setting"), QStringLiteral("NAME VALUE"), 2, 2, [&](const words& word) {
-        return script_outcome::of_fault(change_setting(panel, word));
     });
     runner.add_command(QStringLiteral("screenshot"), QStringLiteral("FILE"), 1, 1, [&](const words& word) {
         QString fault;

@@ -69,9 +69,15 @@ public:
     /** @return whether all could be written; a fault is reported */
     bool add(const QString& name, const QImage& picture) {
         const QString file = name + QStringLiteral(".png");
-        const QImage before(QDir(earlier_).filePath(QStringLiteral("screens/") + file));
+        const QString place = QDir(earlier_).filePath(QStringLiteral("screens/") + file);
+        const QImage before(place);
         QJsonObject entry{
             {QStringLiteral("pixels"), QJsonValue::Null}}; // a view that the earlier review has not
+        if (before.isNull() && QFileInfo::exists(place)) {
+            report_simulator_fault(
+                QStringLiteral("--compare-with: %1 cannot be read as a picture").arg(place));
+            return false;
+        }
         if (!before.isNull()) {
             const picture_change change = compare_pictures(before, picture);
             entry[QStringLiteral("pixels")] = change.pixels;
@@ -132,7 +138,8 @@ int write_review(panel_stage& stage, const stage_plan& plan, const QString& fold
                  panel_report& report) {
     const QDir place(folder);
     if (!earlier.isEmpty() && !QFileInfo::exists(QDir(earlier).filePath(QStringLiteral("screens")))) {
-        report_simulator_fault(QStringLiteral("--compare-with: %1 is no review").arg(earlier));
+        report_simulator_fault(
+            QStringLiteral("--compare-with: %1 is no folder that --review has written").arg(earlier));
         return SIMULATOR_FAILED;
     }
     for (const char* inner : INNER_FOLDERS) {

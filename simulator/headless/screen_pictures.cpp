@@ -10,6 +10,7 @@
 #include <QPainter>
 #include <QSaveFile>
 
+#include <cerrno>
 #include <cstdio>
 #include <memory>
 #include <unistd.h>
@@ -144,9 +145,9 @@ bool write_picture(const QImage& picture, const QString& file) {
 bool save_picture(const QImage& picture, const QString& file, QString& fault) {
     QBuffer buffer;
     const QByteArray kind = QFileInfo(file).suffix().toLatin1();
-    if (!picture.save(&buffer, kind.isEmpty() ? "" : kind.constData())) {
-        fault = QStringLiteral("%1 cannot be written: its name must end in a kind of picture such as .png")
-                    .arg(file);
+    if (!picture.save(&buffer, kind.isEmpty() ? "png" : kind.constData())) {
+        fault = QStringLiteral("%1 cannot be written: \".%2\" is no kind of picture; .png is one")
+                    .arg(file, QString::fromLatin1(kind));
         return false;
     }
     return save_file(file, buffer.data(), fault);
@@ -162,10 +163,13 @@ bool write_file(const QString& file, const QByteArray& bytes) {
 }
 
 bool make_folder(const QString& folder) {
+    errno = 0;
     if (QDir().mkpath(folder)) {
         return true;
     }
-    report_simulator_fault(QStringLiteral("the folder %1 cannot be made").arg(folder));
+    const int reason = errno == 0 ? ENOTDIR : errno; // what is there already is left alone
+    report_simulator_fault(
+        QStringLiteral("the folder %1 cannot be made: %2").arg(folder, qt_error_string(reason)));
     return false;
 }
 

@@ -12,8 +12,8 @@ namespace velarion {
 
 namespace {
 
-constexpr const char* HEADLESS_OPTIONS[] = {"screenshot",   "all-screens", "report",   "review", "script",
-                                            "list-screens", "help",        "help-all", "version"};
+constexpr const char* HEADLESS_OPTIONS[] = {"screenshot", "all-screens",  "report", "review",
+                                            "script",     "list-screens", "help",   "version"};
 
 struct fault_name {
     const char* name;
@@ -29,6 +29,10 @@ constexpr char DESCRIPTION[] =
     "The operation panel on a workstation: in a window with an inspector, or without one as pictures, "
     "reports\n"
     "and scripts. Run it on the sample device: scripts/device-shell panel_simulator";
+
+constexpr char EXIT_CODES[] =
+    "Exit codes: 0 good, 1 faults were found or a line of a script failed, 2 usage, 3 a file cannot be read\n"
+    "or written, or there is no display.\n";
 
 void add_options(QCommandLineParser& parser) {
     const auto add = [&parser](const char* name, const char* text, const char* value = "") {
@@ -113,6 +117,61 @@ bool read_languages(const QString& list, std::vector<int>& languages, int& exit_
     return true;
 }
 
+/** @return whether --help or --version was asked for, which is answered */
+bool tell_of_itself(const QCommandLineParser& parser) {
+    if (parser.isSet(QStringLiteral("help"))) {
+        std::printf("%s\n%s", parser.helpText().toUtf8().constData(), EXIT_CODES);
+        return true;
+    }
+    if (parser.isSet(QStringLiteral("version"))) {
+        std::printf("panel_simulator " PANEL_VIEW_VERSION "\n");
+        return true;
+    }
+    return false;
+}
+
+void read_plain_values(const QCommandLineParser& parser, simulator_options& options) {
+    const auto value = [&parser](const char* name) { return parser.value(QLatin1String(name)); };
+    const auto is_set = [&parser](const char* name) { return parser.isSet(QLatin1String(name)); };
+    options.screenshot = value("screenshot");
+    options.all_screens = value("all-screens");
+    options.report = value("report");
+    options.review = value("review");
+    options.compare_with = value("compare-with");
+    options.script = value("script");
+    options.screen = value("screen");
+    options.direction = value("direction");
+    options.lists_screens = is_set("list-screens");
+    options.has_overlay = is_set("overlay");
+    options.watches = is_set("watch");
+    options.prints_timing = is_set("timing");
+    options.is_verbose = is_set("verbose");
+    if (is_set("test-icons")) {
+        qputenv("TEST_ICON_MESSAGE", "1");
+    }
+}
+
+/** Values of which only some words are known. */
+bool read_chosen_values(const QCommandLineParser& parser, simulator_options& options, int& exit_code) {
+    const auto value = [&parser](const char* name) { return parser.value(QLatin1String(name)); };
+    if (parser.isSet(QStringLiteral("service")) &&
+        !read_service_source(value("service"), options.service.emplace(service_source::AUTO))) {
+        return fail(QStringLiteral("--service is auto, none or own, not \"%1\"").arg(value("service")),
+                    exit_code);
+    }
+    if (!options.direction.isEmpty() && options.direction != QLatin1String("ltr") &&
+        options.direction != QLatin1String("rtl")) {
+        return fail(QStringLiteral("--direction is ltr or rtl, not \"%1\"").arg(options.direction),
+                    exit_code);
+    }
+    if (parser.isSet(QStringLiteral("language")) &&
+        !read_languages(value("language"), options.languages, exit_code)) {
+        return false;
+    }
+    return !parser.isSet(QStringLiteral("fail-on")) ||
+           read_fail_on(value("fail-on"), options.fail_on, exit_code);
+}
+
 } // namespace
 
 bool simulator_options::writes() const {
@@ -127,63 +186,22 @@ bool read_simulator_options(const QStringList& arguments, simulator_options& opt
     QCommandLineParser parser;
     parser.setApplicationDescription(QLatin1String(DESCRIPTION));
     add_options(parser);
-    parser.addHelpOption();
+    parser.addOption({{QStringLiteral("h"), QStringLiteral("help")}, QStringLiteral("Displays this help.")});
     parser.addVersionOption();
     if (!parser.parse(arguments)) {
-        return fail(parser.errorText(), exit_code);
+        QString fault = parser.errorText();
+        fault.chop(fault.endsWith(QLatin1Char('.')) ? 1 : 0);
+        return fail(fault, exit_code);
     }
-    if (parser.isSet(QStringLiteral("help"))) {
-        std::printf(
-            "%s\nExit codes: 0 good, 1 faults were found or a line of a script failed, 2 usage, 3 a file "
-            "cannot be read or written, or there is no display.\n",
-            parser.helpText().toUtf8().constData());
-        exit_code = SIMULATOR_GOOD;
-        return false;
-    }
-    if (parser.isSet(QStringLiteral("version"))) {
-        std::printf("panel_simulator " PANEL_VIEW_VERSION "\n");
+    if (tell_of_itself(parser)) {
         exit_code = SIMULATOR_GOOD;
         return false;
     }
     if (!parser.positionalArguments().isEmpty()) {
         return fail(QStringLiteral("unexpected \"%1\"").arg(parser.positionalArguments().first()), exit_code);
     }
-    const auto value = [&parser](const char* name) { return parser.value(QLatin1String(name)); };
-    options.screenshot = value("screenshot");
-    options.all_screens = value("all-screens");
-    options.report = value("report");
-    options.review = value("review");
-    options.compare_with = value("compare-with");
-    options.script = value("script");
-    options.screen = value("screen");
-    options.direction = value("direction");
-    options.lists_screens = parser.isSet(QStringLiteral("list-screens"));
-    options.has_overlay = parser.isSet(QStringLiteral("overlay"));
-    options.watches = parser.isSet(QStringLiteral("watch"));
-    options.prints_timing = parser.isSet(QStringLiteral("timing"));
-    options.is_verbose = parser.isSet(QStringLiteral("verbose"));
-    if (parser.isSet(QStringLiteral("service")) &&
-        !read_service_source(value("service"), options.service.emplace(service_source::AUTO))) {
-        return fail(QStringLiteral("--service is auto, none or own, not \"%1\"").arg(value("service")),
-                    exit_code);
-    }
-    if (parser.isSet(QStringLiteral("test-icons"))) {
-        qputenv("TEST_ICON_MESSAGE", "1");
-    }
-    if (!options.direction.isEmpty() && options.direction != QLatin1String("ltr") &&
-        options.direction != QLatin1String("rtl")) {
-        return fail(QStringLiteral("--direction is ltr or rtl, not \"%1\"").arg(options.direction),
-                    exit_code);
-    }
-    if (parser.isSet(QStringLiteral("language")) &&
-        !read_languages(value("language"), options.languages, exit_code)) {
-        return false;
-    }
-    if (parser.isSet(QStringLiteral("fail-on")) &&
-        !read_fail_on(value("fail-on"), options.fail_on, exit_code)) {
-        return false;
-    }
-    return check_options(parser, options, exit_code);
+    read_plain_values(parser, options);
+    return read_chosen_values(parser, options, exit_code) && check_options(parser, options, exit_code);
 }
 
 bool read_fault_classes(const QString& list, unsigned int& faults, QString& unknown) {

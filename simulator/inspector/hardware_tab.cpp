@@ -107,7 +107,7 @@ QWidget* hardware_tab::make_service() {
         layout->addWidget(button, place / KEY_COLUMNS, place % KEY_COLUMNS);
         ++place;
     }
-    add_value(*layout, 0, "Delay", "delay", new_field(0, MOST_DELAY, 2000, " ms"));
+    add_value(*layout, 0, "Delay", "delay", new_field(1, MOST_DELAY, 2000, " ms"));
     add_value(*layout, 3, "Refuse", "refuse", new_field(1, MOST_RESULT, 1, ""));
     return group;
 }

@@ -87,6 +87,12 @@ view_controls::view_controls(simulation& panel)
         QStringLiteral("TEST_ICON_MESSAGE is in the environment: a missing text shows its key, a "
                        "missing picture its name"));
     names_->setChecked(qEnvironmentVariableIsSet("TEST_ICON_MESSAGE"));
+    lay_out();
+    connect_fields();
+    show_languages();
+}
+
+void view_controls::lay_out() {
     auto* layout = new QGridLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->setHorizontalSpacing(6);
@@ -101,6 +107,9 @@ view_controls::view_controls(simulation& panel)
     checks->addWidget(names_);
     checks->addStretch(1);
     layout->addLayout(checks, 1, 2, 1, 2);
+}
+
+void view_controls::connect_fields() {
     connect(preferred_, qOverload<int>(&QComboBox::activated), this, [this] {
         simulation_.choose_preferred_language(simulation::choice_of(preferred_->currentData().toInt()));
     });
@@ -123,7 +132,6 @@ view_controls::view_controls(simulation& panel)
             apply_direction();
         }
     });
-    show_languages();
 }
 
 view_controls::~view_controls() {

@@ -23,6 +23,8 @@ public:
     void choose_direction(const QString& direction);
 
 private:
+    void lay_out();
+    void connect_fields();
     void show_languages();
     void apply_direction();
     void reload_texts();
