@@ -69,10 +69,11 @@ QJsonObject panel_report::text_json(const QString& place, const text_finding& te
         note(QStringLiteral("lies over another text"));
     }
     if (!text.missing_glyphs.isEmpty()) {
-        note(QStringLiteral("has characters that no font shows: %1").arg(text.missing_glyphs));
+        note(QStringLiteral("has characters that no font of the panel shows: %1").arg(text.missing_glyphs));
     }
     if (text.fell_back()) {
-        note(QStringLiteral("is shown in English"));
+        note(text.origin.has_no_text() ? QStringLiteral("has no text in this language")
+                                       : QStringLiteral("is shown in English"));
     }
     return {{QStringLiteral("id"), text.shown.message.id()},
             {QStringLiteral("name"), text.origin.name},

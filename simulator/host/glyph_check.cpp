@@ -1,6 +1,9 @@
 #include "glyph_check.h"
 
+#include "panel_fonts.h"
+
 #include <QGlyphRun>
+#include <QRawFont>
 #include <QTextLayout>
 #include <QVector>
 
@@ -11,9 +14,10 @@ namespace {
 /** Of the font's picture for what it does not have. */
 constexpr quint32 NO_GLYPH = 0;
 
+/** Nor has a panel the workstation's own fonts, which the toolkit falls back to. */
 bool has_no_glyph(const QList<QGlyphRun>& runs) {
     for (const QGlyphRun& run : runs) {
-        if (run.glyphIndexes().contains(NO_GLYPH)) {
+        if (run.glyphIndexes().contains(NO_GLYPH) || !is_panel_font(run.rawFont().familyName())) {
             return true;
         }
     }

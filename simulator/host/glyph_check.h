@@ -6,7 +6,7 @@
 
 namespace velarion {
 
-/** The characters of a text, each once, that neither the font nor its stand-ins can show. */
+/** The characters of a text, each once, that no font of the panel shows. */
 QString missing_glyphs(const QString& text, const QFont& font);
 
 } // namespace velarion

@@ -18,7 +18,8 @@ struct text_finding {
     QString missing_glyphs;
     bool overflows = false;
     bool overlaps = false; ///< another text is drawn over it, or under it
-    bool fell_back() const { return origin.fell_back_to_english(); }
+    /** Not in the language asked for, but in English or by its name. */
+    bool fell_back() const { return origin.fell_back_to_english() || origin.has_no_text(); }
     bool is_fault() const;
 };
 

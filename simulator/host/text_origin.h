@@ -40,6 +40,8 @@ struct text_origin {
     bool is_english() const;
     /** English where another language was asked for. */
     bool fell_back_to_english() const;
+    /** A message of which there is at most the name. */
+    bool has_no_text() const { return source == text_source::NAME || source == text_source::NO_MESSAGE; }
 };
 
 /** Finds where texts come from, by the rules of the language resource. GUI thread only. */

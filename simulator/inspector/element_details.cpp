@@ -37,10 +37,11 @@ QString describe_faults(const text_finding& text) {
         faults.append(QStringLiteral("overlaps another text"));
     }
     if (!text.missing_glyphs.isEmpty()) {
-        faults.append(QStringLiteral("no font shows %1").arg(code_points(text.missing_glyphs)));
+        faults.append(QStringLiteral("no font of the panel shows %1").arg(code_points(text.missing_glyphs)));
     }
     if (text.fell_back()) {
-        faults.append(QStringLiteral("fell back to English"));
+        faults.append(text.origin.has_no_text() ? QStringLiteral("there is no text")
+                                                : QStringLiteral("fell back to English"));
     }
     return faults.join(QStringLiteral("; "));
 }

@@ -50,9 +50,9 @@ findings_tab::findings_tab(const screen_index& index)
     const char* const hints[COLUMNS] = {"",
                                         "texts that their box cannot hold",
                                         "texts drawn over another",
-                                        "texts with characters that no font shows",
+                                        "texts with characters that no font of the panel shows",
                                         "pictures that are not there",
-                                        "texts in English where another language was asked for"};
+                                        "texts in English, or none, where another language was asked for"};
     for (int i = 0; i < COLUMNS; ++i) {
         table_->headerItem()->setToolTip(i, QLatin1String(hints[i]));
     }

@@ -1,5 +1,7 @@
 #include "dvc_pnl_rmg_language_resource.h"
+#include "glyph_check.h"
 #include "panel_findings.h"
+#include "panel_fonts.h"
 #include "panel_host.h"
 #include "panel_inspection.h"
 #include "panel_view.h"
@@ -10,6 +12,7 @@
 #include "theme.h"
 #include "units.h"
 
+#include <QFontDatabase>
 #include <gtest/gtest.h>
 
 #include <memory>
@@ -146,6 +149,7 @@ TEST_F(findings, tell_texts_that_overflow_overlap_or_lack_glyphs) {
     add(QString::fromUtf8("one\ntwo\u200f"), QRect(0, 0, 200, 60), QSize(60, 40));
     add(QString::fromUtf8("\uE123 two \uE123\U0010FFFD"), QRect(50, 0, 200, 60), QSize(60, 40));
     add(QStringLiteral("beside"), QRect(110, 0, 100, 30), QSize(101, 20));
+    contents.texts.back().message = message_text("99999999");
     const panel_findings found = examiner_.examine(contents);
     EXPECT_EQ(found.texts[0].missing_glyphs, QString());
     EXPECT_EQ(found.texts[1].missing_glyphs, QString::fromUtf8("\uE123\U0010FFFD"));
@@ -153,4 +157,16 @@ TEST_F(findings, tell_texts_that_overflow_overlap_or_lack_glyphs) {
     EXPECT_FALSE(found.texts[2].overlaps);
     EXPECT_EQ(found.counts.overflows, 1);
     EXPECT_EQ(found.counts.faults(), 4);
+    EXPECT_EQ(found.counts.fall_backs, 1); // there is no such message
+}
+
+TEST_F(findings, the_fonts_of_the_workstation_show_nothing_on_a_panel) {
+    EXPECT_EQ(missing_glyphs(QStringLiteral("bar"), font_of(text_role::BODY)), QString());
+    for (const QString& family : QFontDatabase().families()) {
+        const QString name = family.section(QStringLiteral(" ["), 0, 0); // of its foundry
+        if (!is_panel_font(name)) {
+            EXPECT_EQ(missing_glyphs(QStringLiteral("a bar"), QFont(name)), QStringLiteral("abr"));
+            break;
+        }
+    }
 }
