@@ -1,4 +1,5 @@
 #include "dvc_pnl_rmg_language_resource.h"
+#include "filled_rows.h"
 #include "glyph_check.h"
 #include "panel_findings.h"
 #include "panel_fonts.h"
@@ -12,6 +13,7 @@
 #include "theme.h"
 #include "units.h"
 
+#include <QFile>
 #include <QFontDatabase>
 #include <gtest/gtest.h>
 
@@ -91,7 +93,6 @@ TEST_F(findings, tell_the_language_that_a_text_came_from) {
         {{49, 0}, {1, 0}, "1", text_source::STANDARD_LANGUAGE, text_selection::PREFERRED, 1, false},
         {{7, 0}, {0, 0}, "1", text_source::STANDARD_LANGUAGE, text_selection::STANDARD, 7, false},
         {{1, 0}, {999, 972}, "1", text_source::OPTION_LANGUAGE, text_selection::PREFERRED, 972, false},
-        {{1, 0}, {999, 972}, "13936", text_source::OPTION_LANGUAGE, text_selection::PREFERRED, 972, true},
         {{49, 0}, {5, 0}, "1", text_source::STANDARD_LANGUAGE, text_selection::STANDARD_STEP, 49, false},
         {{999, 972}, {5, 0}, "1", text_source::OPTION_LANGUAGE, text_selection::STANDARD_STEP, 972, false},
         {{5, 0}, {5, 0}, "1", text_source::STANDARD_LANGUAGE, text_selection::ENGLISH_STEP, 1, true},
@@ -111,6 +112,16 @@ TEST_F(findings, tell_the_language_that_a_text_came_from) {
         EXPECT_EQ(origin.fell_back_to_english(), row.fell_back);
     }
     language().dvc_pnl_rmg_cancel_preferred_language_id();
+}
+
+/** Whether or not messages of the sample use such a row. */
+TEST_F(findings, know_the_rows_that_the_build_of_a_pack_filled) {
+    QFile list(QStringLiteral("/mnt/optlang/972/panel/attr/filled_rows.txt"));
+    ASSERT_TRUE(list.open(QIODevice::ReadOnly));
+    const int filled = list.readAll().trimmed().split('\n').last().toInt();
+    EXPECT_TRUE(filled_rows().contains(972, filled, QStringLiteral("English")));
+    EXPECT_FALSE(filled_rows().contains(972, 2, QStringLiteral("Copy")));
+    EXPECT_FALSE(filled_rows().contains(972, filled, QStringLiteral("100 %")));
 }
 
 TEST_F(findings, tell_the_file_of_a_picture_and_whether_the_cache_had_it) {
