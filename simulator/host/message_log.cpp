@@ -2,6 +2,7 @@
 
 #include "device_names.h"
 #include "dvc_pnl_dec_communication.h"
+#include "message_socket.h"
 
 #include <QStringList>
 
@@ -101,7 +102,6 @@ message_entry describe_bytes(const watched_message& message) {
         entry.function = QStringLiteral("%1 bytes that are no message of the service").arg(message.length);
         entry.is_good = false;
     }
-    entry.time = QTime::currentTime().addMSecs(-static_cast<int>(message.microseconds / 1000));
     entry.ms = static_cast<double>(message.microseconds) / 1000;
     return entry;
 }
@@ -139,7 +139,7 @@ message_log::~message_log() {
 void message_log::take_request(const watched_message& request) {
     message_entry entry = describe_bytes(request);
     describe_result(request, entry);
-    queue_.post([this, entry] { add(entry); });
+    queue_.post([this, entry, begun = request.begun] { add(entry, begun); });
 }
 
 /** Greetings and lost connections are the message layer's own. */
@@ -148,11 +148,12 @@ void message_log::take_notification(const watched_message& notification) {
     if (read_ipc_header(notification.bytes, notification.length, header) && header.kind == IPC_NOTIFICATION) {
         message_entry entry = describe_bytes(notification);
         entry.is_notification = true;
-        queue_.post([this, entry] { add(entry); });
+        queue_.post([this, entry, begun = notification.begun] { add(entry, begun); });
     }
 }
 
-void message_log::add(message_entry entry) {
+void message_log::add(message_entry entry, std::int64_t begun) {
+    entry.time = QTime::currentTime().addMSecs(static_cast<int>(begun - monotonic_milliseconds()));
     if (entries_.size() == MOST_ENTRIES) {
         entries_.pop_front();
     }

@@ -48,7 +48,7 @@ Q_SIGNALS:
 private:
     void take_request(const watched_message& request) override;
     void take_notification(const watched_message& notification) override;
-    void add(message_entry entry);
+    void add(message_entry entry, std::int64_t begun);
 
     std::deque<message_entry> entries_;
     event_loop_queue queue_;
