@@ -138,10 +138,17 @@ void draw_control(svg_canvas& canvas, const picture_name& name, const palette& c
                                                                          : colors.foreground;
         canvas.path(part == "up" ? "M14 29l10-10 10 10" : "M14 19l10 10 10-10", {color, "", 2.5});
     } else if (part == "knob" && name.word(2) == "slider") {
-        canvas.circle(24, 24, 18,
-                      {colors.background, name.state == picture_state::OFF ? colors.dim : colors.accent, 4});
+        const bool is_pressed = name.state == picture_state::PRESSED;
+        canvas.circle(24, 24, is_pressed ? 20 : 18,
+                      {is_pressed ? colors.foreground : colors.background,
+                       name.state == picture_state::OFF ? colors.dim : colors.accent, 4});
+    } else if (part == "knob") {
+        const std::string fill = name.state == picture_state::OFF       ? colors.line
+                                 : name.state == picture_state::PRESSED ? colors.accent
+                                                                        : colors.dim;
+        fill_rounded(canvas, {fill, fill}, 6);
     } else {
-        fill_rounded(canvas, part == "knob" ? look{colors.dim, colors.dim} : how, 6);
+        fill_rounded(canvas, how, 6);
     }
 }
 
@@ -167,7 +174,7 @@ void draw_progress(svg_canvas& canvas, const picture_name& name, const palette& 
 void draw_function_key(svg_canvas& canvas, const picture_name& name, const palette& colors) {
     look how = look_of(name, colors.raised);
     const std::string lamp = has_word(name, "start") ? colors.ok : has_word(name, "stop") ? colors.error : "";
-    if (!lamp.empty() && name.state != picture_state::OFF) {
+    if (!lamp.empty() && name.state != picture_state::OFF && name.state != picture_state::SELECTED) {
         how.edge = lamp;
     }
     fill_rounded(canvas, how, 14);
@@ -206,9 +213,12 @@ void draw_component(svg_canvas& canvas, const picture_name& name, const glyph_bo
         draw_progress(canvas, name, colors);
     } else if (kind == "key") {
         draw_function_key(canvas, name, colors);
+    } else if (kind == "frame") {
+        look how = look_of(name, colors.background);
+        how.edge = name.state == picture_state::OFF ? colors.surface : how.edge;
+        fill_rounded(canvas, how, 10);
     } else {
-        fill_rounded(canvas, look_of(name, kind == "frame" ? colors.background : colors.raised),
-                     kind == "tile" ? 14 : 10);
+        fill_rounded(canvas, look_of(name, colors.raised), kind == "tile" ? 14 : 10);
     }
 }
 

@@ -29,6 +29,11 @@ public:
 
     bool has(const std::string& word) const { return glyphs_.count(word) != 0; }
 
+    /** Whether two words have one and the same pictogram. */
+    bool are_alike(const std::string& word, const std::string& other) const {
+        return has(word) && has(other) && glyphs_.at(word) == glyphs_.at(other);
+    }
+
     /** Draws a glyph onto a square of the canvas; a word without a glyph draws nothing. */
     void draw(svg_canvas& canvas, const std::string& word, double x, double y, double size,
               const palette& colors) const;

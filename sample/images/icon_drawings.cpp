@@ -16,6 +16,7 @@ constexpr double SIZE = GLYPH_SIZE;
 constexpr double BADGE_PLACE = 38;
 constexpr double BADGE_RADIUS = 7.5;
 constexpr char FALLBACK_GLYPH[] = "picture";
+constexpr char NUMBERED_TRAY[] = "numbered_tray";
 
 struct mark_sign {
     std::string palette::*plate;
@@ -41,6 +42,16 @@ void draw_ring(svg_canvas& canvas, double phase, const palette& colors) {
         canvas.circle(BADGE_PLACE + 6.5 * std::cos(angle), BADGE_PLACE + 6.5 * std::sin(angle), 1.7,
                       {"", color});
     }
+}
+
+/** A clock whose hand goes round. */
+void draw_clock(svg_canvas& canvas, double phase, const palette& colors) {
+    const double angle = phase * 2 * PI;
+    const std::string middle = "M" + std::to_string(BADGE_PLACE) + ' ' + std::to_string(BADGE_PLACE);
+    canvas.circle(BADGE_PLACE, BADGE_PLACE, BADGE_RADIUS, {"", colors.accent});
+    canvas.path(middle + "l" + std::to_string(4.6 * std::sin(angle)) + ' ' +
+                    std::to_string(-4.6 * std::cos(angle)) + middle + "h2.6",
+                {colors.foreground, "", 2.2});
 }
 
 /** Three arrow heads below the pictogram, one lit after the other. */
@@ -72,6 +83,9 @@ void draw_motion(svg_canvas& canvas, const picture_name& name, double phase, con
         if (phase < 0.5) {
             draw_mark(canvas, picture_mark::ERROR, BADGE_PLACE, BADGE_PLACE, BADGE_RADIUS, colors);
         }
+        break;
+    case picture_motion::CLOCK:
+        draw_clock(canvas, phase, colors);
         break;
     case picture_motion::RING:
         draw_ring(canvas, phase, colors);
@@ -128,12 +142,11 @@ badge badge_of(const picture_name& name, bool has_context) {
 }
 
 /** The last word is the thing, the first what it belongs to; of a fault the first word is where it is. */
-icon_plan plan_of(const picture_name& name) {
+icon_plan plan_of(const picture_name& name, const glyph_book& book) {
     icon_plan plan{badge::NONE, FALLBACK_GLYPH, "", &palette::accent, ""};
     if (!name.glyphs.empty()) {
         plan.glyph = name.glyphs.back();
-        const bool is_too_small = name.size == "s";
-        plan.context = is_too_small || name.glyphs.front() == plan.glyph ? "" : name.glyphs.front();
+        plan.context = book.are_alike(name.glyphs.front(), plan.glyph) ? "" : name.glyphs.front();
     }
     plan.kind = badge_of(name, !plan.context.empty());
     if (plan.kind == badge::CONTEXT && name.mark == picture_mark::ERROR) {
@@ -141,6 +154,10 @@ icon_plan plan_of(const picture_name& name) {
         plan.context_color = &palette::error;
     }
     plan.text = name.number.empty() ? name.label : name.number;
+    if (book.are_alike(plan.glyph, "tray") && !name.number.empty()) {
+        plan.glyph = NUMBERED_TRAY; // which its number stands on
+        plan.text.clear();
+    }
     return plan;
 }
 
@@ -148,6 +165,15 @@ void draw_text(svg_canvas& canvas, const std::string& text, double bottom, const
     const double height = text.size() > 2 ? 8 : 10;
     canvas.text(text, 44.5 - stroke_text_width(text, height) / 2, bottom - height / 2, height, colors.accent,
                 2.2);
+}
+
+/** A small picture has a larger badge, or nothing of it could be told. */
+void draw_context(svg_canvas& canvas, const picture_name& name, const icon_plan& plan, const glyph_book& book,
+                  const palette& colors) {
+    const double size = name.size == "s" ? 22 : 18;
+    const double place = SIZE - 1.5 - size;
+    book.draw(canvas, plan.context, place, place, size,
+              one_color_palette(colors, colors.*plan.context_color));
 }
 
 void draw_badge(svg_canvas& canvas, const picture_name& name, const icon_plan& plan, const glyph_book& book,
@@ -163,8 +189,7 @@ void draw_badge(svg_canvas& canvas, const picture_name& name, const icon_plan& p
         draw_level(canvas, name.level, colors);
         break;
     case badge::CONTEXT:
-        book.draw(canvas, plan.context, 28.5, 28.5, 18,
-                  one_color_palette(colors, colors.*plan.context_color));
+        draw_context(canvas, name, plan, book, colors);
         break;
     case badge::TEXT:
         draw_text(canvas, plan.text, 44.5, colors);
@@ -177,13 +202,15 @@ void draw_badge(svg_canvas& canvas, const picture_name& name, const icon_plan& p
     }
 }
 
-area glyph_place(badge kind, picture_motion motion) {
-    const bool is_below =
-        kind == badge::MOTION && motion != picture_motion::RING && motion != picture_motion::BLINK;
-    return kind == badge::NONE    ? area{0, 0, SIZE, SIZE}
-           : kind == badge::LEVEL ? area{1, 5, 36, 36}
-           : is_below             ? area{6, -0.5, 37, 37}
-                                  : area{0.5, 0.5, 34, 34};
+area glyph_place(badge kind, const picture_name& name) {
+    const picture_motion motion = name.motion;
+    const bool is_below = kind == badge::MOTION && motion != picture_motion::RING &&
+                          motion != picture_motion::CLOCK && motion != picture_motion::BLINK;
+    return kind == badge::NONE                          ? area{0, 0, SIZE, SIZE}
+           : kind == badge::LEVEL                       ? area{1, 5, 36, 36}
+           : is_below                                   ? area{6, -0.5, 37, 37}
+           : kind == badge::CONTEXT && name.size == "s" ? area{-0.5, -0.5, 31, 31}
+                                                        : area{0.5, 0.5, 34, 34};
 }
 
 /** A staple, a hole or a binding at one place along an edge of the sheet. */
@@ -224,9 +251,13 @@ void draw_icon(svg_canvas& canvas, const picture_name& name, const glyph_book& b
         colors.surface = colors.ink = plate; // what is cut out of the glyph shows the plate
         canvas.begin_group(4.08, 4.08, 0.83);
     }
-    const icon_plan plan = plan_of(name);
-    const area place = glyph_place(plan.kind, name.motion);
+    const icon_plan plan = plan_of(name, book);
+    const area place = glyph_place(plan.kind, name);
     book.draw(canvas, plan.glyph, place.x, place.y, place.width, colors);
+    if (plan.glyph == NUMBERED_TRAY) {
+        canvas.text(name.number, place.center_x(), place.y + place.height * 0.655, place.height * 0.23,
+                    colors.accent, 2.2);
+    }
     draw_badge(canvas, name, plan, book, phase, colors);
     if (plan.kind != badge::TEXT && plan.kind != badge::LEVEL) {
         draw_text(canvas, plan.text, 13, colors);
@@ -247,27 +278,17 @@ void draw_toner(svg_canvas& canvas, const picture_name& name, const glyph_book&,
         canvas.rect({13, 40 - height * 26 / 29.5, 22, height * 26 / 29.5}, 2, {"", colors.accent});
     }
     const char letter = name.word(2) == "black" ? 'K' : static_cast<char>(name.word(2)[0] - 'a' + 'A');
-    canvas.text(std::string(1, letter), 24, 27, 10, percent > 40 ? colors.ink : colors.foreground, 2.2);
+    canvas.text(std::string(1, letter), 24, 31.5, 10, percent > 40 ? colors.ink : colors.foreground, 2.2);
     if (percent < 20) {
         draw_mark(canvas, percent == 0 ? picture_mark::ERROR : picture_mark::WARNING, 38, 38, 8, colors);
     }
 }
 
 void draw_paper(svg_canvas& canvas, const picture_name& name, const glyph_book& book, double phase) {
-    if (name.label.empty() && name.number.empty()) {
+    if (name.label.empty()) {
         picture_name tray = name;
         tray.glyphs = {name.glyphs.empty() ? std::string(FALLBACK_GLYPH) : name.glyphs.back()};
         draw_icon(canvas, tray, book, phase);
-        return;
-    }
-    if (name.label.empty()) { // a tray: its number stands on it, what is in it beside it
-        picture_name tray = name;
-        tray.glyphs = {"numbered_tray"};
-        tray.number.clear();
-        draw_icon(canvas, tray, book, phase);
-        const area place = glyph_place(plan_of(tray).kind, name.motion);
-        canvas.text(name.number, place.center_x(), place.y + place.height * 0.645, place.height * 0.22,
-                    colors_of(name).accent, 2.2);
         return;
     }
     const palette colors = colors_of(name);
@@ -275,9 +296,13 @@ void draw_paper(svg_canvas& canvas, const picture_name& name, const glyph_book& 
     const bool lies = name.words.back() == "landscape";
     const area sheet = lies ? area{5.25, 10.25, 37.5, 27.5} : area{10.25, 5.25, 27.5, 37.5};
     canvas.rect(sheet, 2.5, {colors.foreground, colors.surface, 2.5});
-    const double room = sheet.width - 9;
-    const double height = std::min(11.0, 11 * room / stroke_text_width(text, 11));
-    canvas.text(text, 24, 24, height, colors.accent, 2.3);
+    const double room = sheet.width - 8;
+    const std::size_t in_a_line = lies || text.size() <= 3 ? text.size() : (text.size() + 1) / 2;
+    const std::string first = text.substr(0, in_a_line);
+    const double height = std::min(11.0, 11 * room / stroke_text_width(first, 11));
+    const double between = text.size() > in_a_line ? height * 0.8 : 0;
+    canvas.text(first, 24, 24 - between, height, colors.accent, 2.3);
+    canvas.text(text.substr(in_a_line), 24, 24 + between, height, colors.accent, 2.3);
 }
 
 void draw_finishing(svg_canvas& canvas, const picture_name& name, const glyph_book& book, double phase) {

@@ -56,6 +56,9 @@ void draw_popup(svg_canvas& canvas, const std::string& letter, const palette& co
                 "1-4-4v-16c0-6-8-8-8-14z",
                 {"", colors.raised});
     canvas.text(letter, 32, 26, 24, colors.foreground, 4);
+    if (letter == "0") { // or it could be taken for the letter
+        canvas.path("M28.5 31.5L35.5 20.5", {colors.foreground, "", 3});
+    }
 }
 
 const std::map<std::string, const char*> FIRST_KEYS = {

@@ -29,6 +29,10 @@ inline palette darker_palette() {
     colors.line = "#354554";
     colors.foreground = "#c3ccd4";
     colors.accent = "#2f86b6";
+    colors.dim = "#586779";
+    colors.warn = "#c08e2a";
+    colors.error = "#b93d41";
+    colors.ok = "#3b9360";
     return colors;
 }
 

@@ -10,6 +10,8 @@ namespace velarion {
 
 /** A pictogram with what qualifies it: state, mark, number, level, position, motion. */
 void draw_icon(svg_canvas& canvas, const picture_name& name, const glyph_book& book, double phase);
+/** What a scale of steps sets, above the scale; signal strength of a wireless network. */
+void draw_steps(svg_canvas& canvas, const picture_name& name, const glyph_book& book, double phase);
 /** A toner bottle: colour and level. */
 void draw_toner(svg_canvas& canvas, const picture_name& name, const glyph_book& book, double phase);
 /** A sheet with its size written on it, or a tray. */

@@ -38,6 +38,12 @@ bool has_states(const std::string& file) {
            file.substr(dot) == ".svg";
 }
 
+/** The stem without the word for the size at its end. */
+std::string without_size(const picture_name& name) {
+    const std::size_t size = name.size.empty() || name.words.back() != name.size ? 0 : name.size.size() + 1;
+    return name.stem.substr(0, name.stem.size() - size);
+}
+
 std::string state_of(const std::string& file, const char* suffix) {
     return std::string(file).insert(file.rfind('.'), suffix);
 }
@@ -179,10 +185,19 @@ bool picture_files::make(const std::string& file, std::string& fault) const {
     return name.extension == ".gif" ? make_movie(name, fault) : make_bitmap(name, fault);
 }
 
+/** A bitmap in another size than a drawn picture's shows what is drawn. */
+std::string picture_files::document_of(const picture_name& name) const {
+    std::string document;
+    const std::string same = std::string(name.is_darker ? "d_" : "") + without_size(name);
+    return is_drawn(same + ".svg") && read_file(path_of_drawn(same + ".svg"), document)
+               ? document
+               : draw_document(name, book_, 0);
+}
+
 bool picture_files::make_bitmap(const picture_name& name, std::string& fault) const {
     const picture_kind kind = kind_of(name);
     const QImage image =
-        render(draw_document(name, book_, 0), kind.width * kind.pixel_scale, kind.height * kind.pixel_scale);
+        render(document_of(name), kind.width * kind.pixel_scale, kind.height * kind.pixel_scale);
     return write_bitmap(output_, name.file, image, fault);
 }
 

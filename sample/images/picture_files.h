@@ -52,6 +52,7 @@ private:
     bool find_drawn(std::set<std::string>& names, std::string& fault) const;
     bool is_drawn(const std::string& file) const;
     std::string path_of_drawn(const std::string& file) const;
+    std::string document_of(const picture_name& name) const;
     bool make_bitmap(const picture_name& name, std::string& fault) const;
     bool make_movie(const picture_name& name, std::string& fault) const;
 

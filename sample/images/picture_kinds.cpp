@@ -15,11 +15,17 @@ struct named_kind {
 constexpr picture_kind ICON = {draw_icon, 48, 48, 4.0 / 3, 8, 12};
 
 /** The first that fits counts. */
-const std::array<named_kind, 19> KINDS = {{
+const std::array<named_kind, 25> KINDS = {{
     {"ico_toner_cyan", {draw_toner, 48, 48, 4.0 / 3, 8, 12}},
     {"ico_toner_magenta", {draw_toner, 48, 48, 4.0 / 3, 8, 12}},
     {"ico_toner_yellow", {draw_toner, 48, 48, 4.0 / 3, 8, 12}},
     {"ico_toner_black", {draw_toner, 48, 48, 4.0 / 3, 8, 12}},
+    {"ico_backlight_level_", {draw_steps, 48, 48, 4.0 / 3, 8, 12}},
+    {"ico_contrast_level_", {draw_steps, 48, 48, 4.0 / 3, 8, 12}},
+    {"ico_density_level_", {draw_steps, 48, 48, 4.0 / 3, 8, 12}},
+    {"ico_sharpness_level_", {draw_steps, 48, 48, 4.0 / 3, 8, 12}},
+    {"ico_sound_level_", {draw_steps, 48, 48, 4.0 / 3, 8, 12}},
+    {"ico_starea_wifi_signal_", {draw_steps, 48, 48, 4.0 / 3, 8, 12}},
     {"ico_paper_", {draw_paper, 48, 48, 4.0 / 3, 8, 12}},
     {"ico_finishing_", {draw_finishing, 48, 48, 4.0 / 3, 8, 12}},
     {"ico_softkey_", {draw_key, 48, 48, 4.0 / 3, 8, 12}},

@@ -31,10 +31,10 @@ const std::map<std::string, picture_motion> MOTIONS = {
     {"saving", picture_motion::INWARD},    {"scanning", picture_motion::SCAN},
     {"reading", picture_motion::SCAN},     {"checking", picture_motion::SCAN},
     {"searching", picture_motion::SCAN},   {"error", picture_motion::BLINK},
-    {"cancelling", picture_motion::BLINK}, {"stopping", picture_motion::BLINK},
-    {"processing", picture_motion::RING},  {"waiting", picture_motion::RING},
+    {"cancelling", picture_motion::RING},  {"stopping", picture_motion::RING},
+    {"processing", picture_motion::RING},  {"waiting", picture_motion::CLOCK},
     {"connecting", picture_motion::RING},  {"loading", picture_motion::RING},
-    {"updating", picture_motion::RING},    {"deleting", picture_motion::BLINK},
+    {"updating", picture_motion::RING},    {"deleting", picture_motion::RING},
     {"cleaning", picture_motion::SCAN},    {"adjusting", picture_motion::RING}};
 
 const std::map<std::string, std::string> COLORS = {

@@ -10,7 +10,7 @@ namespace velarion {
 
 enum class picture_state { PLAIN, SELECTED, PRESSED, OFF };
 enum class picture_mark { NONE, ERROR, WARNING, COMPLETED, WAITING, SUSPENDED, CANCELLED, LOCKED };
-enum class picture_motion { RING, OUTWARD, INWARD, SCAN, BLINK };
+enum class picture_motion { RING, OUTWARD, INWARD, SCAN, BLINK, CLOCK };
 
 /** What the words of a picture's file name say. */
 struct picture_name {

@@ -79,6 +79,23 @@ TEST(sample_images, names_are_read_as_words) {
     EXPECT_EQ(read_picture_name("ico_status_error.svg", book()).glyphs, std::vector<std::string>{"error"});
 }
 
+TEST(sample_images, what_is_not_the_same_looks_different) {
+    const std::pair<const char*, const char*> rows[] = {
+        {"ico_fax_waiting.gif", "ico_fax_processing.gif"},
+        {"gra_key_popup_0.png", "gra_key_popup_O.png"},
+        {"ico_function_encrypt.svg", "ico_function_password.svg"},
+        {"ico_maintenance_registration.svg", "ico_maintenance_roller.svg"},
+        {"ico_addressbook_add_s.png", "ico_addressbook_group_add_s.png"},
+        {"ico_softkey_delete.svg", "ico_softkey_backspace.svg"},
+        {"gra_component_scroll_knob.svg", "gra_component_scroll_knob_pressed.svg"},
+    };
+    for (const auto& [file, other] : rows) {
+        const std::string drawn = draw_document(read_picture_name(file, book()), book(), 0);
+        const std::string others = draw_document(read_picture_name(other, book()), book(), 0);
+        EXPECT_NE(drawn.substr(drawn.find("</title>")), others.substr(others.find("</title>"))) << file;
+    }
+}
+
 TEST(sample_images, faults_of_the_pictograms_are_reported) {
     const scratch_folder folder;
     folder.write("glyphs.tsv", "words\tdrawing\na\tl M0 0h9\nb,a\tl M0 0h9\nc\tl o 1 2\nd\tx M0 0\n");
@@ -117,7 +134,9 @@ TEST(sample_images, a_movie_keeps_colours_transparency_and_pace) {
 TEST(sample_images, the_builder_takes_drawn_pictures_first_and_removes_its_old_ones) {
     const scratch_folder folder;
     const std::string header = "id\tname\tfile\n";
-    folder.write("catalogue/images.tsv", header + "1\tA\tico_globalnavi_home.svg\n2\tB\tunheard_of.png\n");
+    folder.write(
+        "catalogue/images.tsv",
+        header + "1\tA\tico_globalnavi_home.svg\n2\tB\tunheard_of.png\n3\tC\tico_globalnavi_home_s.png\n");
     folder.write("drawn/ico_globalnavi_home.svg", "<svg xmlns=\"http://www.w3.org/2000/svg\"/>");
     folder.write("out/own.png", "not of the builder");
     std::filesystem::create_symlink(folder.path("beside"), folder.path("out/unheard_of.png"));
@@ -130,6 +149,8 @@ TEST(sample_images, the_builder_takes_drawn_pictures_first_and_removes_its_old_o
     EXPECT_FALSE(std::filesystem::exists(folder.path("beside")));
     EXPECT_EQ(folder.read("out/ico_globalnavi_home.svg"), folder.read("drawn/ico_globalnavi_home.svg"));
     EXPECT_FALSE(QImage(toolkit_path(folder.path("out/unheard_of.png"))).isNull());
+    EXPECT_EQ(QImage(toolkit_path(folder.path("out/ico_globalnavi_home_s.png"))).pixel(16, 16),
+              0U); // as drawn
     folder.write("catalogue/images.tsv", header + "2\tB\tico_softkey_ok.svg\n");
     EXPECT_EQ(build("no folder"), 3);
     EXPECT_TRUE(std::filesystem::exists(folder.path("out/ico_globalnavi_home_on.svg")));
