@@ -1,7 +1,8 @@
 #include "panel_fonts.h"
 
+#include "stand_in_fonts.h"
+
 #include <QDir>
-#include <QFont>
 #include <QFontDatabase>
 #include <QMap>
 #include <QStringList>
@@ -12,23 +13,10 @@ namespace {
 
 constexpr char FONT_FOLDER[] = "/tmp/fonts/";
 
-/** Families that the panel's fonts have, and what a workstation shows in their place. */
-struct stand_in_font {
-    const char* family;
-    const char* stand_in;
-};
-
-constexpr stand_in_font STAND_INS[] = {{"Univers OTS", "Liberation Sans"},
-                                       {"HeiseiKakuGothW5_JIS0213C", "VL PGothic"}};
-
 /** Families of each file. What was loaded stays: a font that is in use may not go. */
 QMap<QString, QStringList>& loaded_fonts() {
     static QMap<QString, QStringList> fonts;
     return fonts;
-}
-
-bool is_same(const QString& left, const QString& right) {
-    return left.compare(right, Qt::CaseInsensitive) == 0;
 }
 
 } // namespace
@@ -44,17 +32,13 @@ void load_panel_fonts() {
             loaded_fonts()[name] = QFontDatabase::applicationFontFamilies(font);
         }
     }
-    for (const stand_in_font& font : STAND_INS) {
-        QFont::insertSubstitution(QLatin1String(font.family), QLatin1String(font.stand_in));
-    }
+    use_stand_in_fonts();
 }
 
 bool is_panel_font(const QString& family) {
     const QString first = family.section(QLatin1Char(','), 0, 0).trimmed(); // a font may ask for several
-    for (const stand_in_font& font : STAND_INS) {
-        if (is_same(first, QLatin1String(font.stand_in))) {
-            return true;
-        }
+    if (is_stand_in_font(first)) {
+        return true;
     }
     for (const QStringList& families : loaded_fonts()) {
         if (families.contains(first, Qt::CaseInsensitive)) {
