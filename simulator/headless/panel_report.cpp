@@ -29,6 +29,14 @@ QJsonObject font_json(const QFont& font) {
             {QStringLiteral("weight"), font.weight()}};
 }
 
+QJsonArray sizes_json(const shown_text& text) {
+    QJsonArray sizes;
+    for (const int size : text.font_sizes) {
+        sizes.append(size);
+    }
+    return sizes;
+}
+
 QString describe_size(const QSize& size) {
     return QStringLiteral("%1 x %2").arg(size.width()).arg(size.height());
 }
@@ -81,11 +89,15 @@ QJsonObject panel_report::text_json(const QString& place, const text_finding& te
             {QStringLiteral("language"), text.origin.language_id},
             {QStringLiteral("origin"), describe_origin(text.origin)},
             {QStringLiteral("text"), text.shown.text},
+            {QStringLiteral("arguments"), QJsonArray::fromStringList(text.shown.message.arguments())},
             {QStringLiteral("box"), box_json(text.shown.box)},
+            {QStringLiteral("room"),
+             size_json(text.shown.room.isEmpty() ? text.shown.box.size() : text.shown.room)},
             {QStringLiteral("needed"), size_json(text.shown.needed)},
             {QStringLiteral("wrap"), text.shown.wraps},
             {QStringLiteral("lines"), text.shown.lines},
             {QStringLiteral("font"), font_json(text.shown.font)},
+            {QStringLiteral("font_sizes"), sizes_json(text.shown)},
             {QStringLiteral("overflow"), text.overflows},
             {QStringLiteral("overlaps"), text.overlaps},
             {QStringLiteral("fallback"), text.fell_back()},

@@ -68,6 +68,7 @@ button_boxes lay_out_row_with_value(const QRect& rect, const button_content& con
         boxes.value = boxes.text;
         const int most = boxes.text.width() * VALUE_SHARE / 100;
         boxes.value.setLeft(boxes.text.right() + 1 - qMin(most, content.value.size_hint(most).width() + 1));
+        boxes.value_room = QSize(most, boxes.value.height());
         boxes.text.setRight(boxes.value.left() - px(grid::space));
     }
     return boxes;
@@ -83,6 +84,7 @@ button_boxes lay_out_setting(const QRect& rect, const button_content& content) {
     boxes.text.setHeight(name);
     boxes.value = boxes.text.translated(0, name);
     boxes.value.setHeight(value);
+    boxes.value_room = QSize(boxes.value.width(), room);
     return boxes;
 }
 

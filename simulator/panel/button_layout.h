@@ -18,6 +18,7 @@ enum class button_form {
 
 /** Where the parts of a button stand, px; empty boxes for parts that it does not have. */
 struct button_boxes {
+    QSize value_room; ///< that the value may grow to; empty: it does not
     QRect picture;
     QRect text;
     QRect value;

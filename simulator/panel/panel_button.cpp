@@ -146,7 +146,7 @@ void panel_button::describe(panel_contents& contents) const {
     picture_.describe(places.picture, contents);
     if (form_ != button_form::PICTURE) {
         text_.describe(places.text, contents);
-        value_.describe(places.value, contents);
+        value_.describe(places.value, contents, places.value_room);
     }
     badge_.describe(badge_box(places.picture), contents);
 }

@@ -19,11 +19,14 @@ struct shown_text {
     message_text message;
     QString text;
     QRect box;    ///< that it may fill, px from the corner of its widget, or of the panel: panel_contents()
+    QSize room;   ///< that the box may grow to in another language, px; empty: the box does not
     QSize needed; ///< that it takes there, px
     bool wraps = false;
     int lines = 1;
     Qt::Alignment alignment;
     QFont font;
+    std::vector<int>
+        font_sizes; ///< px, that are tried in this order until the text fits; empty: the font's own
     bool overflows() const { return needed.width() > box.width() || needed.height() > box.height(); }
 };
 

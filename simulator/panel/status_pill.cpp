@@ -71,7 +71,8 @@ QRect status_pill::text_box() const {
 
 void status_pill::describe(panel_contents& contents) const {
     picture_.describe(picture_box(), contents);
-    text_.describe(text_box(), contents);
+    const QRect box = text_box();
+    text_.describe(box, contents, QSize(box.width() + px(MOST_WIDTH) - width(), box.height()));
 }
 
 void status_pill::reload() {

@@ -13,6 +13,15 @@ bool fits(const QSize& needed, const QRect& box) {
     return needed.width() <= box.width() && needed.height() <= box.height();
 }
 
+/** The sizes that a text may be shown at, the largest first. */
+std::vector<int> sizes_from(QFont font) {
+    std::vector<int> sizes = {font.pixelSize()};
+    for (font = smaller_font(font); font.pixelSize() != sizes.back(); font = smaller_font(font)) {
+        sizes.push_back(font.pixelSize());
+    }
+    return sizes;
+}
+
 } // namespace
 
 void text_block::set_message(const message_text& message) {
@@ -66,7 +75,7 @@ void text_block::draw(QPainter& painter, const QRect& box, const QColor& color,
     painter.drawText(box, flags(), text_);
 }
 
-void text_block::describe(const QRect& box, panel_contents& contents) const {
+void text_block::describe(const QRect& box, panel_contents& contents, const QSize& room) const {
     if (text_.isEmpty()) {
         return;
     }
@@ -74,8 +83,10 @@ void text_block::describe(const QRect& box, panel_contents& contents) const {
     shown.message = message_;
     shown.text = text_;
     shown.box = box;
+    shown.room = room;
     shown.font = font_for(box);
     shown.needed = bounds(shown.font, box).size();
+    shown.font_sizes = sizes_from(font_);
     shown.wraps = wraps_;
     shown.alignment = alignment_;
     const QFontMetrics metrics(shown.font);

@@ -35,7 +35,7 @@ public:
 
     void draw(QPainter& painter, const QRect& box, const QColor& color, Qt::LayoutDirection direction) const;
     /** Adds how it is shown in a box, unless it is empty. */
-    void describe(const QRect& box, panel_contents& contents) const;
+    void describe(const QRect& box, panel_contents& contents, const QSize& room = QSize()) const;
 
 private:
     int flags() const;
