@@ -35,6 +35,8 @@ Exit codes: 0 good, 1 the image list or the pictograms have errors, 2 usage, 3 a
 )";
 
 constexpr char OWN[] = "--own";
+/** In the output, for those who look at pictures later; not there when there is none. */
+constexpr char GENERIC_LIST[] = "generic_pictures.txt";
 
 using option_values = std::map<std::string, std::string>;
 
@@ -75,7 +77,15 @@ void show_progress(std::size_t done, std::size_t all) {
 bool make_all(const picture_files& maker, const std::set<std::string>& files, const std::string& output,
               std::string& fault) {
     std::set<std::string> names;
-    if (!maker.find_names(files, names, fault) || !replace_written_files(output, names, fault)) {
+    std::string generic;
+    for (const std::string& file : files) {
+        generic += maker.is_generic(file) ? file + '\n' : "";
+    }
+    if (!generic.empty()) {
+        names.insert(GENERIC_LIST);
+    }
+    if (!maker.find_names(files, names, fault) || !replace_written_files(output, names, fault) ||
+        (!generic.empty() && !output_folder(output).write(GENERIC_LIST, generic, fault))) {
         return false;
     }
     std::size_t done = 0;
