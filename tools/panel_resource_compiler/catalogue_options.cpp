@@ -1,7 +1,5 @@
 #include "catalogue_options.h"
 
-#include "checks.h"
-
 #include <algorithm>
 #include <iterator>
 
@@ -20,22 +18,24 @@ bool starts_with(const std::string& text, const std::string& prefix) {
     return text.compare(0, prefix.size(), prefix) == 0;
 }
 
-std::string check_help() {
+std::string check_help(check_area area) {
     std::string help = "makes errors of what a check finds; the checks are";
     for (const catalogue_check* check = SELECTABLE_CHECKS; check->name; ++check) {
-        help += std::string("\n  ") + check->name + ": " + check->summary;
+        if (check->area == area) {
+            help += std::string("\n  ") + check->name + ": " + check->summary;
+        }
     }
     return help;
 }
 
 } // namespace
 
-void add_catalogue_options(command_options& options, catalogue_options& line) {
+void add_catalogue_options(command_options& options, catalogue_options& line, check_area area) {
     options.require("catalogue", "DIR", line.catalogue,
                     "folder that holds messages.tsv, texts/<language>.tsv and images.tsv");
     options.letter('W', "no-CHECK", line.warnings, "leaves out what a check finds");
     options.letter('W', "no-error=CHECK", line.warnings, "makes no errors of what a check finds");
-    options.letter('W', "error=CHECK", line.warnings, check_help().c_str());
+    options.letter('W', "error=CHECK", line.warnings, check_help(area).c_str());
     options.flag("all", line.shows_all, "shows all findings of each check, not only the first 20");
 }
 

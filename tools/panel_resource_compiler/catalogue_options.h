@@ -1,6 +1,7 @@
 #ifndef CATALOGUE_OPTIONS_H
 #define CATALOGUE_OPTIONS_H
 
+#include "checks.h"
 #include "command_options.h"
 #include "diagnostics.h"
 
@@ -16,7 +17,9 @@ struct catalogue_options {
     bool shows_all = false;
 };
 
-void add_catalogue_options(command_options& options, catalogue_options& line);
+/** @param area  whose checks the help tells */
+void add_catalogue_options(command_options& options, catalogue_options& line,
+                           check_area area = check_area::CATALOGUE);
 
 /**
  * Lets the reports be as the options say.

@@ -4,8 +4,8 @@
 #include "catalogue_rules.h"
 #include "catalogue_source.h"
 #include "checks.h"
+#include "findings_json.h"
 #include "ignore_list.h"
-#include "json_text.h"
 #include "keyboard_rules.h"
 #include "progress.h"
 #include "quoted_name_rules.h"
@@ -13,7 +13,6 @@
 #include <algorithm>
 #include <filesystem>
 #include <iostream>
-#include <map>
 #include <set>
 
 namespace velarion {
@@ -41,9 +40,6 @@ bool is_class(const std::string& name) {
     return std::any_of(std::begin(CLASSES), std::end(CLASSES),
                        [&name](const auto& each) { return each.name == name; });
 }
-
-/** How many findings of a check there are in each language. */
-using language_counts = std::map<std::string, std::map<std::string, std::size_t>>;
 
 /** One run of the command over a catalogue. */
 class catalogue_check_run {
@@ -182,16 +178,6 @@ private:
     std::set<std::string> wanted_; // languages; empty for all
 };
 
-language_counts count_languages(const diagnostics& report) {
-    language_counts counts;
-    for (const finding& found : report.findings()) {
-        if (!found.language.empty()) {
-            ++counts[found.check][found.language];
-        }
-    }
-    return counts;
-}
-
 void print_languages(const diagnostics& report) {
     for (const auto& [check, languages] : count_languages(report)) {
         std::cerr << check << ':';
@@ -200,39 +186,6 @@ void print_languages(const diagnostics& report) {
         }
         std::cerr << '\n';
     }
-}
-
-std::string json_of(const finding& found) {
-    return "{\"file\": " + json_text(found.place.file) + ", \"line\": " + std::to_string(found.place.line) +
-           ", \"column\": " + std::to_string(found.place.column) + ", \"severity\": \"" +
-           severity_name(found.kind) + "\", \"check\": " + json_text(found.check) +
-           ", \"language\": " + json_text(found.language) + ", \"subject\": " + json_text(found.subject) +
-           ", \"text\": " + json_text(found.text) + "}";
-}
-
-void print_json(const diagnostics& report, bool fails) {
-    std::cout << "{\"findings\": [";
-    const char* separator = "\n  ";
-    for (const finding& found : report.findings()) {
-        std::cout << separator << json_of(found);
-        separator = ",\n  ";
-    }
-    std::cout << "],\n \"checks\": {";
-    separator = "\n  ";
-    for (const auto& [check, languages] : count_languages(report)) {
-        std::cout << separator << json_text(check) << ": {";
-        const char* comma = "";
-        for (const auto& [language, count] : languages) {
-            std::cout << comma << json_text(language) << ": " << count;
-            comma = ", ";
-        }
-        std::cout << '}';
-        separator = ",\n  ";
-    }
-    std::cout << "},\n \"errors\": " << report.error_count()
-              << ", \"warnings\": " << report.count(severity::WARNING)
-              << ", \"remarks\": " << report.count(severity::REMARK)
-              << ", \"passed\": " << (fails ? "false" : "true") << "}\n";
 }
 
 void declare(command_options& options, check_line& line) {
@@ -280,7 +233,7 @@ int run_check_command(const std::vector<std::string>& arguments) {
         return options.usage_fault(fault);
     }
     if (line.is_json) {
-        print_json(report, run.fails());
+        print_findings_json(report, !run.fails());
     } else {
         print_languages(report);
         report.write_summary();

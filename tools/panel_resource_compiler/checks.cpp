@@ -2,6 +2,20 @@
 
 namespace velarion {
 
+namespace {
+
+template <typename PREDICATE> std::string names_of(PREDICATE is_wanted) {
+    std::string names;
+    for (const catalogue_check* check = SELECTABLE_CHECKS; check->name; ++check) {
+        if (is_wanted(*check)) {
+            names += (names.empty() ? "" : ", ") + std::string(check->name);
+        }
+    }
+    return names;
+}
+
+} // namespace
+
 const catalogue_check SELECTABLE_CHECKS[] = {
     {CHECK_PLACEHOLDERS, "placeholders missing, doubled or strange", check_class::BROKEN},
     {CHECK_CONTROL_CHARACTERS, "characters that a panel cannot show", check_class::BROKEN},
@@ -25,6 +39,31 @@ const catalogue_check SELECTABLE_CHECKS[] = {
     {CHECK_FONTS, "a font of a pack that is not installed"},
     {CHECK_EXTENSIONS, "a file that the panel takes for no picture"},
     {CHECK_STANDARD, "a pack named like a standard language"},
+    {CHECK_NO_FILE, "a row whose file is not there", check_class::OTHER, check_area::PICTURES},
+    {CHECK_NO_ROW, "a file that no row names", check_class::OTHER, check_area::PICTURES},
+    {CHECK_NO_STATE, "a state that most pictures which begin alike have", check_class::OTHER,
+     check_area::PICTURES},
+    {CHECK_NO_TWIN, "a darker twin that most of them have", check_class::OTHER, check_area::PICTURES},
+    {CHECK_GENERIC, "a picture that was made without a pictogram", check_class::OTHER, check_area::PICTURES},
+    {CHECK_SAME_PICTURE, "one drawing under two names", check_class::OTHER, check_area::PICTURES},
+    {CHECK_SAME_STATE, "a state that looks like another", check_class::OTHER, check_area::PICTURES},
+    {CHECK_VARIANT_SIZE, "variants of different sizes", check_class::OTHER, check_area::PICTURES},
+    {CHECK_BITMAP, "a bitmap that cannot be read, or is of another format", check_class::OTHER,
+     check_area::PICTURES},
+    {CHECK_RSVG, "a picture that librsvg draws otherwise", check_class::OTHER, check_area::PICTURES},
+    {CHECK_SVG_LOAD, "a document that the panel does not load", check_class::OTHER, check_area::PICTURES},
+    {CHECK_SVG_SIZE, "a document whose size is not clear", check_class::OTHER, check_area::PICTURES},
+    {CHECK_SVG_ELEMENT, "an element that is not drawn", check_class::OTHER, check_area::PICTURES},
+    {CHECK_SVG_PROPERTY, "a property that is not drawn", check_class::OTHER, check_area::PICTURES},
+    {CHECK_SVG_COLOR, "a colour that is not understood", check_class::OTHER, check_area::PICTURES},
+    {CHECK_SVG_UNIT, "a length that is not understood", check_class::OTHER, check_area::PICTURES},
+    {CHECK_SVG_STYLE, "a style that is not understood", check_class::OTHER, check_area::PICTURES},
+    {CHECK_SVG_HREF, "a reference that is not found", check_class::OTHER, check_area::PICTURES},
+    {CHECK_SVG_OPACITY, "parts that show through others", check_class::OTHER, check_area::PICTURES},
+    {CHECK_GLYPH, "a character that no font has", check_class::OTHER, check_area::GLYPHS},
+    {CHECK_FALLBACK, "a character that only another font has", check_class::OTHER, check_area::GLYPHS},
+    {CHECK_FAMILY, "a font that is not on this machine", check_class::OTHER, check_area::GLYPHS},
+    {CHECK_FIT, "a text that is larger than its place", check_class::OTHER, check_area::FIT},
     {nullptr, nullptr},
 };
 
@@ -42,11 +81,11 @@ bool is_selectable_check(const std::string& name) {
 }
 
 std::string selectable_check_names() {
-    std::string names;
-    for (const catalogue_check* check = SELECTABLE_CHECKS; check->name; ++check) {
-        names += (names.empty() ? "" : ", ") + std::string(check->name);
-    }
-    return names;
+    return names_of([](const catalogue_check&) { return true; });
+}
+
+std::string selectable_check_names(check_area area) {
+    return names_of([area](const catalogue_check& check) { return check.area == area; });
 }
 
 } // namespace velarion

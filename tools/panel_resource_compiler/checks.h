@@ -14,11 +14,20 @@ enum class check_class {
     SUSPICIOUS ///< likely a slip
 };
 
+/** What looks for a finding. */
+enum class check_area {
+    CATALOGUE, ///< the build and "check"
+    PICTURES,  ///< "images"
+    GLYPHS,    ///< "glyphs"
+    FIT        ///< "fit"
+};
+
 /** What can be found in a catalogue; the name stands behind each report, in "[...]". */
 struct catalogue_check {
     const char* name;
     const char* summary;
     check_class kind = check_class::OTHER;
+    check_area area = check_area::CATALOGUE;
 };
 
 // Faults: what the build cannot take.
@@ -60,6 +69,33 @@ inline constexpr char CHECK_FONTS[] = "fonts";
 inline constexpr char CHECK_EXTENSIONS[] = "extensions";
 inline constexpr char CHECK_STANDARD[] = "standard";
 
+// Pictures.
+inline constexpr char CHECK_NO_FILE[] = "no-file";
+inline constexpr char CHECK_NO_ROW[] = "no-row";
+inline constexpr char CHECK_NO_STATE[] = "no-state";
+inline constexpr char CHECK_NO_TWIN[] = "no-twin";
+inline constexpr char CHECK_GENERIC[] = "generic";
+inline constexpr char CHECK_SAME_PICTURE[] = "same-picture";
+inline constexpr char CHECK_SAME_STATE[] = "same-state";
+inline constexpr char CHECK_VARIANT_SIZE[] = "variant-size";
+inline constexpr char CHECK_BITMAP[] = "bitmap";
+inline constexpr char CHECK_RSVG[] = "rsvg";
+inline constexpr char CHECK_SVG_LOAD[] = "svg-load";
+inline constexpr char CHECK_SVG_SIZE[] = "svg-size";
+inline constexpr char CHECK_SVG_ELEMENT[] = "svg-element";
+inline constexpr char CHECK_SVG_PROPERTY[] = "svg-property";
+inline constexpr char CHECK_SVG_COLOR[] = "svg-color";
+inline constexpr char CHECK_SVG_UNIT[] = "svg-unit";
+inline constexpr char CHECK_SVG_STYLE[] = "svg-style";
+inline constexpr char CHECK_SVG_HREF[] = "svg-href";
+inline constexpr char CHECK_SVG_OPACITY[] = "svg-opacity";
+
+// Texts as they are drawn.
+inline constexpr char CHECK_GLYPH[] = "glyph";
+inline constexpr char CHECK_FALLBACK[] = "fallback";
+inline constexpr char CHECK_FAMILY[] = "family";
+inline constexpr char CHECK_FIT[] = "fit";
+
 /** The checks that -W takes, in the order in which they are told; ends with a null name. */
 extern const catalogue_check SELECTABLE_CHECKS[];
 
@@ -67,8 +103,9 @@ extern const catalogue_check SELECTABLE_CHECKS[];
 const catalogue_check* find_selectable_check(const std::string& name);
 bool is_selectable_check(const std::string& name);
 
-/** The names of SELECTABLE_CHECKS, for people: "a, b, c". */
+/** The names of all SELECTABLE_CHECKS, or of those of an area, for people: "a, b, c". */
 std::string selectable_check_names();
+std::string selectable_check_names(check_area area);
 
 } // namespace velarion
 

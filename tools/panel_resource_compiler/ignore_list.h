@@ -12,8 +12,9 @@ namespace velarion {
 
 /**
  * The findings that are meant to be, from ignore.tsv of a catalogue's folder: columns check, subject (the row
- * of a text, the id of a message or image, or a file), language ("de", "86", or "*" for every one and for
- * findings of no language) and reason.
+ * of a text, the id of a message or image, a file, a font, or a character as "U+00E4"), language ("de", "86",
+ * or
+ * "*" for every one and for findings of no language) and reason.
  */
 class ignore_list {
 public:

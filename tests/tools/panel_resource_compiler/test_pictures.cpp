@@ -130,7 +130,12 @@ TEST(pictures, a_state_or_twin_that_siblings_have_is_missed) {
                  "check\tsubject\tlanguage\treason\nno-state\tico_key_kk.svg\t*\thas one state\n");
     result = images(folder, failing);
     EXPECT_EQ(result.exit_code, 0) << result.errors;
+    EXPECT_EQ(images(folder, {"-Werror=no-twin"}).exit_code, 1);
     EXPECT_EQ(images(folder, {"--fail-on", "no-such"}).exit_code, 2);
+    folder.write("p/generic_pictures.txt", "ico_key_k.svg\n");
+    EXPECT_NE(
+        images(folder).errors.find("images.tsv:2:6: warning: image 1 N1: \"ico_key_k.svg\" is a general"),
+        std::string::npos);
 }
 
 TEST(pictures, texts_are_measured_and_looked_for_in_their_fonts) {
@@ -152,19 +157,41 @@ TEST(pictures, texts_are_measured_and_looked_for_in_their_fonts) {
     EXPECT_NE(result.errors.find("is in no font: rows 2; messages 1 [glyph]\n1 error,"), std::string::npos);
     EXPECT_EQ(result.errors.find("en.tsv"), std::string::npos);
 
-    const std::string text = "{\"id\":2,\"wrap\":";
-    const std::string font = ",\"font\":{\"family\":\"x\",\"px\":20,\"weight\":50}}";
-    folder.write("report.json",
-                 "{\"format\":\"panel_report/1\",\"screens\":[{\"screen\":\"home\",\"texts\":[" + text +
-                     "false,\"box\":[0,0,500,60]" + font + ',' + text + "false,\"box\":[0,0,30,300]" + font +
-                     ',' + text + "true,\"box\":[0,0,60,300]" + font + ',' + text +
-                     "true,\"box\":[0,0,60,20]" + font + "]}]}");
-    result =
-        run({"fit", "--report", folder.path("report.json"), "--fail-on", "fit", "--sheet", folder.path("s")});
+    EXPECT_NE(result.errors.find("de.tsv: remark: the font \"Univers OTS\" is not here; checked with \"Lib"),
+              std::string::npos);
+    folder.write("c/ignore.tsv", "check\tsubject\tlanguage\treason\nglyph\tU+F0000\tde\tmeant\n"
+                                 "family\tUnivers OTS\t*\tknown\nfit\t9\t*\tmay be\nglyph\tU+41\tde\tno\n");
+    result = run({"glyphs", "-Werror=fallback"});
+    EXPECT_EQ(result.exit_code, 0);
+    EXPECT_NE(result.errors.find("glyph in U+41 any more; remove the entry [ignore-list]\n0 errors, 1 w"),
+              std::string::npos)
+        << result.errors;
+
+    // Long enough for large sizes, shown in German, and where German has boxes of its own.
+    const auto text = [](const std::string& box, const std::string& more) {
+        return "{\"id\":\"2\",\"box\":[0,0," + box + "],\"font\":{\"px\":20,\"weight\":50}," + more + "}";
+    };
+    const std::string english = "{\"screen\":\"home\",\"language\":1,\"option_language\":0,\"texts\":[" +
+                                text("500,60", "\"wrap\":false") + ',' + text("30,300", "\"wrap\":false") +
+                                ',' + text("60,300", "\"wrap\":true") + ',' + text("60,20", "\"wrap\":true") +
+                                ',' + text("60,20", "\"wrap\":true,\"room\":[60,99]") + ',' +
+                                text("70,20", "\"font_sizes\":[20,14,8]") + "]}";
+    const std::string german = ",{\"screen\":\"scan\",\"language\":49,\"texts\":[" +
+                               text("120,300", "\"arguments\":[\"wide wide wide\"]") + "]}";
+    const std::vector<std::string> fit = {"fit", "--report", folder.path("r.json"), "--fail-on",
+                                          "fit", "--sheet",  folder.path("s")};
+    folder.write("r.json", R"({"format":"panel_report/1","screens":[)" + english + "]}");
+    result = run(fit);
     EXPECT_EQ(result.exit_code, 1);
     EXPECT_NE(result.errors.find("0 errors, 2 warnings"), std::string::npos) << result.errors;
     EXPECT_NE(result.errors.find("warning: message 2 on screen \"home\": needs "), std::string::npos);
     EXPECT_TRUE(std::filesystem::exists(folder.path("s/fit-de-01.png")));
-    folder.write("report.json", "{}");
-    EXPECT_EQ(run({"fit", "--report", folder.path("report.json")}).exit_code, 3);
+    folder.write("r.json", R"({"format":"panel_report/1","screens":[)" + english + german + "]}");
+    EXPECT_EQ(run(fit).exit_code, 0);
+    folder.write("c/texts/de.tsv", "row\ttext\n2\tA\n3\tA long %1\n");
+    EXPECT_EQ(run(fit).exit_code, 1);
+    folder.write("c/ignore.tsv", "check\tsubject\tlanguage\treason\nfit\t2\tde\tmeant\n");
+    EXPECT_EQ(run(fit).exit_code, 0);
+    folder.write("r.json", "{}");
+    EXPECT_EQ(run(fit).exit_code, 3);
 }

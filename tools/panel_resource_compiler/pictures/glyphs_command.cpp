@@ -1,17 +1,16 @@
 #include "authoring_subcommands.h"
-#include "catalogue_options.h"
+#include "ignore_list.h"
+#include "look_options.h"
 #include "message_catalogue.h"
+#include "offscreen_application.h"
 #include "panel_fonts.h"
-#include "picture_checks.h"
-#include "picture_report.h"
-#include "subcommand.h"
 
 #include <QChar>
 
 #include <algorithm>
-#include <filesystem>
 #include <iostream>
 #include <map>
+#include <set>
 
 namespace velarion {
 
@@ -81,91 +80,111 @@ std::string describe_rows(const character_use& use, const std::multimap<std::int
            (all == 0 ? "" : "; messages " + list_of(messages, all));
 }
 
-std::string describe_character(uint character) {
-    return QStringLiteral("U+%1 \"%2\"")
-        .arg(character, 4, 16, QLatin1Char('0'))
-        .toUpper()
-        .arg(QString::fromUcs4(&character, 1))
-        .toStdString();
+QString code_of(uint character) {
+    return QStringLiteral("U+") + QStringLiteral("%1").arg(character, 4, 16, QLatin1Char('0')).toUpper();
+}
+
+void report_families(const panel_language& language, diagnostics& report) {
+    for (const QString& family : families_of(language.family)) {
+        const QString shown = shown_family(QFont(family));
+        if (family.compare(shown, Qt::CaseInsensitive) != 0) {
+            report.add({{language.texts, 0},
+                        severity::REMARK,
+                        CHECK_FAMILY,
+                        "the font \"" + family.toStdString() + "\" is not here; checked with \"" +
+                            shown.toStdString() + "\" in its place",
+                        language.name,
+                        family.toStdString()});
+        }
+    }
 }
 
 void check_language(const panel_language& language, const std::multimap<std::int32_t, std::int32_t>& ids,
                     diagnostics& report) {
     const QFont font(language.family);
     const QString shown = shown_family(font);
-    for (const QString& family : families_of(language.family)) {
-        const QString taken = shown_family(QFont(family));
-        if (family.compare(taken, Qt::CaseInsensitive) != 0) {
-            report.remark(CHECK_FAMILY, {language.texts, 0},
-                          "the font \"" + family.toStdString() + "\" is not here; checked with \"" +
-                              taken.toStdString() + "\" in its place");
-        }
-    }
+    report_families(language, report);
     for (const auto& [character, use] : characters_of(language.texts, language.name, report)) {
         QString fallback;
         const glyph_origin origin = find_glyph(font, character, fallback);
-        const std::string what = describe_character(character);
+        const std::string code = code_of(character).toStdString();
+        const std::string what = code + " \"" + QString::fromUcs4(&character, 1).toStdString() + '"';
         if (origin == glyph_origin::NONE) {
-            report.error(CHECK_GLYPH, use.first, what + " is in no font: " + describe_rows(use, ids));
+            report.add({use.first, severity::ERROR, CHECK_GLYPH,
+                        what + " is in no font: " + describe_rows(use, ids), language.name, code});
         } else if (origin == glyph_origin::FALLBACK) {
-            report.remark(CHECK_FALLBACK, use.first,
-                          what + " is not in \"" + shown.toStdString() + "\" but in \"" +
-                              fallback.toStdString() + "\": " + describe_rows(use, ids));
+            report.add({use.first, severity::REMARK, CHECK_FALLBACK,
+                        what + " is not in \"" + shown.toStdString() + "\" but in \"" +
+                            fallback.toStdString() + "\": " + describe_rows(use, ids),
+                        language.name, code});
         }
     }
+}
+
+struct glyphs_line {
+    look_options look = {check_area::GLYPHS};
+    std::string device_tree;
+    std::vector<std::string> languages;
+};
+
+int check(const glyphs_line& line, const std::vector<panel_language>& languages, diagnostics& report) {
+    const std::string& catalogue = line.look.catalogue.catalogue;
+    load_panel_fonts(catalogue, line.device_tree);
+    const auto ignored = use_ignore_list(catalogue, report);
+    std::multimap<std::int32_t, std::int32_t> ids;
+    for (const catalogue_message& message : read_message_list(catalogue, report)) {
+        ids.emplace(message.row, message.id);
+    }
+    std::set<std::string> checked;
+    for (const panel_language& language : languages) {
+        check_language(language, ids, report);
+        checked.insert(language.name);
+    }
+    ignored->report_unused(
+        [&](const std::string& check, const std::string& language) {
+            return find_selectable_check(check)->area == check_area::GLYPHS && !report.is_disabled(check) &&
+                   (language == "*" ? line.languages.empty() : checked.count(language) != 0);
+        },
+        report);
+    return finish_look(line.look, report);
+}
+
+void declare(command_options& options, glyphs_line& line) {
+    add_look_options(options, line.look);
+    options.value("device-tree", "DIR", line.device_tree,
+                  "device whose font files are taken beside this machine's and the packs'");
+    options.values("language", "LANGUAGE", line.languages,
+                   "only this one, \"de\" or 49; may stand several times");
 }
 
 } // namespace
 
 int run_glyphs_command(const std::vector<std::string>& arguments) {
-    catalogue_options line;
-    std::string device_tree;
-    std::vector<std::string> wanted;
-    std::vector<std::string> failing;
-    bool is_json = false;
+    glyphs_line line;
     command_options options(
-        "glyphs", "Looks for each character of each text in the font that its language uses on the panel. A "
-                  "character that\nonly another font has is a remark, one that no font has an error.");
-    options.require("catalogue", "DIR", line.catalogue, "folder that holds messages.tsv, texts/ and packs/");
-    options.value("device-tree", "DIR", device_tree,
-                  "device whose font files are taken beside this machine's and the packs'");
-    options.values("language", "LANGUAGE", wanted,
-                   "only this one, \"de\" or the id of a pack; may stand several times");
-    options.values("fail-on", "CHECK", failing, "ends with 1 also when fallback or family finds something");
-    options.flag("json", is_json, "writes the findings as JSON on standard output");
-    options.flag("all", line.shows_all, "shows all findings of each check, not only the first 20");
+        "glyphs",
+        "Looks for each character of each text in the font that its language uses on the panel. A "
+        "character that\nonly another font has is a remark, one that no font has an error. Leaves out "
+        "what DIR/ignore.tsv lists:\nsubject is the character, \"U+00E4\".");
+    declare(options, line);
     if (const std::optional<int> end = options.read(arguments)) {
         return *end;
     }
-    const std::string fault = unknown_check_of(failing);
+    diagnostics report(std::cerr);
+    std::string fault = apply_look_options(line.look, report);
     if (!fault.empty()) {
         return options.usage_fault(fault);
     }
-    if (!device_tree.empty() && !std::filesystem::is_directory(device_tree)) {
-        return file_fault(device_tree + ": no such folder");
+    const std::vector<panel_language> languages =
+        panel_languages(line.look.catalogue.catalogue, line.languages, fault);
+    if (!fault.empty()) {
+        return options.usage_fault(fault);
+    }
+    if (!is_device_tree(line.device_tree, fault)) {
+        return file_fault(fault);
     }
     const offscreen_application application;
-    diagnostics report(std::cerr);
-    if (is_json) {
-        report.be_silent();
-    }
-    if (line.shows_all) {
-        report.show_all();
-    }
-    load_panel_fonts(line.catalogue, device_tree);
-    std::multimap<std::int32_t, std::int32_t> ids;
-    for (const catalogue_message& message : read_message_list(line.catalogue, report)) {
-        ids.emplace(message.row, message.id);
-    }
-    std::size_t checked = 0;
-    for (const panel_language& language : panel_languages(line.catalogue)) {
-        if (is_wanted_language(language, wanted)) {
-            check_language(language, ids, report);
-            ++checked;
-        }
-    }
-    return checked == 0 ? options.usage_fault("the catalogue has none of these languages")
-                        : finish_report(report, is_json, failing);
+    return check(line, languages, report);
 }
 
 } // namespace velarion

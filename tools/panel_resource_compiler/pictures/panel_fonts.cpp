@@ -2,6 +2,7 @@
 
 #include "message_catalogue.h"
 #include "option_pack.h"
+#include "stand_in_fonts.h"
 
 #include <QDirIterator>
 #include <QFontDatabase>
@@ -13,7 +14,7 @@
 #include <algorithm>
 #include <filesystem>
 #include <fstream>
-#include <sstream>
+#include <set>
 
 namespace velarion {
 
@@ -43,9 +44,7 @@ std::set<std::string> pack_folders_of(const std::string& catalogue) {
     return folders;
 }
 
-} // namespace
-
-std::vector<panel_language> panel_languages(const std::string& catalogue) {
+std::vector<panel_language> all_languages(const std::string& catalogue) {
     std::vector<panel_language> languages;
     for (std::size_t i = 0; i < STANDARD_LANGUAGE_NAMES.size(); ++i) {
         const std::string name = STANDARD_LANGUAGE_NAMES[i];
@@ -61,13 +60,38 @@ std::vector<panel_language> panel_languages(const std::string& catalogue) {
     return languages;
 }
 
-bool is_wanted_language(const panel_language& language, const std::vector<std::string>& wanted) {
-    return wanted.empty() || std::any_of(wanted.begin(), wanted.end(), [&language](const std::string& name) {
-               return name == language.name || name == std::to_string(language.id);
-           });
+} // namespace
+
+std::vector<panel_language> panel_languages(const std::string& catalogue,
+                                            const std::vector<std::string>& wanted, std::string& fault) {
+    const std::vector<panel_language> all = all_languages(catalogue);
+    if (wanted.empty()) {
+        return all;
+    }
+    std::vector<panel_language> languages;
+    for (const std::string& name : wanted) {
+        const auto found = std::find_if(all.begin(), all.end(), [&name](const panel_language& language) {
+            return name == language.name || name == std::to_string(language.id);
+        });
+        if (found == all.end()) {
+            fault = "--language \"" + name + "\" is no language of the catalogue";
+            return {};
+        }
+        languages.push_back(*found);
+    }
+    return languages;
+}
+
+bool is_device_tree(const std::string& folder, std::string& fault) {
+    if (!folder.empty() && !std::filesystem::is_directory(folder)) {
+        fault = folder + ": no such folder";
+        return false;
+    }
+    return true;
 }
 
 void load_panel_fonts(const std::string& catalogue, const std::string& device_tree) {
+    use_stand_in_fonts();
     for (const std::string& pack : pack_folders_of(catalogue)) {
         for (const std::string& font : properties_of(pack, "font")) {
             QFontDatabase::addApplicationFont(QString::fromStdString(font));
@@ -93,7 +117,12 @@ QStringList families_of(const QString& name) {
 }
 
 QString shown_family(const QFont& font) {
-    return QRawFont::fromFont(font).familyName();
+    const QString family = QRawFont::fromFont(font).familyName();
+    const QStringList families = QFontDatabase().families(); // spelled as their makers do
+    const auto same = std::find_if(families.begin(), families.end(), [&family](const QString& name) {
+        return name.compare(family, Qt::CaseInsensitive) == 0;
+    });
+    return same == families.end() ? family : *same;
 }
 
 glyph_origin find_glyph(const QFont& font, uint character, QString& fallback) {

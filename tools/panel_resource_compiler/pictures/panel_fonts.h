@@ -5,7 +5,6 @@
 #include <QString>
 #include <QStringList>
 
-#include <set>
 #include <string>
 #include <vector>
 
@@ -19,13 +18,21 @@ struct panel_language {
     QString family;    ///< asked for by the panel; a pack may name several, separated by commas
 };
 
-/** The standard languages and the packs of a catalogue. */
-std::vector<panel_language> panel_languages(const std::string& catalogue);
+/**
+ * The standard languages and the packs of a catalogue, or those of them that are named by "de" or "49".
+ *
+ * @param fault  receives what is wrong with a name
+ */
+std::vector<panel_language> panel_languages(const std::string& catalogue,
+                                            const std::vector<std::string>& wanted, std::string& fault);
 
-/** Whether a language is one of those named by "de" or "49"; all are when none is named. */
-bool is_wanted_language(const panel_language& language, const std::vector<std::string>& wanted);
+/** @return false, and the reason in fault, when a name is given and there is no such folder */
+bool is_device_tree(const std::string& folder, std::string& fault);
 
-/** Makes the fonts known that a device tree holds, if one is given, and those of the catalogue's packs. */
+/**
+ * Makes the fonts known that a device tree holds, if one is given, those of the catalogue's packs, and what a
+ * workstation shows in place of others.
+ */
 void load_panel_fonts(const std::string& catalogue, const std::string& device_tree);
 
 /** The families that a name asks for, the first one first. */

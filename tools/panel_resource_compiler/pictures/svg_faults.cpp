@@ -1,6 +1,6 @@
 #include "svg_faults.h"
 
-#include "picture_checks.h"
+#include "checks.h"
 #include "svg_rules.h"
 
 #include <QHash>
