@@ -6,9 +6,9 @@ set(PANEL_VIEW_SANITIZER_ENVIRONMENT
 set(PANEL_VIEW_TEST_ARGUMENTS "" CACHE STRING
     "Arguments of every test program, such as -qws with Qt for Embedded Linux")
 
-# Seconds; each process of an emulated program takes half a second to start.
+# Seconds; each process of an emulated program takes half a second to start, one with a sanitizer hardly less.
 set(PANEL_VIEW_TEST_TIMEOUT 300)
-if(CMAKE_CROSSCOMPILING_EMULATOR)
+if(CMAKE_CROSSCOMPILING_EMULATOR OR PANEL_VIEW_SANITIZE)
     set(PANEL_VIEW_TEST_TIMEOUT 1200)
 endif()
 

@@ -37,7 +37,8 @@ public:
 
     /** Reports a file, named from the catalogue's folder. */
     void report(const std::string& name, const std::string& what) {
-        report_.add({{folder_ + '/' + name, 0}, severity::WARNING, CHECK_UNKNOWN_FILES, what, {}, name});
+        const source_place place = {folder_ + '/' + name};
+        report_.add({place, severity::WARNING, CHECK_UNKNOWN_FILES, what, {}, name});
     }
 
     /** The folders texts and confirmed hold one table for each language that there is. */
