@@ -20,6 +20,7 @@ constexpr int KEY_COLUMNS = 5;
 constexpr int MOST_DELAY = 10000; // ms
 constexpr int MOST_RESULT = 99;
 constexpr int VALUE_ROW = 3;      // below the buttons
+constexpr int TWO_LINES = 32;     // px
 constexpr int TEXT_REFRESH = 500; // ms: the text tells for how long
 
 struct service_button {
@@ -59,8 +60,9 @@ QSpinBox* new_field(int least, int most, int value, const char* unit) {
 QGroupBox* new_group(const char* title, QGridLayout*& layout) {
     auto* group = new QGroupBox(QLatin1String(title));
     layout = new QGridLayout(group);
-    layout->setContentsMargins(6, 6, 6, 6);
-    layout->setSpacing(4);
+    layout->setContentsMargins(6, 2, 6, 4);
+    layout->setHorizontalSpacing(4);
+    layout->setVerticalSpacing(3);
     return group;
 }
 
@@ -78,6 +80,7 @@ hardware_tab::hardware_tab(device_link& link, service_command run_command)
                        QStringLiteral("Lit")},
                       0)) {
     auto* layout = new QVBoxLayout(this);
+    layout->setSpacing(4);
     layout->addWidget(make_service());
     layout->addWidget(make_keys());
     layout->addWidget(leds_, 1);
@@ -97,6 +100,7 @@ QWidget* hardware_tab::make_service() {
     QGroupBox* group = new_group("Device service", layout);
     service_ = new QLabel;
     service_->setWordWrap(true);
+    service_->setMinimumHeight(TWO_LINES); // buttons stay in their places
     layout->addWidget(service_, 0, 0, 1, KEY_COLUMNS);
     int place = KEY_COLUMNS;
     for (const service_button& entry : SERVICE_BUTTONS) {

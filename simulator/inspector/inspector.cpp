@@ -36,6 +36,8 @@ constexpr char STYLE[] =
     "QHeaderView::section { padding: 3px 5px; background: #3c4047; border: none;"
     " border-right: 1px solid #55595f; }"
     "QTreeView::item { padding: 2px; }"
+    "QComboBox { combobox-popup: 0; }" // a list below the field
+    "QComboBox QAbstractItemView::item { padding: 3px; }"
     "QPushButton { padding: 3px 4px; }";
 constexpr int NEWS_TIME = 4000; // ms
 

@@ -19,7 +19,8 @@ namespace velarion {
 
 namespace {
 
-constexpr int LIST_WIDTH = 190; // px: the longest name of a language
+constexpr int LONGEST_LIST = 16; // languages without a scroll bar
+constexpr int LIST_WIDTH = 190;  // px: the longest name of a language
 
 enum direction_choice : int { OF_LANGUAGE, LEFT_TO_RIGHT, RIGHT_TO_LEFT };
 
@@ -51,7 +52,9 @@ QComboBox* new_box() {
     auto* box = new QComboBox;
     box->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
     box->setMinimumContentsLength(8);
+    box->setMaxVisibleItems(LONGEST_LIST);
     box->view()->setMinimumWidth(LIST_WIDTH);
+    box->view()->setLayoutDirection(Qt::LeftToRight);
     box->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
     return box;
 }

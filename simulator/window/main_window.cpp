@@ -104,6 +104,7 @@ void main_window::set_side_bar(QWidget* side_bar) {
     if (!side_bar_) {
         side_bar_ = new QDockWidget(QStringLiteral("Inspector"), this);
         side_bar_->setObjectName(QStringLiteral("side_bar"));
+        side_bar_->setLayoutDirection(Qt::LeftToRight);
         addDockWidget(Qt::RightDockWidgetArea, side_bar_);
     }
     delete side_bar_->widget();

@@ -1,14 +1,47 @@
 #include "window_style.h"
 
 #include <QApplication>
+#include <QPainter>
 #include <QPalette>
-#include <QStyleFactory>
+#include <QProxyStyle>
+#include <QStyleOption>
 #include <QToolTip>
 
 namespace velarion {
 
+namespace {
+
+/** Menus, lists and dialogs are written as their window is: the panel's language turns the panel alone. */
+class window_style : public QProxyStyle {
+public:
+    using QProxyStyle::polish;
+    window_style()
+        : QProxyStyle(QStringLiteral("Fusion")) {}
+
+    void polish(QWidget* widget) override {
+        const Qt::WindowType type = widget->windowType();
+        if (type == Qt::Popup || type == Qt::Dialog || type == Qt::Tool || type == Qt::ToolTip) {
+            widget->setLayoutDirection(Qt::LeftToRight);
+        }
+        QProxyStyle::polish(widget);
+    }
+    /** A painter knows the application's direction, not that of what it paints on. */
+    void drawControl(ControlElement element, const QStyleOption* option, QPainter* painter,
+                     const QWidget* widget) const override {
+        painter->setLayoutDirection(option->direction);
+        QProxyStyle::drawControl(element, option, painter, widget);
+    }
+    void drawComplexControl(ComplexControl control, const QStyleOptionComplex* option, QPainter* painter,
+                            const QWidget* widget) const override {
+        painter->setLayoutDirection(option->direction);
+        QProxyStyle::drawComplexControl(control, option, painter, widget);
+    }
+};
+
+} // namespace
+
 void set_window_style() {
-    QApplication::setStyle(QStyleFactory::create(QStringLiteral("Fusion")));
+    QApplication::setStyle(new window_style); // the application's
     QPalette palette(window_colors::button, window_colors::ground);
     const auto set_color = [&palette](QPalette::ColorRole role, const QColor& color) {
         palette.setColor(role, color);
