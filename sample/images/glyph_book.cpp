@@ -14,6 +14,7 @@ namespace {
 
 constexpr char ROLES[] = "laowedfkGWEDst";
 constexpr double STROKE = 2.5;
+constexpr double TEXT_WEIGHT = 0.24; // of its height: in thicker strokes letters close up
 
 std::vector<std::string> split(const std::string& text, char separator) {
     std::vector<std::string> parts;
@@ -127,7 +128,8 @@ void glyph_book::draw(svg_canvas& canvas, const std::string& word, double x, dou
                         how);
             break;
         default:
-            canvas.text(part.text, part.numbers[0], part.numbers[1], part.numbers[2], how.stroke, stroke);
+            canvas.text(part.text, part.numbers[0], part.numbers[1], part.numbers[2], how.stroke,
+                        std::min(stroke, part.numbers[2] * TEXT_WEIGHT));
         }
     }
     canvas.end_group();

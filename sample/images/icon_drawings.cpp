@@ -167,12 +167,14 @@ void draw_text(svg_canvas& canvas, const std::string& text, double bottom, const
                 2.2);
 }
 
-/** A small picture has a larger badge, or nothing of it could be told. */
+/** A small picture has a larger badge, or nothing of it could be told; a word may have a pictogram for
+ * badges. */
 void draw_context(svg_canvas& canvas, const picture_name& name, const icon_plan& plan, const glyph_book& book,
                   const palette& colors) {
     const double size = name.size == "s" ? 22 : 18;
     const double place = SIZE - 1.5 - size;
-    book.draw(canvas, plan.context, place, place, size,
+    const std::string solid = plan.context + "_badge";
+    book.draw(canvas, book.has(solid) ? solid : plan.context, place, place, size,
               one_color_palette(colors, colors.*plan.context_color));
 }
 
