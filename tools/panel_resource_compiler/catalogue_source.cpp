@@ -32,15 +32,17 @@ catalogue_source read_catalogue(const std::string& folder, diagnostics& report) 
     return source;
 }
 
-std::string language_of(const catalogue_source& source, const std::string& given) {
+std::string language_of(const std::string& catalogue, const std::string& given) {
     for (std::size_t i = 0; i < STANDARD_LANGUAGE_NAMES.size(); ++i) {
         if (given == STANDARD_LANGUAGE_NAMES[i] || given == std::to_string(standard_language_id_table[i])) {
             return STANDARD_LANGUAGE_NAMES[i];
         }
     }
-    const auto pack = std::find_if(source.packs.begin(), source.packs.end(),
-                                   [&given](const text_file& each) { return each.language == given; });
-    return pack == source.packs.end() ? std::string() : given;
+    const std::vector<std::string> packs = pack_folders(catalogue);
+    const bool is_pack = std::any_of(packs.begin(), packs.end(), [&given](const std::string& folder) {
+        return std::filesystem::path(folder).filename() == given;
+    });
+    return is_pack ? given : std::string();
 }
 
 } // namespace velarion

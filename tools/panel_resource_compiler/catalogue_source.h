@@ -26,7 +26,7 @@ catalogue_source read_catalogue(const std::string& folder, diagnostics& report);
  * The name under which the reports know a language: "de" for "de" and "49", "86" for "86"; empty when the
  * catalogue has none of that name.
  */
-std::string language_of(const catalogue_source& source, const std::string& given);
+std::string language_of(const std::string& catalogue, const std::string& given);
 
 } // namespace velarion
 

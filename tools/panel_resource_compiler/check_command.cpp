@@ -110,11 +110,7 @@ private:
     std::string read() {
         progress_.tell("reading " + folder_);
         for (const std::string& given : line_.languages) {
-            catalogue_source names;
-            for (const std::string& pack : pack_folders(folder_)) {
-                names.packs.push_back({std::filesystem::path(pack).filename().string(), {}, {}});
-            }
-            const std::string language = language_of(names, given);
+            const std::string language = language_of(folder_, given);
             if (language.empty()) {
                 return "--language \"" + given + "\" is no language of the catalogue";
             }

@@ -97,7 +97,7 @@ int run_confirm_command(const std::vector<std::string>& arguments) {
     }
     use_ignore_list(line.catalogue, report);
     const catalogue_source source = read_catalogue(line.catalogue, report);
-    const std::string language = language_of(source, given);
+    const std::string language = language_of(line.catalogue, given);
     if (language.empty() || language == STANDARD_LANGUAGE_NAMES[ENGLISH_INDEX]) {
         return options.usage_fault("--language \"" + given + "\" is no language that is translated here");
     }

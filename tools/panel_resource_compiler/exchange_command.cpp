@@ -20,8 +20,7 @@ namespace {
 
 namespace fs = std::filesystem;
 
-constexpr std::uintmax_t MOST_BYTES = 64U << 20U; // a hundred times the largest language
-constexpr char LANGUAGE_HELP[] = "ja, en, de, fr, es, it, nl, ru, or the number of a pack below DIR/packs";
+constexpr char LANGUAGE_HELP[] = "\"de\" or 49, or the number of a pack below DIR/packs";
 
 struct exchange_line {
     std::string catalogue;
@@ -39,11 +38,22 @@ void add_common_options(command_options& options, exchange_line& line) {
     options.require("language", "LANGUAGE", line.language, LANGUAGE_HELP);
 }
 
-/** @return what to end with when the language cannot be used; its faults are reported */
-std::optional<int> read_language(const command_options& options, exchange_language& language) {
-    if (!language.is_known()) {
-        return options.usage_fault("the catalogue has no language \"" + language.name() + "\"");
+/** Reads the command line, and finds the language's name. @return what to end with when that is a fault */
+std::optional<int> read_line(command_options& options, const std::vector<std::string>& arguments,
+                             exchange_line& line) {
+    if (const std::optional<int> end = options.read(arguments)) {
+        return end;
     }
+    const std::string language = language_of(line.catalogue, line.language);
+    if (language.empty()) {
+        return options.usage_fault("the catalogue has no language \"" + line.language + "\"");
+    }
+    line.language = language;
+    return std::nullopt;
+}
+
+/** @return what to end with when the language cannot be used; its faults are reported */
+std::optional<int> read_language(exchange_language& language) {
     diagnostics report(std::cerr);
     report.disable_all(); // only what makes the catalogue unusable
     const bool is_read = language.read(report);
@@ -52,13 +62,8 @@ std::optional<int> read_language(const command_options& options, exchange_langua
 }
 
 bool read_file(const std::string& path, std::string& contents, std::string& fault) {
-    std::error_code error;
     if (is_special_file(path.c_str())) {
         fault = path + ": is a pipe or device; give a file";
-        return false;
-    }
-    if (fs::file_size(path, error) > MOST_BYTES && !error) {
-        fault = path + ": is larger than 64 MiB, which no language is";
         return false;
     }
     return read_whole_file(path, contents, fault);
@@ -133,11 +138,11 @@ int run_export_command(const std::vector<std::string>& arguments) {
     add_common_options(options, line);
     options.choice("format", {"po", "ts"}, true, line.format, "gettext PO, or Qt Linguist TS");
     options.require("output", "FILE", line.file, "the file to write; its folder is made when missing");
-    if (const std::optional<int> end = options.read(arguments)) {
+    if (const std::optional<int> end = read_line(options, arguments, line)) {
         return *end;
     }
     exchange_language language(line.catalogue, line.language);
-    if (const std::optional<int> end = read_language(options, language)) {
+    if (const std::optional<int> end = read_language(language)) {
         return *end;
     }
     std::string contents;
@@ -167,7 +172,7 @@ int run_import_command(const std::vector<std::string>& arguments) {
                  "leaves texts in conflict as they are, and takes the others");
     options.flag("dry-run", line.is_dry_run, "writes no file, but what would change in the texts");
     options.flag("all", line.shows_all, "shows all findings, not only the first 20 of a kind");
-    if (const std::optional<int> end = options.read(arguments)) {
+    if (const std::optional<int> end = read_line(options, arguments, line)) {
         return *end;
     }
     const std::string ending = fs::path(line.file).extension().string();
@@ -180,7 +185,7 @@ int run_import_command(const std::vector<std::string>& arguments) {
         return file_fault(fault);
     }
     exchange_language language(line.catalogue, line.language);
-    if (const std::optional<int> end = read_language(options, language)) {
+    if (const std::optional<int> end = read_language(language)) {
         return *end;
     }
     std::string contents;

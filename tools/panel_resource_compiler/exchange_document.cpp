@@ -73,13 +73,6 @@ bool exchange_language::is_english() const {
     return name_ == STANDARD_LANGUAGE_NAMES[ENGLISH];
 }
 
-bool exchange_language::is_known() const {
-    struct stat status = {};
-    return is_pack() ? !name_.empty() && stat((catalogue_ + "/packs/" + name_).c_str(), &status) == 0
-                     : std::find(STANDARD_LANGUAGE_NAMES.begin(), STANDARD_LANGUAGE_NAMES.end(), name_) !=
-                           STANDARD_LANGUAGE_NAMES.end();
-}
-
 bool exchange_language::read(diagnostics& report) {
     messages_ = read_message_catalogue(catalogue_, report);
     if (is_pack()) {

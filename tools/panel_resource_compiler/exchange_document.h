@@ -47,11 +47,9 @@ std::string translation_mark(const std::optional<std::string>& translation);
 /** A language of a catalogue: its English texts, its own ones, and which of them are confirmed. */
 class exchange_language {
 public:
-    /** @param name  "de", or the number of a pack */
+    /** @param name  "de", or the number of a pack; as of language_of() */
     exchange_language(std::string catalogue, std::string name);
 
-    /** Whether the catalogue could have such a language. */
-    bool is_known() const;
     bool is_pack() const;
     bool is_english() const;
     /** Reads it all. @return whether nothing was reported as an error; usable only then */

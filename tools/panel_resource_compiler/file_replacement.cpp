@@ -2,10 +2,12 @@
 
 #include "file_descriptor.h"
 #include "text_diff.h"
+#include "text_lines.h"
 
 #include <fcntl.h>
 #include <sys/stat.h>
 
+#include <array>
 #include <cerrno>
 #include <cstdio>
 #include <cstring>
@@ -33,6 +35,24 @@ bool write_bytes(int file, const std::string& contents) {
         written += count < 0 ? 0 : static_cast<std::size_t>(count);
     }
     return fsync(file) == 0;
+}
+
+bool read_all(int file, const std::string& name, std::string& contents, std::string& fault) {
+    contents.clear();
+    std::array<char, 16384> bytes;
+    ssize_t count = file < 0 ? -1 : 1;
+    while (count > 0 && contents.size() <= MOST_TEXT_BYTES) {
+        do {
+            count = ::read(file, bytes.data(), bytes.size());
+        } while (count < 0 && errno == EINTR);
+        contents.append(bytes.data(), count > 0 ? static_cast<std::size_t>(count) : 0);
+    }
+    if (count < 0) {
+        fault = describe_system_fault(name);
+    } else if (count > 0) {
+        fault = name + ": is larger than 64 MiB, which no file of texts is";
+    }
+    return count == 0;
 }
 
 /** Gives the new file the owner, as far as the user may, and the permissions of the old one. */
@@ -83,7 +103,8 @@ public:
             open(name().c_str(), O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC, NEW_FILE_MODE));
         is_pending_ = file.get() >= 0;
         if (file.get() < 0 || !write_bytes(file.get(), contents) || !copy_permissions(target_, file.get())) {
-            fault = describe_system_fault(name());
+            fault = describe_system_fault(name()) +
+                    (is_pending_ ? "" : "; remove it, or make its folder writable");
             return false;
         }
         return true;
@@ -187,17 +208,12 @@ bool file_replacement::commit(std::string& fault) const {
 }
 
 bool read_whole_file(const std::string& path, std::string& contents, std::string& fault) {
-    contents.clear();
     const file_descriptor file(open(path.c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC));
-    char bytes[16384];
-    ssize_t count = file.get() < 0 ? -1 : ::read(file.get(), bytes, sizeof bytes);
-    for (; count > 0; count = ::read(file.get(), bytes, sizeof bytes)) {
-        contents.append(bytes, static_cast<std::size_t>(count));
-    }
-    if (count < 0) {
-        fault = describe_system_fault(path);
-    }
-    return count == 0;
+    return read_all(file.get(), path, contents, fault);
+}
+
+bool read_standard_input(std::string& contents, std::string& fault) {
+    return read_all(STDIN_FILENO, "standard input", contents, fault);
 }
 
 } // namespace velarion

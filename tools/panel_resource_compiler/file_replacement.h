@@ -43,8 +43,10 @@ private:
     std::vector<entry> files_;
 };
 
-/** Reads a whole file. @return false, with the reason in @p fault, when that fails */
+/** Reads a whole file. @return false, with the reason in @p fault, when that fails or it is no file of texts
+ */
 bool read_whole_file(const std::string& path, std::string& contents, std::string& fault);
+bool read_standard_input(std::string& contents, std::string& fault);
 
 } // namespace velarion
 

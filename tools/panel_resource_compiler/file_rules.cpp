@@ -38,7 +38,13 @@ public:
     /** Reports a file, named from the catalogue's folder. */
     void report(const std::string& name, const std::string& what) {
         const source_place place = {folder_ + '/' + name};
-        report_.add({place, severity::WARNING, CHECK_UNKNOWN_FILES, what, {}, name});
+        const bool is_left = fs::path(name).extension() == ".new";
+        report_.add({place,
+                     severity::WARNING,
+                     CHECK_UNKNOWN_FILES,
+                     is_left ? "is left of a command that was ended half way; remove it" : what,
+                     {},
+                     name});
     }
 
     /** The folders texts and confirmed hold one table for each language that there is. */
@@ -56,7 +62,9 @@ public:
 
     void check_tables() {
         for (const std::string& name : names_in(folder_)) {
-            if (fs::path(name).extension() == ".tsv" && TABLES.count(name) == 0) {
+            const fs::path path = name;
+            const bool is_table = path.extension() == ".tsv" || path.stem().extension() == ".tsv";
+            if (is_table && TABLES.count(name) == 0) {
                 report(name,
                        "nothing reads it; tables are messages.tsv, images.tsv, figures.tsv and ignore.tsv");
             }

@@ -49,7 +49,7 @@ void read_text_option(const std::string& option, std::vector<given_text>& texts,
 void read_text_file(const std::string& path, std::vector<given_text>& texts, diagnostics& report) {
     std::string contents;
     std::string fault;
-    if (!read_whole_file(path == "-" ? "/dev/stdin" : path, contents, fault)) {
+    if (!(path == "-" ? read_standard_input(contents, fault) : read_whole_file(path, contents, fault))) {
         report.error(CHECK_FILE, {path, 0}, "cannot be read: " + fault);
         return;
     }

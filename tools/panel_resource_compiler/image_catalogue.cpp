@@ -11,6 +11,7 @@ namespace velarion {
 
 namespace {
 
+constexpr std::size_t LONGEST_FILE_NAME = 255;
 const std::string BLANK = " ";
 const std::string IDEOGRAPHIC_SPACE = "\xE3\x80\x80";
 const std::array<std::string, 3> EXTENSIONS = {".png", ".svg", ".gif"};
@@ -108,6 +109,10 @@ std::string image_file_fault(const std::string& file) {
     }
     if (file.find_first_of("/\\") != std::string::npos) {
         return described + "holds a path separator";
+    }
+    if (file.size() > LONGEST_FILE_NAME) {
+        return described + "has more than " + std::to_string(LONGEST_FILE_NAME) +
+               " bytes, which no file system takes";
     }
     if (file.front() == ' ' || file.back() == ' ') {
         return described + "begins or ends with a blank";

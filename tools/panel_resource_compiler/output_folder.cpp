@@ -21,6 +21,7 @@ namespace {
 constexpr int FOLDER_FLAGS = O_RDONLY | O_DIRECTORY | O_CLOEXEC;
 constexpr mode_t FILE_MODE = 0666; // less what the user's mask takes away
 constexpr mode_t FOLDER_MODE = 0777;
+constexpr std::size_t LONGEST_NAME = 250; // to which ".new" can be put
 
 /** The folder in which a name stands, and the name there. */
 struct place {
@@ -99,7 +100,7 @@ bool replace(const std::string& path, const std::string& name, std::string& faul
         return false;
     }
     const int folder = at.folder.get();
-    const std::string temporary = at.name + ".new";
+    const std::string temporary = at.name.substr(0, LONGEST_NAME) + ".new";
     unlinkat(folder, temporary.c_str(), 0);
     if (!make(folder, temporary.c_str())) {
         const bool is_in_the_way = errno == EEXIST;

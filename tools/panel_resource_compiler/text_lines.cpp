@@ -4,6 +4,7 @@
 #include "file_guard.h"
 
 #include <algorithm>
+#include <filesystem>
 #include <fstream>
 
 namespace velarion {
@@ -11,6 +12,7 @@ namespace velarion {
 namespace {
 
 constexpr char BYTE_ORDER_MARK[] = "\xEF\xBB\xBF";
+constexpr std::size_t MOST_LINES = 1000000; // each may be a fault that is kept
 
 /** The number of continuation bytes that a lead byte asks for, or -1. */
 int continuation_count(unsigned char lead) {
@@ -72,6 +74,12 @@ bool read_text_lines(const std::string& path, std::vector<text_line>& lines, dia
         report.error(CHECK_FILE, {path, 0}, "is a pipe or device; put a file in its place");
         return false;
     }
+    std::error_code unknown;
+    if (const std::uintmax_t size = std::filesystem::file_size(path, unknown);
+        !unknown && size > MOST_TEXT_BYTES) {
+        report.error(CHECK_FILE, {path, 0}, "is larger than 64 MiB, which no table is");
+        return false;
+    }
     std::ifstream file(path, std::ios::binary);
     if (!file) {
         report.error(CHECK_FILE, {path, 0}, "cannot be opened for reading");
@@ -79,6 +87,11 @@ bool read_text_lines(const std::string& path, std::vector<text_line>& lines, dia
     }
     std::string line;
     for (std::size_t number = 1; std::getline(file, line); ++number) {
+        if (number > MOST_LINES) {
+            report.error(CHECK_FILE, {path, number},
+                         "is one line more than any table has; the rest is not read");
+            return false;
+        }
         take_line({path, number}, line, lines, report);
     }
     if (file.bad()) {

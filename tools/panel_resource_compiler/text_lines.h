@@ -3,10 +3,14 @@
 
 #include "diagnostics.h"
 
+#include <cstdint>
 #include <string>
 #include <vector>
 
 namespace velarion {
+
+/** No table or translator's file is larger: a hundred times the largest language. */
+inline constexpr std::uintmax_t MOST_TEXT_BYTES = 64U << 20U;
 
 /** One line of a text file, without its end. */
 struct text_line {

@@ -47,6 +47,9 @@ const struct {
     {IMAGES, "error: the image has no file; one blank stands for", {"6\tB\t"}},
     {IMAGES, ":3:5: error: the file \"", {"6\tB\t../a.png"}},
     {IMAGES, "holds a path separator", {"6\tB\t../a.png", "6\tB\ta\\\\b.png"}},
+    {IMAGES,
+     "has more than 255 bytes, which no file system takes",
+     {"6\tB\t" + std::string(252, 'a') + ".png"}},
     {IMAGES, "begins or ends with a blank", {"6\tB\ta.png ", "6\tB\t a.png", "6\tB\t  "}},
     {IMAGES, "holds a \":\", which marks external images", {"6\tB\tx:a.png"}},
     {IMAGES, "never shown [extensions]", {"6\tB\ta.bmp", "6\tB\t.png"}},
@@ -144,13 +147,15 @@ TEST(catalogue, a_missing_file_and_a_folder_or_pipe_in_its_place_are_errors) {
         std::filesystem::remove(catalogue.path(name));
     }
     std::filesystem::create_directory(catalogue.path("texts/ru.tsv"));
+    std::filesystem::resize_file(catalogue.path("texts/it.tsv"), 1U << 30U);
     ASSERT_EQ(::mkfifo(catalogue.path("packs/86/pack.conf").c_str(), 0600), 0);
     EXPECT_EQ(catalogue.run("check").errors,
               "texts/de.tsv: error: cannot be opened for reading [file]\n"
+              "texts/it.tsv: error: is larger than 64 MiB, which no table is [file]\n"
               "texts/ru.tsv: error: cannot be read [file]\n"
               "packs/86/pack.conf: error: is a pipe or device; put a file in its place [file]\n"
               "packs/86/texts.tsv: error: cannot be opened for reading [file]\n"
-              "4 errors, 0 warnings\n");
+              "5 errors, 0 warnings\n");
 }
 
 TEST(catalogue, a_report_is_short_and_leaves_the_terminal_alone) {

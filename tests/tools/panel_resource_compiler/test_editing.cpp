@@ -119,6 +119,16 @@ TEST_F(editing, figures_follow_when_they_are_told_to) {
     EXPECT_EQ(catalogue_.run("figures").output, "there is nothing to change\n");
 }
 
+TEST_F(editing, a_command_that_was_ended_and_one_that_is_slow_are_in_nobodys_way) {
+    catalogue_.write("messages.tsv.new", "torn");
+    EXPECT_EQ(catalogue_.run("check").errors.find("messages.tsv.new: warning: is left of a command"), 0U);
+    const std::string pipe =
+        "{ sleep 0.1; printf 'en\\tNew'; } | \"$0\" add --catalogue \"$1\" --name M --texts -";
+    const process_result added = run_process({"/bin/sh", "-c", pipe, RESOURCE_COMPILER, catalogue_.path("")});
+    EXPECT_EQ(added.exit_code, 0) << added.errors;
+    EXPECT_FALSE(fs::exists(catalogue_.path("messages.tsv.new")));
+}
+
 TEST_F(editing, what_would_break_the_catalogue_is_refused_with_the_reason_and_changes_nothing) {
     const struct {
         std::vector<std::string> words;
