@@ -12,6 +12,7 @@ namespace velarion {
 namespace {
 
 constexpr char BYTE_ORDER_MARK[] = "\xEF\xBB\xBF";
+constexpr std::size_t LONGEST_LINE = 1U << 20U;
 constexpr std::size_t MOST_LINES = 1000000; // each may be a fault that is kept
 
 /** The number of continuation bytes that a lead byte asks for, or -1. */
@@ -53,6 +54,10 @@ void take_line(const source_place& place, std::string text, std::vector<text_lin
         text.erase(0, 3);
     }
     if (text.empty() || text[0] == '#') {
+        return;
+    }
+    if (text.size() > LONGEST_LINE) {
+        report.error(CHECK_TABLE, place, "is longer than 1 MiB, which no line of a table is");
         return;
     }
     if (!is_valid_utf8(text) || text.find('\0') != std::string::npos) {
