@@ -26,8 +26,8 @@ namespace {
 
 constexpr int MACHINE_STEP = 100; // ms
 constexpr int TEXT_REFRESH = 500;
-constexpr int NEWS = 6000;
-constexpr int SLACK = 8; // px, so that no scroll bar is needed
+constexpr int NEWS = 6000; // ms
+constexpr int SLACK = 8;   // px, so that no scroll bar is needed
 
 /** Ground of the status line's text: dark enough for white, or light enough for black. */
 QString colors_of(service_condition condition, bool is_back) {
@@ -76,12 +76,20 @@ void main_window::make_status_line() {
     service_text_ = new QLabel;
     service_text_->setContentsMargins(8, 2, 8, 2);
     view_text_ = new QLabel;
+    news_text_ = new QLabel;
+    news_text_->setTextFormat(Qt::PlainText);
+    news_text_->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred); // a long name widens nothing
+    news_text_->hide();
     statusBar()->addWidget(service_text_, 1);
+    statusBar()->addPermanentWidget(news_text_, 1);
     statusBar()->addPermanentWidget(view_text_);
     connect(&parts_.link.watch(), &service_watch::changed, this, &main_window::show_service);
     connect(&parts_.service, &service_keeper::failed, this, &main_window::tell);
     connect(&service_clock_, &QTimer::timeout, this, &main_window::show_service);
     service_clock_.start(TEXT_REFRESH);
+    news_clock_.setSingleShot(true);
+    news_clock_.setInterval(NEWS);
+    connect(&news_clock_, &QTimer::timeout, news_text_, &QWidget::hide);
     show_service();
 }
 
@@ -97,7 +105,10 @@ void main_window::show_service() {
 }
 
 void main_window::tell(const QString& text) {
-    statusBar()->showMessage(text, NEWS);
+    news_text_->setText(text);
+    news_text_->setToolTip(text.toHtmlEscaped());
+    news_text_->show();
+    news_clock_.start();
 }
 
 void main_window::set_side_bar(QWidget* side_bar) {

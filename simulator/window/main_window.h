@@ -71,8 +71,10 @@ private:
     QDockWidget* side_bar_ = nullptr;
     QLabel* service_text_ = nullptr;
     QLabel* view_text_ = nullptr;
+    QLabel* news_text_ = nullptr; ///< beside the service's, which stays
     QTimer machine_clock_;
     QTimer service_clock_;
+    QTimer news_clock_;
     heartbeat pulse_;
     pc_keys keys_;
     bool has_painted_ = false;
