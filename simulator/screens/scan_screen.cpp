@@ -14,7 +14,7 @@ namespace velarion {
 
 namespace {
 
-constexpr QSize FEEDER(132, 100);         // dp
+constexpr QSize FEEDER(100, 100);         // dp
 constexpr char MAIL_PICTURE[] = "4157";   // ICON_..._COMMON_MAIL
 constexpr char FOLDER_PICTURE[] = "4134"; // ..._SHARED_FOLDER
 
