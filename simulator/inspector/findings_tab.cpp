@@ -103,7 +103,8 @@ void findings_tab::add_screen(const indexed_screen& screen) {
     }
     for (const picture_finding& picture : screen.findings.pictures) {
         if (picture.is_missing()) {
-            add_finding(item, element_key::of(picture), picture.shown.id, describe_faults(picture),
+            const QString label = picture.origin.file.isEmpty() ? picture.shown.id : picture.origin.file;
+            add_finding(item, element_key::of(picture), label, describe_faults(picture),
                         window_colors::fault_text);
         }
     }
