@@ -85,6 +85,8 @@ TEST(pictures, a_folder_is_compared_with_the_list) {
     folder.write("p/ico_a_off.svg", folder.read("p/ico_a.svg"));
     folder.write("p/d_ico_a.svg", "<svg xmlns=\"http://www.w3.org/2000/svg\" viewBox=\"0 0 9 48\"/>");
     folder.write("p/ico_e.png", "no picture");
+    folder.write("p/ico_dashes.svg", SVG + "<path d=\"M16 24 A 3 1e20 5 0 1 9 9\" stroke=\"#000\" "
+                                           "stroke-dasharray=\"3 1.5\"/></svg>"); // takes half a minute
     const process_result result = images(folder);
     EXPECT_EQ(result.exit_code, 1);
     const std::string p = folder.path("p/");
@@ -94,7 +96,8 @@ TEST(pictures, a_folder_is_compared_with_the_list) {
           p + "ico_stray_on.svg: warning: no row",
           p + "ico_a_off.svg: warning: looks like \"ico_a.svg\" [same-state]",
           p + "d_ico_a.svg: warning: is 9 x 48, \"ico_a.svg\" is 48 x 48 [variant-size]",
-          p + "ico_e.png: error: cannot be read"}) {
+          p + "ico_e.png: error: cannot be read",
+          p + "ico_dashes.svg: error: the panel refuses to draw it"}) {
         EXPECT_NE(result.errors.find(line), std::string::npos) << line << '\n' << result.errors;
     }
     EXPECT_EQ(result.errors.find("ico_only"), result.errors.find("d_ico_only") + 2) << result.errors;

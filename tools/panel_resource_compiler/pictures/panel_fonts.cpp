@@ -5,6 +5,7 @@
 #include "stand_in_fonts.h"
 
 #include <QDirIterator>
+#include <QFileInfo>
 #include <QFontDatabase>
 #include <QFontInfo>
 #include <QGlyphRun>
@@ -23,6 +24,10 @@ namespace {
 /** The values of a key of a pack's properties. */
 std::vector<std::string> properties_of(const std::string& pack, const std::string& wanted) {
     std::vector<std::string> values;
+    std::error_code missing;
+    if (!std::filesystem::is_regular_file(pack + "/pack.conf", missing)) {
+        return values;
+    }
     std::ifstream file(pack + "/pack.conf");
     for (std::string line; std::getline(file, line);) {
         const QString text = QString::fromStdString(line);
@@ -31,6 +36,13 @@ std::vector<std::string> properties_of(const std::string& pack, const std::strin
         }
     }
     return values;
+}
+
+/** Nothing waits for a pipe, or reads a device. */
+void load_font(const QString& file) {
+    if (QFileInfo(file).isFile()) {
+        QFontDatabase::addApplicationFont(file);
+    }
 }
 
 std::set<std::string> pack_folders_of(const std::string& catalogue) {
@@ -94,7 +106,7 @@ void load_panel_fonts(const std::string& catalogue, const std::string& device_tr
     use_stand_in_fonts();
     for (const std::string& pack : pack_folders_of(catalogue)) {
         for (const std::string& font : properties_of(pack, "font")) {
-            QFontDatabase::addApplicationFont(QString::fromStdString(font));
+            load_font(QString::fromStdString(font));
         }
     }
     if (device_tree.empty()) {
@@ -104,7 +116,7 @@ void load_panel_fonts(const std::string& catalogue, const std::string& device_tr
                        {QStringLiteral("*.ttf"), QStringLiteral("*.otf")}, QDir::Files,
                        QDirIterator::Subdirectories);
     while (files.hasNext()) {
-        QFontDatabase::addApplicationFont(files.next());
+        load_font(files.next());
     }
 }
 

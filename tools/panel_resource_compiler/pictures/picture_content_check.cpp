@@ -1,10 +1,10 @@
 #include "checks.h"
+#include "panel_picture.h"
 #include "picture_checks.h"
 #include "svg_faults.h"
 
 #include <QCryptographicHash>
 #include <QFile>
-#include <QImageReader>
 #include <QRegularExpression>
 #include <QSvgRenderer>
 
@@ -14,23 +14,19 @@ namespace velarion {
 
 namespace {
 
-constexpr qint64 MOST_DOCUMENT_BYTES = 16 << 20;
-constexpr qint64 MOST_BITMAP_BITS = Q_INT64_C(1) << 31;
-
-QByteArray bytes_of(const QString& path) {
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-}
-
-/** What a picture shows: a document without its title, which programs and people may word as they like. */
-QByteArray content_of(QByteArray bytes, bool is_document) {
+/** What a document shows: all but its title, which programs and people may word as they like. */
+QByteArray content_of(const QByteArray& document) {
     static const QRegularExpression title(
         QStringLiteral("<title>[^<]*</title>|<desc>[^<]*</desc>|<!--.*?-->"),
         QRegularExpression::DotMatchesEverythingOption);
-    if (is_document) {
-        bytes = QString::fromUtf8(bytes).remove(title).simplified().toUtf8();
-    }
-    return QCryptographicHash::hash(bytes, QCryptographicHash::Sha1);
+    const QByteArray shown = QString::fromUtf8(document).remove(title).simplified().toUtf8();
+    return QCryptographicHash::hash(shown, QCryptographicHash::Sha1);
+}
+
+QByteArray content_of_file(const QString& path) {
+    QFile file(path);
+    QCryptographicHash hash(QCryptographicHash::Sha1);
+    return file.open(QIODevice::ReadOnly) && hash.addData(&file) ? hash.result() : QByteArray();
 }
 
 std::string text_of(const QSizeF& size) {
@@ -72,48 +68,54 @@ private:
 
     void check_picture(const std::string& name) {
         const QString path = QString::fromStdString(folder_.path + '/' + name);
-        const bool is_document = picture_file_name(name).extension == ".svg";
-        const QByteArray bytes = bytes_of(path);
-        same_[content_of(bytes, is_document)].push_back(name);
-        if (is_document) {
-            check_document(name, bytes);
+        if (picture_file_name(name).extension == ".svg") {
+            check_document(name, path);
         } else {
             check_bitmap(name, path);
         }
     }
 
-    void check_document(const std::string& name, const QByteArray& bytes) {
-        if (bytes.size() > MOST_DOCUMENT_BYTES) {
-            error(CHECK_SVG_LOAD, name, "is larger than 16 MiB, which the panel does not read");
+    void check_document(const std::string& name, const QString& path) {
+        QByteArray document;
+        QString unread;
+        if (!read_panel_document(path, document, unread)) {
+            error(CHECK_SVG_LOAD, name, unread.toStdString());
             return;
         }
         bool is_drawn = true;
-        if (bytes.left(2) != QByteArray("\x1f\x8b", 2)) {
-            for (const svg_fault& fault : find_svg_faults(bytes)) {
-                is_drawn = is_drawn && !fault.is_fatal;
-                report_.add(folder_.found(fault.is_fatal ? severity::ERROR : severity::WARNING, fault.check,
-                                          name, fault.text, fault.line, fault.column));
-            }
+        for (const svg_fault& fault : find_svg_faults(document)) {
+            is_drawn = is_drawn && !fault.is_fatal;
+            report_.add(folder_.found(fault.is_fatal ? severity::ERROR : severity::WARNING, fault.check, name,
+                                      fault.text, fault.line, fault.column));
         }
-        const QSvgRenderer renderer(bytes);
-        if (is_drawn && !renderer.isValid()) {
+        if (!is_drawn) {
+            return;
+        }
+        if (!is_drawn_by_panel(document, path)) {
+            error(CHECK_SVG_LOAD, name,
+                  "the panel refuses to draw it: it holds too much, too deep, or what has no end");
+            return;
+        }
+        const QSvgRenderer renderer(document);
+        if (!renderer.isValid()) {
             error(CHECK_SVG_LOAD, name, "the toolkit does not load it");
+            return;
         }
         sizes_[name] = renderer.viewBoxF().size();
+        same_[content_of(document)].push_back(name);
     }
 
     void check_bitmap(const std::string& name, const QString& path) {
-        QImageReader reader(path);
-        const QSize size = reader.size();
-        const QString format = QString::fromLatin1(reader.format());
-        sizes_[name] = size;
-        if (static_cast<qint64>(size.width()) * size.height() * 32 >= MOST_BITMAP_BITS) {
-            error(CHECK_BITMAP, name, "is larger than the panel draws");
-        } else if (reader.read().isNull()) {
-            error(CHECK_BITMAP, name, "cannot be read: " + reader.errorString().toStdString());
-        } else if (format != path.section(QLatin1Char('.'), -1).toLower()) {
-            warn(CHECK_BITMAP, name, "is of the format " + format.toStdString());
+        const panel_bitmap bitmap(path);
+        if (!bitmap.fault.isEmpty()) {
+            error(CHECK_BITMAP, name, bitmap.fault.toStdString());
+            return;
         }
+        if (bitmap.format != path.section(QLatin1Char('.'), -1).toLower()) {
+            warn(CHECK_BITMAP, name, "is of the format " + bitmap.format.toStdString());
+        }
+        sizes_[name] = bitmap.size;
+        same_[content_of_file(path)].push_back(name);
     }
 
     void report_same(const std::vector<std::string>& names) {

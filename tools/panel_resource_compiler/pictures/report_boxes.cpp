@@ -1,6 +1,7 @@
 #include "report_boxes.h"
 
 #include <QFile>
+#include <QFileInfo>
 #include <QFontMetrics>
 #include <QJsonArray>
 #include <QJsonDocument>
@@ -66,7 +67,7 @@ QString text_box::filled(QString text) const {
 
 bool read_report_boxes(const std::string& path, std::vector<text_box>& boxes, std::string& fault) {
     QFile file(QString::fromStdString(path));
-    if (!file.open(QIODevice::ReadOnly)) {
+    if (!QFileInfo(file).isFile() || !file.open(QIODevice::ReadOnly)) {
         fault = path + ": cannot be read";
         return false;
     }
@@ -89,7 +90,10 @@ bool read_report_boxes(const std::string& path, std::vector<text_box>& boxes, st
             }
         }
     }
-    return true;
+    if (boxes.empty()) {
+        fault = path + ": shows no text on any screen";
+    }
+    return !boxes.empty();
 }
 
 std::vector<text_box> boxes_for(int language, const std::vector<text_box>& boxes) {

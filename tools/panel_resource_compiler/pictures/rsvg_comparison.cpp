@@ -4,6 +4,7 @@
 #include "sheet_page.h"
 
 #include <QFile>
+#include <QFileInfo>
 #include <QProcess>
 
 #include <algorithm>
@@ -32,7 +33,7 @@ struct comparison {
 
 QStringList rsvg_arguments(const QString& path, const QSize& size) {
     return {QStringLiteral("--width"), QString::number(size.width()), QStringLiteral("--height"),
-            QString::number(size.height()), path};
+            QString::number(size.height()), QFileInfo(path).absoluteFilePath()};
 }
 
 /** A line that lies half a pixel elsewhere is no difference: the nearest pixel around counts. */
@@ -103,7 +104,9 @@ public:
         if (!process_.waitForStarted() && process_.error() == QProcess::FailedToStart) {
             return false;
         }
-        process_.waitForFinished(RSVG_TIME);
+        if (!process_.waitForFinished(RSVG_TIME)) {
+            process_.kill();
+        }
         const QImage drawn = QImage::fromData(process_.readAllStandardOutput(), "PNG");
         ours = on_grey(ours_, ours_.size());
         theirs = drawn.isNull() ? QImage() : on_grey(drawn, ours_.size());

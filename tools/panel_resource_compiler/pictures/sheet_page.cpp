@@ -1,5 +1,7 @@
 #include "sheet_page.h"
 
+#include "panel_picture.h"
+
 #include <QSvgRenderer>
 #include <QTextOption>
 
@@ -48,13 +50,20 @@ bool sheet_page::save(const QString& file, std::string& fault) {
 
 QImage draw_picture_file(const QString& path, int longest_side, QSize& size) {
     if (!path.endsWith(QLatin1String(".svg"), Qt::CaseInsensitive)) {
-        const QImage image(path);
-        size = image.size();
-        return image.isNull()
-                   ? image
-                   : image.scaled(longest_side, longest_side, Qt::KeepAspectRatio, Qt::SmoothTransformation);
+        const panel_bitmap bitmap(path);
+        size = bitmap.size;
+        return bitmap.image.isNull() ? QImage()
+                                     : bitmap.image.scaled(longest_side, longest_side, Qt::KeepAspectRatio,
+                                                           Qt::SmoothTransformation);
     }
-    QSvgRenderer renderer(path);
+    QByteArray document;
+    QString fault;
+    size = QSize();
+    if (!read_panel_document(path, document, fault) ||
+        !is_drawn_by_panel(document, path, QSize(longest_side, longest_side))) {
+        return {};
+    }
+    QSvgRenderer renderer(document);
     size = renderer.viewBox().size();
     if (!renderer.isValid() || size.isEmpty()) {
         return {};

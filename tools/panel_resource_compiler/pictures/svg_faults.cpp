@@ -27,10 +27,15 @@ QString decoded(const QByteArray& document) {
     return codec->toUnicode(document);
 }
 
+/** Told of one document; the same fault of many elements counts once. */
+constexpr int MOST_FAULTS = 200;
+constexpr int LONGEST_TEXT = 300;
+
 /** What an element hands on to those within it, as far as it matters here. */
 struct open_element {
     QString name;
     bool is_foreign = false; ///< of another namespace, or within such an element
+    bool is_within_filter = false;
     bool has_fill = true;
     bool has_stroke = false;
     int drawn = 0;           ///< elements drawn within it
@@ -86,17 +91,24 @@ private:
     int offset_of_attribute(int tag, const QString& name) const {
         const QRegularExpression expression(QStringLiteral("[\\s]") + QRegularExpression::escape(name) +
                                             QStringLiteral("\\s*="));
-        const int found = text_.indexOf(expression, tag);
-        return found < 0 || found > text_.indexOf(QLatin1Char('>'), tag) ? tag : found + 1;
+        const int end = text_.indexOf(QLatin1Char('>'), tag);
+        const int found = text_.mid(tag, end - tag).indexOf(expression);
+        return found < 0 ? tag : tag + found + 1;
     }
 
     void add(int at, const char* check, const QString& text, bool is_fatal = false) {
-        counted_fault& entry = faults_[QLatin1String(check) + text];
+        const QString shown =
+            text.size() > LONGEST_TEXT ? text.left(LONGEST_TEXT) + QStringLiteral("...") : text;
+        const QString key = QLatin1String(check) + shown;
+        if (faults_.size() >= MOST_FAULTS && !is_fatal && !faults_.contains(key)) {
+            return;
+        }
+        counted_fault& entry = faults_[key];
         if (entry.count++ == 0) {
             const int line_start = at == 0 ? 0 : text_.lastIndexOf(QLatin1Char('\n'), at - 1) + 1;
             entry.at = at;
             entry.fault = {static_cast<std::size_t>(text_.leftRef(at).count(QLatin1Char('\n'))) + 1,
-                           static_cast<std::size_t>(at - line_start) + 1, check, text.toStdString(),
+                           static_cast<std::size_t>(at - line_start) + 1, check, shown.toStdString(),
                            is_fatal};
         }
     }
@@ -105,10 +117,12 @@ private:
         open_element element = open_.empty() ? open_element() : open_.back();
         element.drawn = 0;
         element.see_through_at = -1;
+        element.is_within_filter = element.is_within_filter || element.name == QLatin1String("filter") ||
+                                   element.name == QLatin1String("metadata");
         element.name = xml.name().toString();
         element.is_foreign =
             element.is_foreign || (xml.namespaceUri() != SVG_NAMESPACE && !xml.namespaceUri().isEmpty());
-        if (!element.is_foreign && !is_within_filter()) {
+        if (!element.is_foreign && !element.is_within_filter) {
             const int tag = offset_of_tag(xml);
             check_element(xml, tag, element);
             check_attributes(xml.attributes(), tag, element);
@@ -136,12 +150,6 @@ private:
                                                          !attributes.hasAttribute(QStringLiteral("ry")))) {
             add(tag, CHECK_SVG_PROPERTY, name + QStringLiteral("without both rx and ry nothing is drawn"));
         }
-    }
-
-    bool is_within_filter() const {
-        return std::any_of(open_.begin(), open_.end(), [](const open_element& element) {
-            return element.name == QLatin1String("filter") || element.name == QLatin1String("metadata");
-        });
     }
 
     void check_root(const QXmlStreamReader& xml, int tag) {
@@ -288,12 +296,12 @@ private:
         }
     }
 
-    void note_drawn(open_element& element) {
+    void note_drawn(const open_element& element) {
         if (!is_drawn_element(element.name)) {
             return;
         }
-        for (open_element& outer : open_) {
-            ++outer.drawn;
+        if (!open_.empty()) {
+            ++open_.back().drawn;
         }
         if (element.see_through_at >= 0 && element.has_fill && element.has_stroke &&
             element.name != QLatin1String("image") && element.name != QLatin1String("use")) {
@@ -305,6 +313,9 @@ private:
     void end() {
         const open_element element = open_.back();
         open_.pop_back();
+        if (!open_.empty()) {
+            open_.back().drawn += element.drawn;
+        }
         if (element.see_through_at >= 0 && element.drawn > 1) {
             add(element.see_through_at, CHECK_SVG_OPACITY,
                 QStringLiteral("a group's opacity counts for each of its parts: where they overlap, the "
