@@ -91,8 +91,8 @@ private:
     int offset_of_attribute(int tag, const QString& name) const {
         const QRegularExpression expression(QStringLiteral("[\\s]") + QRegularExpression::escape(name) +
                                             QStringLiteral("\\s*="));
-        const int end = text_.indexOf(QLatin1Char('>'), tag);
-        const int found = text_.mid(tag, end - tag).indexOf(expression);
+        const int tag_end = text_.indexOf(QLatin1Char('>'), tag);
+        const int found = text_.mid(tag, tag_end - tag).indexOf(expression);
         return found < 0 ? tag : tag + found + 1;
     }
 
