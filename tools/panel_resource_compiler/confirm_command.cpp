@@ -69,6 +69,17 @@ std::string find_textless(const text_file& language, std::set<std::int32_t> rows
                         : "row " + std::to_string(*rows.begin()) + " has no text in " + language.language;
 }
 
+int save(const std::string& language, const confirmed_texts& confirmed, std::size_t count) {
+    file_replacement files;
+    std::string fault;
+    confirmed.save(files);
+    if (!files.commit(fault)) {
+        return file_fault(fault);
+    }
+    std::cout << language << ": " << count << (count == 1 ? " text" : " texts") << " confirmed\n";
+    return EXIT_GOOD;
+}
+
 } // namespace
 
 int run_confirm_command(const std::vector<std::string>& arguments) {
@@ -113,13 +124,7 @@ int run_confirm_command(const std::vector<std::string>& arguments) {
         return options.usage_fault(fault);
     }
     const std::size_t count = confirm_texts(source, texts, rows, confirmed);
-    file_replacement files;
-    confirmed.save(files);
-    if (!files.commit(fault)) {
-        return file_fault(fault);
-    }
-    std::cout << language << ": " << count << (count == 1 ? " text" : " texts") << " confirmed\n";
-    return EXIT_GOOD;
+    return save(language, confirmed, count);
 }
 
 } // namespace velarion

@@ -127,6 +127,46 @@ bool read_document(const exchange_line& line, const std::string& contents, excha
     return report.error_count() == 0;
 }
 
+void add_import_options(command_options& options, exchange_line& line) {
+    options.word("FILE", line.file, "the file: FILE.po or FILE.ts");
+    options.flag("accept-unfinished", line.rules.accepts_unfinished,
+                 "takes unfinished and fuzzy texts too, and removes those that were emptied");
+    options.flag("skip-conflicts", line.rules.skips_conflicts,
+                 "leaves texts in conflict as they are, and takes the others");
+    options.flag("dry-run", line.is_dry_run, "writes no file, but what would change in the texts");
+    options.flag("all", line.shows_all, "shows all findings, not only the first 20 of a kind");
+}
+
+/** Takes the file's texts over, and tells what became of them. @return what to end with */
+int import_file(const exchange_line& line, exchange_language& language) {
+    std::string fault;
+    std::string contents;
+    if (!read_file(line.file, contents, fault)) {
+        return file_fault(fault);
+    }
+    diagnostics report(std::cerr);
+    if (line.shows_all) {
+        report.show_all();
+    }
+    use_ignore_list(line.catalogue, report);
+    exchange_document document;
+    import_counts counts;
+    if (read_document(line, contents, document, report)) {
+        counts = import_document(document, line.rules, language, report);
+    }
+    report.write_summary();
+    if (report.error_count() != 0) {
+        std::cerr << "panel_resource_compiler: nothing is taken from " << line.file << '\n';
+        return EXIT_CATALOGUE_FAULT;
+    }
+    const int exit_code = save(line, language);
+    if (exit_code == EXIT_GOOD) {
+        print_counts(line, counts);
+        tell_figures(line.catalogue);
+    }
+    return exit_code;
+}
+
 } // namespace
 
 int run_export_command(const std::vector<std::string>& arguments) {
@@ -165,13 +205,7 @@ int run_import_command(const std::vector<std::string>& arguments) {
                   "count as confirmed against their English text. Comments and order of the\n"
                   "catalogue's files stay.");
     add_common_options(options, line);
-    options.word("FILE", line.file, "the file: FILE.po or FILE.ts");
-    options.flag("accept-unfinished", line.rules.accepts_unfinished,
-                 "takes unfinished and fuzzy texts too, and removes those that were emptied");
-    options.flag("skip-conflicts", line.rules.skips_conflicts,
-                 "leaves texts in conflict as they are, and takes the others");
-    options.flag("dry-run", line.is_dry_run, "writes no file, but what would change in the texts");
-    options.flag("all", line.shows_all, "shows all findings, not only the first 20 of a kind");
+    add_import_options(options, line);
     if (const std::optional<int> end = read_line(options, arguments, line)) {
         return *end;
     }
@@ -188,31 +222,7 @@ int run_import_command(const std::vector<std::string>& arguments) {
     if (const std::optional<int> end = read_language(language)) {
         return *end;
     }
-    std::string contents;
-    if (!read_file(line.file, contents, fault)) {
-        return file_fault(fault);
-    }
-    diagnostics report(std::cerr);
-    if (line.shows_all) {
-        report.show_all();
-    }
-    use_ignore_list(line.catalogue, report);
-    exchange_document document;
-    import_counts counts;
-    if (read_document(line, contents, document, report)) {
-        counts = import_document(document, line.rules, language, report);
-    }
-    report.write_summary();
-    if (report.error_count() != 0) {
-        std::cerr << "panel_resource_compiler: nothing is taken from " << line.file << '\n';
-        return EXIT_CATALOGUE_FAULT;
-    }
-    const int exit_code = save(line, language);
-    if (exit_code == EXIT_GOOD) {
-        print_counts(line, counts);
-        tell_figures(line.catalogue);
-    }
-    return exit_code;
+    return import_file(line, language);
 }
 
 } // namespace velarion

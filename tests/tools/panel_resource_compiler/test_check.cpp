@@ -105,8 +105,9 @@ const struct {
      {{"en", "Go?"}, {"es", "Va?"}, {"de", "Geht?"}},
      "texts/es.tsv:3:5: warning: row 3: has 0 \"¿\" and 1 \"?\" [inverted-marks]\n"},
     {"no-break-blanks",
-     {{"en", "Go?"}, {"fr", "Va ? 12:30 http://a «\u00A0b\u00A0»\u202F: c"}, {"de", "Geht?"}},
-     "texts/fr.tsv:3:6: warning: row 3: has no no-break blank before \"?\" [no-break-blanks]\n"},
+     {{"en", "Go?"}, {"fr", "Va ? 12:30 http://a «\u00A0b\u00A0»\u202F: c «d"}, {"de", "Geht?"}},
+     "texts/fr.tsv:3:6: warning: row 3: has no no-break blank before \"?\" [no-break-blanks]\n"
+     "texts/fr.tsv:3:33: warning: row 3: has no no-break blank behind \"«\" [no-break-blanks]\n"},
     {"same-as-english",
      {{"en", "Start"}, {"de", "Start"}, {"fr", "Départ"}},
      "texts/de.tsv:3:3: warning: row 3: is the same as the English text [same-as-english]\n"},
