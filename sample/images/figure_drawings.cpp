@@ -95,12 +95,29 @@ void draw_two_sides(svg_canvas& canvas, edge where, bool lies, int variant, cons
     canvas.path(turns[static_cast<std::size_t>(where)], {colors.warn, "", 2.5});
 }
 
+/** Lines between the cells of a sheet; where they are set off, they are drawn as the sheet's edge is. */
+void draw_dividers(svg_canvas& canvas, const area& page, int columns, int rows, bool are_set_off,
+                   const palette& colors) {
+    const paint how{are_set_off ? colors.foreground : colors.line, "", are_set_off ? 2.5 : 1.5};
+    for (int i = 1; i < columns; ++i) {
+        const std::string x = std::to_string(page.x + page.width * i / columns);
+        canvas.path("M" + x + ' ' + std::to_string(page.y + 3) + "v" + std::to_string(page.height - 6), how);
+    }
+    for (int i = 1; i < rows; ++i) {
+        const std::string y = std::to_string(page.y + page.height * i / rows);
+        canvas.path("M" + std::to_string(page.x + 3) + ' ' + y + "h" + std::to_string(page.width - 6), how);
+    }
+}
+
 void draw_combined(svg_canvas& canvas, edge where, int number, const palette& colors) {
     const std::array<std::array<int, 2>, 6> grids = {{{2, 1}, {2, 2}, {4, 2}, {3, 3}, {1, 2}, {4, 4}}};
     const auto& grid = grids[static_cast<std::size_t>(number - 1) / 2 % grids.size()];
     const bool lies = grid[0] > grid[1];
     const area page = lies ? area{8, 14, 80, 58} : area{20, 6, 56, 72};
     draw_sheet(canvas, page, colors);
+    // Two pages have one order only: the second of their numbers sets them off from each other.
+    const bool is_only_order = grid[0] == 1 || grid[1] == 1;
+    draw_dividers(canvas, page, grid[0], grid[1], is_only_order && number % 2 == 0, colors);
     const double w = page.width / grid[0];
     const double h = page.height / grid[1];
     for (int cell = 0; cell < grid[0] * grid[1]; ++cell) {
