@@ -6,6 +6,7 @@
 
 #include <cstdint>
 #include <cstdlib>
+#include <filesystem>
 #include <gtest/gtest.h>
 #include <sys/types.h>
 #include <vector>
@@ -34,12 +35,21 @@ private:
 /** Sends the service a request of this process. @return the reply; its result is -1 when there is none */
 velarion::device_message ask_service(std::int32_t func_id, const std::vector<std::int32_t>& values);
 
-/** Gives each test an empty platform folder of its own. */
+/** Gives each test an empty platform folder. Its place stays: threads of the test before may still read it.
+ */
 class scratch_service : public testing::Test {
 protected:
-    scratch_service() { ::setenv("PANEL_PLATFORM_DIR", scratch_.path("platform").c_str(), 1); }
+    scratch_service() { std::filesystem::remove_all(scratch_.path("platform")); }
 
-    const scratch_folder scratch_;
+    const scratch_folder& scratch_ = folder();
+
+private:
+    static const scratch_folder& folder() {
+        static const scratch_folder made;
+        static const int is_set = ::setenv("PANEL_PLATFORM_DIR", made.path("platform").c_str(), 1);
+        EXPECT_EQ(is_set, 0);
+        return made;
+    }
 };
 
 #endif
