@@ -5,11 +5,15 @@
 namespace velarion {
 
 const std::vector<panel_sound>& panel_sounds() {
-    // MSG_NORMAL_DEVICE_SOUND_KEYTOUCH_..., ..._JOBEND_..., ..._WARNING_...
+    // MSG_NORMAL_ADMIN_SELECT_KEYSOUND, MSG_NORMAL_DEVICE_SOUND_JOBEND, MSG_NORMAL_ADMIN_SELECT_WARNSOUND;
+    // levels: MSG_NORMAL_DEVICE_SOUND_KEYTOUCH_..., ..._JOBEND_..., ..._WARNING_...
     static const std::vector<panel_sound> sounds = {
-        {"key", &sound_settings::key_volume, {{0, "15662"}, {3, "15663"}, {4, "15664"}}},
-        {"job_end", &sound_settings::done_volume, {{0, "15665"}, {2, "15666"}, {4, "15667"}, {5, "15686"}}},
-        {"warning", &sound_settings::error_volume, {{0, "15687"}, {2, "15688"}, {4, "15689"}}},
+        {"key", "13001", &sound_settings::key_volume, {{0, "15662"}, {3, "15663"}, {4, "15664"}}},
+        {"job_end",
+         "17011",
+         &sound_settings::done_volume,
+         {{0, "15665"}, {2, "15666"}, {4, "15667"}, {5, "15686"}}},
+        {"warning", "13002", &sound_settings::error_volume, {{0, "15687"}, {2, "15688"}, {4, "15689"}}},
     };
     return sounds;
 }

@@ -10,12 +10,13 @@ namespace velarion {
 /** A volume that a sound can have. */
 struct sound_level {
     int volume;          ///< 0 to MOST_VOLUME
-    const char* message; ///< id: the sound and its volume, "Key sound: Medium"
+    const char* message; ///< id: "Medium volume"
 };
 
 /** A sound of the machine, and the volumes that can be chosen, from the softest to the loudest. */
 struct panel_sound {
-    const char* name; ///< for scripts
+    const char* name;    ///< for scripts
+    const char* message; ///< id: "Key sound"
     int sound_settings::*volume;
     std::vector<sound_level> levels;
 };

@@ -18,16 +18,14 @@ constexpr int LONGEST_NAME = 63;
 /** A setting that is on or off. */
 struct switched_value {
     const char* name;
-    const char* text_on;
-    const char* text_off;
-    bool has_value; ///< "On" or "Off" stands at the far end: the text does not tell it
+    const char* text;
     bool network_settings::*value;
 };
 
 constexpr switched_value SWITCHES[] = {
-    {"dhcp", "10423", "10423", true, &network_settings::has_dhcp},          // MSG_NORMAL_NET_AUTO_DHCP
-    {"ipv6", "10579", "10580", false, &network_settings::has_ipv6},         // MSG_NORMAL_NET_SERVICE_IPv6_...
-    {"wireless", "10589", "10590", false, &network_settings::has_wireless}, // ..._WIFI_...
+    {"dhcp", "10423", &network_settings::has_dhcp},         // MSG_NORMAL_NET_AUTO_DHCP
+    {"ipv6", "11049", &network_settings::has_ipv6},         // MSG_NORMAL_NET_SERVICE_IPV6
+    {"wireless", "31319", &network_settings::has_wireless}, // MSG_HELP_WIRELESS_LAN_TITLE
 };
 
 /** A setting that is entered. */
@@ -73,11 +71,7 @@ void network_screen::refresh() {
     const network_settings& network = machine().network();
     std::vector<list_row> rows;
     for (const switched_value& entry : SWITCHES) {
-        const bool is_on = network.*entry.value;
-        rows.push_back({QLatin1String(entry.name),
-                        {},
-                        is_on ? entry.text_on : entry.text_off,
-                        entry.has_value ? message_text(is_on ? ON : OFF) : message_text()});
+        rows.push_back({QLatin1String(entry.name), {}, entry.text, network.*entry.value ? ON : OFF});
     }
     for (const entered_value& entry : ENTRIES) {
         rows.push_back(

@@ -40,10 +40,13 @@ sounds_screen::sounds_screen(const panel_context& context)
 
 QWidget* sounds_screen::make_row_of(std::size_t sound) {
     const QByteArray name = panel_sounds()[sound].name;
-    sound_row row{new picture_view({grid::icon, grid::icon}), new message_label, new level_bar(MOST_VOLUME),
+    sound_row row{new picture_view({grid::icon, grid::icon}), new message_label(text_role::CAPTION),
+                  new level_bar(MOST_VOLUME),
                   new panel_button((name + "_softer").constData(), button_form::PICTURE, {}, SOFTER),
                   new panel_button((name + "_louder").constData(), button_form::PICTURE, {}, LOUDER)};
-    row.label->set_wraps(true);
+    auto* label = new message_label;
+    label->set_message(panel_sounds()[sound].message);
+    row.level->set_color(colors::quiet_text);
     for (panel_button* button : {row.softer, row.louder}) {
         button->setFixedSize(px(48), px(grid::touch));
         connect(button, &QAbstractButton::clicked, this,
@@ -55,7 +58,15 @@ QWidget* sounds_screen::make_row_of(std::size_t sound) {
     layout->setContentsMargins(px(grid::margin), 0, px(grid::margin), 0);
     layout->setSpacing(px(grid::margin));
     layout->addWidget(row.picture);
-    layout->addWidget(row.label, 1);
+    auto* texts = new QVBoxLayout;
+    texts->setSpacing(px(grid::gap));
+    texts->addStretch(1);
+    for (message_label* text : {label, row.level}) {
+        text->set_wraps(true);
+        texts->addWidget(text);
+    }
+    texts->addStretch(1);
+    layout->addLayout(texts, 1);
     layout->addWidget(row.bar);
     layout->addWidget(row.softer);
     layout->addWidget(row.louder);
@@ -74,7 +85,7 @@ void sounds_screen::refresh() {
         const sound_level& level = sound.levels[place];
         rows_[i].picture->set_picture(QLatin1String(level.volume > 0 ? SOUND : MUTED));
         rows_[i].bar->set_level(level.volume);
-        rows_[i].label->set_message(level.message);
+        rows_[i].level->set_message(level.message);
         rows_[i].softer->setEnabled(place > 0);
         rows_[i].louder->setEnabled(place + 1 < sound.levels.size());
         has_sound = has_sound || place > 0;

@@ -21,7 +21,7 @@ public:
 private:
     struct sound_row {
         picture_view* picture;
-        message_label* label;
+        message_label* level;
         level_bar* bar;
         panel_button* softer;
         panel_button* louder;
