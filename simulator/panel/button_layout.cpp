@@ -28,8 +28,9 @@ button_boxes lay_out_tile(const QRect& rect) {
     const int top = rect.top() + qMax(px(grid::gap), (rect.height() - picture - space - text * 2 / 3) / 2);
     button_boxes boxes;
     boxes.picture = QRect(rect.center().x() - picture / 2, top, picture, picture);
-    boxes.text = QRect(rect.left() + space, top + picture + space, rect.width() - 2 * space, text);
-    boxes.text.setBottom(qMin(boxes.text.bottom(), rect.bottom() - px(grid::gap)));
+    const int edge = px(grid::gap);
+    boxes.text = QRect(rect.left() + edge, top + picture + space, rect.width() - 2 * edge, text);
+    boxes.text.setBottom(qMin(boxes.text.bottom(), rect.bottom() - edge));
     return boxes;
 }
 

@@ -2,6 +2,7 @@
 
 #include <QFontMetrics>
 #include <QPainter>
+#include <QTextLayout>
 
 namespace velarion {
 
@@ -20,6 +21,27 @@ std::vector<int> sizes_from(QFont font) {
         sizes.push_back(font.pixelSize());
     }
     return sizes;
+}
+
+/** The lines into which a text is broken, without the blanks at their ends. */
+QStringList lines_of(const QString& text, const QFont& font, int width) {
+    QStringList lines;
+    for (const QString& paragraph : text.split(QLatin1Char('\n'))) {
+        QTextLayout layout(paragraph, font);
+        layout.beginLayout();
+        for (QTextLine line = layout.createLine(); line.isValid(); line = layout.createLine()) {
+            line.setLineWidth(width);
+            lines.append(paragraph.mid(line.textStart(), line.textLength()).trimmed());
+        }
+        layout.endLayout();
+    }
+    return lines;
+}
+
+/** Scripts without blanks between words break anywhere: one character alone looks like a slip. */
+bool leaves_one_character(const QString& text, const QFont& font, int width) {
+    const QStringList lines = lines_of(text, font, width);
+    return lines.size() > 1 && lines.last().size() == 1;
 }
 
 } // namespace
@@ -54,6 +76,10 @@ QSize text_block::size_hint(int width) const {
 
 QFont text_block::font_for(const QRect& box) const {
     QFont font = font_;
+    if (wraps_ && leaves_one_character(text_, font, box.width()) &&
+        !leaves_one_character(text_, smaller_font(font), box.width())) {
+        font = smaller_font(font);
+    }
     while (!fits(bounds(font, box).size(), box)) {
         const QFont smaller = smaller_font(font);
         if (smaller.pixelSize() == font.pixelSize()) {
@@ -69,10 +95,14 @@ void text_block::draw(QPainter& painter, const QRect& box, const QColor& color,
     if (text_.isEmpty()) {
         return;
     }
-    painter.setFont(font_for(box));
+    const QFont font = font_for(box);
+    const bool breaks_lines = wraps_ && direction == Qt::RightToLeft;
+    painter.setFont(font);
     painter.setPen(color);
     painter.setLayoutDirection(direction);
-    painter.drawText(box, flags(), text_);
+    // The painter leaves the blank of a line's end at the edge where lines from right to left begin.
+    painter.drawText(box, flags(),
+                     breaks_lines ? lines_of(text_, font, box.width()).join(QLatin1Char('\n')) : text_);
 }
 
 void text_block::describe(const QRect& box, panel_contents& contents, const QSize& room) const {
