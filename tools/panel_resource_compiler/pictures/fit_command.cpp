@@ -1,10 +1,9 @@
 #include "authoring_subcommands.h"
 #include "fit_sheet.h"
+#include "font_look.h"
 #include "ignore_list.h"
-#include "look_options.h"
 #include "message_catalogue.h"
 #include "offscreen_application.h"
-#include "panel_fonts.h"
 
 #include <cstdio>
 #include <iostream>
@@ -15,11 +14,9 @@ namespace velarion {
 namespace {
 
 struct fit_line {
-    look_options look = {check_area::FIT};
+    font_look fonts = {{check_area::FIT}};
     std::string report_file;
     std::string sheets;
-    std::string device_tree;
-    std::vector<std::string> languages;
 };
 
 std::string size_text(const QSize& size) {
@@ -69,34 +66,29 @@ std::vector<misfit> check_language(const panel_language& language, const std::ve
     return misfits;
 }
 
-int check(const fit_line& line, const std::vector<text_box>& boxes,
-          const std::vector<panel_language>& languages, diagnostics& report) {
-    const std::string& catalogue = line.look.catalogue.catalogue;
-    load_panel_fonts(catalogue, line.device_tree);
+int check(const fit_line& line, const std::vector<text_box>& boxes, diagnostics& report) {
+    const std::string& catalogue = line.fonts.look.catalogue.catalogue;
+    load_panel_fonts(catalogue, line.fonts.device_tree);
     use_ignore_list(catalogue, report);
     std::map<std::int32_t, std::int32_t> rows;
     for (const catalogue_message& message : read_message_list(catalogue, report)) {
         rows.emplace(message.id, message.row);
     }
-    for (const panel_language& language : languages) {
+    for (const panel_language& language : line.fonts.languages) {
         const std::vector<misfit> misfits = check_language(language, boxes, rows, report);
         std::string fault;
         if (!line.sheets.empty() && !write_fit_sheets(line.sheets, language.name, misfits, fault)) {
             return file_fault(fault);
         }
     }
-    return finish_look(line.look, report);
+    return finish_look(line.fonts.look, report);
 }
 
 void declare(command_options& options, fit_line& line) {
-    add_look_options(options, line.look);
+    add_font_look_options(options, line.fonts);
     options.require("report", "FILE", line.report_file, "the simulator's report, panel_report/1");
-    options.values("language", "LANGUAGE", line.languages,
-                   "only this one, \"de\" or 49; may stand several times");
     options.value("sheet", "DIR", line.sheets,
                   "draws the texts that do not fit, into fit-LANGUAGE-01.png and so on");
-    options.value("device-tree", "DIR", line.device_tree,
-                  "device whose font files are taken beside this machine's and the packs'");
 }
 
 } // namespace
@@ -107,25 +99,17 @@ int run_fit_command(const std::vector<std::string>& arguments) {
                                    "and tells which do not fit at\nthe smallest size. Leaves out what "
                                    "DIR/ignore.tsv lists: subject is the id of the message.");
     declare(options, line);
-    if (const std::optional<int> end = options.read(arguments)) {
+    diagnostics report(std::cerr);
+    if (const std::optional<int> end = read_font_look(options, arguments, line.fonts, report)) {
         return *end;
     }
-    diagnostics report(std::cerr);
-    std::string fault = apply_look_options(line.look, report);
-    if (!fault.empty()) {
-        return options.usage_fault(fault);
-    }
-    const std::vector<panel_language> languages =
-        panel_languages(line.look.catalogue.catalogue, line.languages, fault);
-    if (!fault.empty()) {
-        return options.usage_fault(fault);
-    }
+    std::string fault;
     std::vector<text_box> boxes;
-    if (!read_report_boxes(line.report_file, boxes, fault) || !is_device_tree(line.device_tree, fault)) {
+    if (!read_report_boxes(line.report_file, boxes, fault)) {
         return file_fault(fault);
     }
     const offscreen_application application;
-    return check(line, boxes, languages, report);
+    return check(line, boxes, report);
 }
 
 } // namespace velarion

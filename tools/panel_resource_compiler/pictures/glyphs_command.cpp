@@ -1,9 +1,8 @@
 #include "authoring_subcommands.h"
+#include "font_look.h"
 #include "ignore_list.h"
-#include "look_options.h"
 #include "message_catalogue.h"
 #include "offscreen_application.h"
-#include "panel_fonts.h"
 
 #include <QChar>
 
@@ -121,13 +120,7 @@ void check_language(const panel_language& language, const std::multimap<std::int
     }
 }
 
-struct glyphs_line {
-    look_options look = {check_area::GLYPHS};
-    std::string device_tree;
-    std::vector<std::string> languages;
-};
-
-int check(const glyphs_line& line, const std::vector<panel_language>& languages, diagnostics& report) {
+int check(const font_look& line, diagnostics& report) {
     const std::string& catalogue = line.look.catalogue.catalogue;
     load_panel_fonts(catalogue, line.device_tree);
     const auto ignored = use_ignore_list(catalogue, report);
@@ -136,55 +129,35 @@ int check(const glyphs_line& line, const std::vector<panel_language>& languages,
         ids.emplace(message.row, message.id);
     }
     std::set<std::string> checked;
-    for (const panel_language& language : languages) {
+    for (const panel_language& language : line.languages) {
         check_language(language, ids, report);
         checked.insert(language.name);
     }
     ignored->report_unused(
         [&](const std::string& check, const std::string& language) {
             return find_selectable_check(check)->area == check_area::GLYPHS && !report.is_disabled(check) &&
-                   (language == "*" ? line.languages.empty() : checked.count(language) != 0);
+                   (language == "*" ? line.wanted_languages.empty() : checked.count(language) != 0);
         },
         report);
     return finish_look(line.look, report);
 }
 
-void declare(command_options& options, glyphs_line& line) {
-    add_look_options(options, line.look);
-    options.value("device-tree", "DIR", line.device_tree,
-                  "device whose font files are taken beside this machine's and the packs'");
-    options.values("language", "LANGUAGE", line.languages,
-                   "only this one, \"de\" or 49; may stand several times");
-}
-
 } // namespace
 
 int run_glyphs_command(const std::vector<std::string>& arguments) {
-    glyphs_line line;
+    font_look line = {{check_area::GLYPHS}};
     command_options options(
         "glyphs",
         "Looks for each character of each text in the font that its language uses on the panel. A "
         "character that\nonly another font has is a remark, one that no font has an error. Leaves out "
         "what DIR/ignore.tsv lists:\nsubject is the character, \"U+00E4\".");
-    declare(options, line);
-    if (const std::optional<int> end = options.read(arguments)) {
+    add_font_look_options(options, line);
+    diagnostics report(std::cerr);
+    if (const std::optional<int> end = read_font_look(options, arguments, line, report)) {
         return *end;
     }
-    diagnostics report(std::cerr);
-    std::string fault = apply_look_options(line.look, report);
-    if (!fault.empty()) {
-        return options.usage_fault(fault);
-    }
-    const std::vector<panel_language> languages =
-        panel_languages(line.look.catalogue.catalogue, line.languages, fault);
-    if (!fault.empty()) {
-        return options.usage_fault(fault);
-    }
-    if (!is_device_tree(line.device_tree, fault)) {
-        return file_fault(fault);
-    }
     const offscreen_application application;
-    return check(line, languages, report);
+    return check(line, report);
 }
 
 } // namespace velarion
