@@ -61,6 +61,11 @@ const struct {
     {"placeholders",
      {{"ja", "no"}, {"en", "%1"}},
      "texts/ja.tsv:3:3: error: row 3: %1 is missing; it stands in en [placeholders]\n"},
+    {"placeholders", all_but("%9 %0", {{"de", "%9"}, {"fr", "%0"}}),
+     "texts/fr.tsv:3:3: error: row 3: %9 is missing; it stands in ja, en, de, es, it, nl, ru "
+     "[placeholders]\n"},
+    {"placeholders", all_but("", {{"en", "%1 %1 %1 %1"}, {"ja", "%1"}}),
+     "texts/ja.tsv:3:3: error: row 3: %1 stands once; 4 times in en [placeholders]\n"},
     {"control-characters", all_but("a", {{"de", "a\xC2\x80"}, {"fr", "a\\tb"}, {"ru", "a\\nb"}}),
      "texts/de.tsv:3:4: error: row 3: holds U+0080, which the panel cannot show; remove it (a line break is "
      "\\n) "
@@ -68,6 +73,26 @@ const struct {
      "texts/fr.tsv:3:4: error: row 3: holds U+0009, which the panel cannot show; remove it (a line break is "
      "\\n) "
      "[control-characters]\n"},
+    {"control-characters",
+     all_but("a", {{"de", "\x7F"}, {"fr", "\uFDD0"}, {"es", "\uFFFE"}, {"it", "\u2028"}, {"nl", "\u00A0."}}),
+     "texts/de.tsv:3:3: error: row 3: holds U+007F, which the panel cannot show; remove it (a line break is "
+     "\\n) [control-characters]\n"
+     "texts/fr.tsv:3:3: error: row 3: holds U+FDD0, which the panel cannot show; remove it (a line break is "
+     "\\n) [control-characters]\n"
+     "texts/es.tsv:3:3: error: row 3: holds U+FFFE, which the panel cannot show; remove it (a line break is "
+     "\\n) [control-characters]\n"
+     "texts/it.tsv:3:3: error: row 3: holds U+2028, which the panel cannot show; remove it (a line break is "
+     "\\n) [control-characters]\n"},
+    {"control-characters",
+     all_but("a", {{"de", "\u2029"}, {"fr", "b\uFEFF"}, {"es", "\uFFFD"}, {"it", "\U0001FFFF"}}),
+     "texts/de.tsv:3:3: error: row 3: holds U+2029, which the panel cannot show; remove it (a line break is "
+     "\\n) [control-characters]\n"
+     "texts/fr.tsv:3:4: error: row 3: holds U+FEFF, which the panel cannot show; remove it (a line break is "
+     "\\n) [control-characters]\n"
+     "texts/es.tsv:3:3: error: row 3: holds U+FFFD, which the panel cannot show; remove it (a line break is "
+     "\\n) [control-characters]\n"
+     "texts/it.tsv:3:3: error: row 3: holds U+1FFFF, which the panel cannot show; remove it (a line break is "
+     "\\n) [control-characters]\n"},
     {"length", all_but("a", {{"it", std::string(4097, 'a')}, {"nl", std::string(4096, 'a')}}),
      "texts/it.tsv:3:3: error: row 3: has 4097 bytes; a text may have 4096 [length]\n"},
     {"missing",
@@ -89,6 +114,21 @@ const struct {
      "texts/de.tsv:3:3: warning: row 3: begins with a blank, U+0020 [edge-blanks]\n"},
     {"line-breaks", all_but("b\\nc", {{"en", "a\\nb"}, {"it", "b\\nc\\nd"}}),
      "texts/it.tsv:3:3: warning: row 3: has 2 line breaks; the English text has 1 [line-breaks]\n"},
+    {"line-breaks", {{"en", "a\\nb"}, {"de", ""}, {"fr", " "}}, ""},
+    {"line-breaks", {{"en", " "}, {"de", "a\\nb"}}, ""},
+    {"end-punctuation", {{"en", "Wait."}, {"de", ""}, {"fr", " "}}, ""},
+    {"end-punctuation",
+     {{"en", "ca. 9 appr."}, {"de", "etwa"}, {"ja", "後：」"}, {"fr", "abcdef."}, {"nl", "abcde."}},
+     "texts/ja.tsv:3:5: warning: row 3: ends with a colon; the English text ends with a full stop "
+     "[end-punctuation]\n"},
+    {"end-punctuation",
+     {{"en", "Two boxes"}, {"de", "abcdef."}, {"fr", "abcde."}, {"es", "a!)\u00A0"}, {"nl", "a :"}},
+     "texts/de.tsv:3:9: warning: row 3: ends with a full stop; the English text ends with no punctuation "
+     "[end-punctuation]\n"
+     "texts/es.tsv:3:6: warning: row 3: ends with an exclamation mark; the English text ends with no "
+     "punctuation [end-punctuation]\n"
+     "texts/nl.tsv:3:5: warning: row 3: ends with a colon; the English text ends with no punctuation "
+     "[end-punctuation]\n"},
     {"end-punctuation",
      {{"en", "Wait."}, {"ja", "待つ。"}, {"de", "Warten"}, {"fr", "x (Attendez.)"}, {"es", "¡Espere!"}},
      "texts/de.tsv:3:8: warning: row 3: ends with no punctuation; the English text ends with a full stop "
@@ -104,6 +144,16 @@ const struct {
     {"inverted-marks",
      {{"en", "Go?"}, {"es", "Va?"}, {"de", "Geht?"}},
      "texts/es.tsv:3:5: warning: row 3: has 0 \"¿\" and 1 \"?\" [inverted-marks]\n"},
+    {"inverted-marks", {{"en", "Go!"}, {"es", "¡Va!"}, {"de", "Geht!"}}, ""},
+    {"inverted-marks",
+     {{"en", "Go!"}, {"es", "Va ¡"}, {"de", "¡Geht"}},
+     "texts/es.tsv:3:6: warning: row 3: has 1 \"¡\" and 0 \"!\" [inverted-marks]\n"},
+    {"no-break-blanks", {{"en", "a"}, {"fr", "! Va\u202F?! b\u00A0; c\u00A0: d «"}}, ""},
+    {"no-break-blanks",
+     {{"en", "a"}, {"fr", "Va! b ; c!"}},
+     "texts/fr.tsv:3:5: warning: row 3: has no no-break blank before \"!\" [no-break-blanks]\n"
+     "texts/fr.tsv:3:9: warning: row 3: has no no-break blank before \";\" [no-break-blanks]\n"
+     "texts/fr.tsv:3:12: warning: row 3: has no no-break blank before \"!\" [no-break-blanks]\n"},
     {"no-break-blanks",
      {{"en", "Go?"}, {"fr", "Va ? 12:30 http://a «\u00A0b\u00A0»\u202F: c «d"}, {"de", "Geht?"}},
      "texts/fr.tsv:3:6: warning: row 3: has no no-break blank before \"?\" [no-break-blanks]\n"
@@ -120,6 +170,10 @@ const struct {
      {{"en", "Wait here"}, {"fr", "Wait here"}, {"es", "Wait here"}, {"ru", "Ждите"}},
      "texts/fr.tsv:3:3: warning: row 3: is the same as the English text [same-as-english]\n"
      "texts/es.tsv:3:3: warning: row 3: is the same as the English text [same-as-english]\n"},
+    {"same-as-english",
+     {{"en", "Scan NOTE"}, {"de", "Scan NOTE"}},
+     "texts/de.tsv:3:3: warning: row 3: is the same as the English text [same-as-english]\n"},
+    {"same-as-english", {{"en", "NOTE"}, {"de", "NOTE"}}, ""},
     {"same-as-english", {{"en", "%1 min, 2 col., USB"}, {"de", "%1 min, 2 col., USB"}}, ""},
     {"renderings",
      {{"en", "Color"}, {"de", "Buntheit"}, {"fr", "Couleur"}},
@@ -159,6 +213,40 @@ TEST(check, a_name_that_three_english_texts_quote_is_one) {
     EXPECT_EQ(found_by("quoted-names", catalogue.run("check").errors),
               "texts/en.tsv:2:12: warning: row 2: quotes \"Kind\", which is no text [quoted-names]\n"
               "texts/en.tsv:5:4: warning: row 5: quotes \"Kind\", which is no text [quoted-names]\n");
+    catalogue.write("texts/en.tsv", "row\ttext\n2\ten\n3\t“Mode” “Mode” “Mode”\n");
+    catalogue.write("texts/de.tsv", "row\ttext\n2\t„Art“\n4\t„Art“\n5\t„Art“\n");
+    EXPECT_EQ(found_by("quoted-names", catalogue.run("check").errors),
+              "texts/en.tsv:3:4: warning: row 3: quotes \"Mode\", which is no text [quoted-names]\n"
+              "texts/en.tsv:3:11: warning: row 3: quotes \"Mode\", which is no text [quoted-names]\n"
+              "texts/en.tsv:3:18: warning: row 3: quotes \"Mode\", which is no text [quoted-names]\n"
+              "texts/de.tsv:2:4: warning: row 2: quotes \"Art\", which is no text [quoted-names]\n"
+              "texts/de.tsv:3:4: warning: row 4: quotes \"Art\", which is no text [quoted-names]\n"
+              "texts/de.tsv:4:4: warning: row 5: quotes \"Art\", which is no text [quoted-names]\n")
+        << "one text that quotes thrice is one; other languages follow the English one";
+}
+
+TEST(check, the_rendering_that_most_rows_have_is_the_usual_one) {
+    const scratch_catalogue catalogue;
+    catalogue.write("texts/en.tsv", "row\ttext\n2\tColor\n3\tColor\n4\tColor\n");
+    catalogue.write("texts/de.tsv", "row\ttext\n2\tBunt\n3\tFarbe\n4\tFarbe\n5\tx\n6\ty\n");
+    catalogue.write("texts/fr.tsv", "row\ttext\n2\t\n3\t\n4\tCouleur\n");
+    catalogue.write("texts/it.tsv", "row\ttext\n2\tColore\n3\tTinta\n4\t\n");
+    EXPECT_EQ(found_by("renderings", catalogue.run("check").errors),
+              "texts/de.tsv:2:3: warning: row 2: \"Color\" is \"Farbe\" in row 3, and \"Bunt\" here "
+              "[renderings]\n"
+              "texts/it.tsv:3:3: warning: row 3: \"Color\" is \"Colore\" in row 2, and \"Tinta\" here "
+              "[renderings]\n");
+}
+
+TEST(check, a_row_without_message_is_told_once_in_english_if_it_can_be) {
+    const scratch_catalogue catalogue;
+    catalogue.write("texts/ja.tsv", "row\ttext\n2\tja\n9\t九\n10\t十\n11\t\n");
+    catalogue.write("texts/en.tsv", "row\ttext\n2\ten\n9\tnine\n");
+    catalogue.write_pack("86", "font_family = F\n", "row\ttext\n2\tPack\n10\tten\n12\ttwelve\n");
+    EXPECT_EQ(found_by("unused-rows", catalogue.run("check").errors),
+              "texts/en.tsv:3:3: remark: row 9: no message uses \"nine\" [unused-rows]\n"
+              "texts/ja.tsv:4:4: remark: row 10: no message uses \"十\" [unused-rows]\n"
+              "packs/86/texts.tsv:4:4: remark: row 12: no message uses \"twelve\" [unused-rows]\n");
 }
 
 TEST(check, rules_for_the_whole) {
@@ -235,9 +323,15 @@ TEST(check, a_text_is_stale_when_the_english_one_changes) {
     for (const std::vector<std::string>& wrong : {std::vector<std::string>{"--language=en"},
                                                   {"--language=87"},
                                                   {"--language=de", "4"},
+                                                  {"--language=fr", "3"},
                                                   {"--language=de", "x"}}) {
         EXPECT_EQ(catalogue.run("confirm", wrong).exit_code, 2) << wrong.back();
     }
+    write_texts(catalogue, {{"en", ""}, {"de", "b"}});
+    catalogue.write("confirmed/en.tsv", "row\tenglish\n9\t01234567\n");
+    EXPECT_EQ(stale(), "0") << "nothing to translate; and English is no translation";
+    EXPECT_EQ(catalogue.run("confirm", {"--language=de"}).output, "de: 0 texts confirmed\n");
+    EXPECT_EQ(catalogue.folder().read("catalogue/confirmed/de.tsv").find("\n3\t"), std::string::npos);
 }
 
 TEST(check, what_is_meant_is_ignored_with_a_reason) {
@@ -256,6 +350,11 @@ TEST(check, what_is_meant_is_ignored_with_a_reason) {
                   "ignore.tsv:3:1: warning: nothing is found of placeholders in 3 any more; remove the entry "
                   "[ignore-list]\nplaceholders: fr 1\n1 error, 2 warnings\n");
     EXPECT_EQ(catalogue.run("check", {"--language=it"}).errors.find("any more"), std::string::npos);
+    EXPECT_EQ(catalogue.run("check", {"-Wno-placeholders"}).errors.find("any more"), std::string::npos);
+    catalogue.write("ignore.tsv", header + "placeholders\t3\t*\tmeant\nplaceholders\t3\t*\tagain\n");
+    EXPECT_EQ(catalogue.run("confirm", {"--language=it"}).exit_code, 0)
+        << "a faulty text that is meant hinders nobody";
+    EXPECT_EQ(catalogue.run("check").errors.find("ignore.tsv:3:1: warning: stands in line 2 already"), 0U);
     catalogue.write("ignore.tsv", header + "placeholders\t3\t*\tmeant\n");
     EXPECT_EQ(catalogue.run("message-tables").exit_code, 0) << "the build leaves out the same";
     catalogue.write("ignore.tsv", header + "placeholders\t3\t*\t \n");
