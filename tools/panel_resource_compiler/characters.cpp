@@ -84,8 +84,12 @@ char32_t small_letter_of(char32_t c) {
     if (is_32_below) {
         return c + 32;
     }
+    if (c >= 0x400 && c <= 0x40F) {
+        return c + 80;
+    }
+    const bool is_odd_capital = (c >= 0x139 && c <= 0x148) || (c >= 0x179 && c <= 0x17E);
     const bool is_even_capital = (c >= 0x100 && c <= 0x137) || (c >= 0x14A && c <= 0x177);
-    return is_even_capital ? c | 1U : c;
+    return is_odd_capital ? c + (c & 1U) : is_even_capital ? c | 1U : c;
 }
 
 std::u32string trimmed(const std::u32string& text) {

@@ -3,6 +3,7 @@
 
 #include <gtest/gtest.h>
 
+#include <filesystem>
 #include <map>
 
 using namespace velarion;
@@ -136,6 +137,14 @@ const struct {
      "texts/es.tsv:3:10: warning: row 3: ends with an exclamation mark; the English text ends with a full "
      "stop "
      "[end-punctuation]\n"},
+    {"end-punctuation",
+     {{"en", "Go…"}, {"de", "Geht."}, {"ja", "中！"}},
+     "texts/ja.tsv:3:4: warning: row 3: ends with an exclamation mark; the English text ends with an "
+     "ellipsis "
+     "[end-punctuation]\n"
+     "texts/de.tsv:3:7: warning: row 3: ends with a full stop; the English text ends with an ellipsis "
+     "[end-punctuation]\n"},
+    {"quoted-names", {{"en", "a"}, {"de", "„Farbe“ x“"}, {"nl", "‘Kleur’ x’"}}, ""},
     {"end-punctuation", {{"en", "Go…"}, {"ja", "中です。"}, {"de", "Geht..."}, {"fr", "Va…"}}, ""},
     {"end-punctuation",
      {{"en", "%1 minutes"}, {"de", "%1 Min."}, {"ru", "Вы ждёте минуту."}},
@@ -223,6 +232,30 @@ TEST(check, a_name_that_three_english_texts_quote_is_one) {
               "texts/de.tsv:3:4: warning: row 4: quotes \"Art\", which is no text [quoted-names]\n"
               "texts/de.tsv:4:4: warning: row 5: quotes \"Art\", which is no text [quoted-names]\n")
         << "one text that quotes thrice is one; other languages follow the English one";
+}
+
+TEST(check, conventions_of_other_languages) {
+    const scratch_catalogue catalogue;
+    catalogue.write("texts/en.tsv", "row\ttext\n2\tLong sentences.\n");
+    catalogue.write("texts/ja.tsv", "row\ttext\n2\t長名：値\n3\t「長\\n名」「値」\n4\t「値長」\n");
+    const std::map<std::string, std::string> packs = {
+        {"66", "2\tไทย\n"},
+        {"48", "2\tx.\n3\tłódź\n4\t„ŁÓDŹ” „ÉĽ”\n"},
+        {"30", "2\tx.\n3\tωμεγα\n4\t«ΩΜΕΓΑ»\n"},
+        {"86", "2\tx!\n"},
+    };
+    catalogue.write("texts/ru.tsv", "row\ttext\n2\tx.\n3\tёлка\n4\t«ЁЛКА» «ЕЛКА»\n");
+    std::filesystem::remove_all(catalogue.path("packs/86"));
+    for (const auto& [pack, texts] : packs) {
+        catalogue.write_pack(pack, "font_family = F\n", "row\ttext\n" + texts);
+    }
+    const std::string report = catalogue.run("check", {"--all"}).errors;
+    EXPECT_EQ(found_by("quoted-names", report),
+              "texts/ja.tsv:4:4: warning: row 4: quotes \"値長\", which is no text [quoted-names]\n"
+              "texts/ru.tsv:4:11: warning: row 4: quotes \"ЕЛКА\", which is no text [quoted-names]\n"
+              "packs/48/texts.tsv:4:11: warning: row 4: quotes \"ÉĽ\", which is no text [quoted-names]\n");
+    EXPECT_EQ(found_by("end-punctuation", report).find("packs/66"), std::string::npos) << report;
+    EXPECT_NE(found_by("end-punctuation", report).find("packs/86"), std::string::npos) << report;
 }
 
 TEST(check, the_rendering_that_most_rows_have_is_the_usual_one) {
@@ -399,4 +432,19 @@ TEST(check, stats_count_by_language_and_area) {
                   .output.find("\"shared\": 1, \"unused\": 1, \"labels\": 1, \"longest\": 6, "
                                "\"longest_row\": 9, \"longest_id\": 0}"),
               std::string::npos);
+}
+
+TEST(check, stats_tell_labels_from_other_colons) {
+    const scratch_catalogue catalogue;
+    catalogue.write("messages.tsv", "id\tname\trow\n1\tKEYS_A\t3\n2\tMSG_TWO\t1\n3\tKEYS_B\t3\n");
+    catalogue.write("texts/en.tsv", "row\ttext\n2\t12:30 h\n3\ta:  \n4\t: abc\n5\ta: \\nbc\n6\t7654321\n");
+    catalogue.write("texts/ja.tsv", "row\ttext\n3\t\n4\ta：b\n");
+    const std::string output = catalogue.run("stats").output;
+    for (const char* line :
+         {"en                     2         1         0         1         4         0         7  row 2\n",
+          "  KEYS                 2         1         0         1         0         0         4  id 1, row "
+          "3\n",
+          "ja                     2         0         1         0         1         1         3  row 4\n"}) {
+        EXPECT_NE(output.find(line), std::string::npos) << line << output;
+    }
 }

@@ -72,6 +72,24 @@ TEST_F(editing, a_change_touches_its_lines_alone_and_check_passes_after_it) {
           {"figures.tsv", {"messages\t4", "messages\t5"}}}},
         {{"add", "--picture", "--name", "IMG_TWO", "--id", "2", "--file", "two.svg"},
          {{"images.tsv", {"2147483647", "2\tIMG_TWO\ttwo.svg\n2147483647"}}}},
+        {{"add", "--name", "MSG_NEW", "--text", "86=%1"},
+         {{"messages.tsv", {"7\tMSG_SEVEN\t2", NEW_ROW}},
+          {"packs/86/texts.tsv", {"9\t", "4\t%1\n9\t"}},
+          {"figures.tsv", {"messages\t4", "messages\t5"}}}},
+        {{"add", "--name", "MSG_NEW", "--text", "en=New", "--text", "de="},
+         {{"messages.tsv", {"7\tMSG_SEVEN\t2", NEW_ROW}},
+          {"texts/en.tsv", {"9\t", "4\tNew\n9\t"}},
+          {"figures.tsv", {"messages\t4", "messages\t5"}}}},
+        {{"add", "--name", "MSG_NEW", "--row", "1", "--text", "en="},
+         {{"messages.tsv", {"7\tMSG_SEVEN\t2", "7\tMSG_SEVEN\t2\r\n8\tMSG_NEW\t1\r\n"}},
+          {"figures.tsv", {"messages\t4", "messages\t5"}}}},
+        {{"add", "--name", "MSG_NEW", "--row", "9", "--text", "en=Tray %1"},
+         {{"messages.tsv", {"7\tMSG_SEVEN\t2", "7\tMSG_SEVEN\t2\r\n8\tMSG_NEW\t9\r\n"}},
+          {"figures.tsv", {"messages\t4", "messages\t5"}}}},
+        {{"rename", "1", "MSG_ONE"}, {}},
+        {{"rename", "--allow-same-name", "1", "MSG_SEVEN"}, {{"messages.tsv", {"MSG_ONE", "MSG_SEVEN"}}}},
+        {{"rename", "--picture", "IMG_ONE", "IMG_FIRST"}, {{"images.tsv", {"IMG_ONE", "IMG_FIRST"}}}},
+        {{"remove", "--picture", "1"}, {{"images.tsv", {"1\tIMG_ONE\tone.png\n", ""}}}},
         {{"rename", "MSG_FIVE", "MSG_TRAY"},
          {{"messages.tsv", {"MSG_FIVE", "MSG_TRAY"}}, {"figures.tsv", {"MSG_FIVE", "MSG_TRAY"}}}},
         {{"remove", "7"},
@@ -106,6 +124,39 @@ TEST_F(editing, a_change_touches_its_lines_alone_and_check_passes_after_it) {
         EXPECT_EQ(files(), wanted);
         EXPECT_EQ(catalogue_.run("check").exit_code, 0) << catalogue_.run("check").errors;
     }
+}
+
+TEST_F(editing, every_table_is_sorted) {
+    const struct {
+        const char* file;
+        std::string columns;
+        std::string first;
+        std::string second;
+    } rows[] = {{"messages.tsv", "id\tname\trow\n", "2\tA\t9\n", "10\tB\t9\n"},
+                {"images.tsv", "id\tname\tfile\n", "2\tA\ta.png\n", "10\tB\ta.png\n"},
+                {"texts/ja.tsv", "row\ttext\n", "9\t%1\n", "10\tb\n"},
+                {"packs/86/texts.tsv", "row\ttext\n", "9\t%1\n", "10\tb\n"},
+                {"confirmed/de.tsv", "row\tenglish\n", "9\t01234567\n", "10\t01234567\n"}};
+    for (const auto& row : rows) {
+        catalogue_.write(row.file, row.columns + row.second + row.first);
+    }
+    EXPECT_EQ(catalogue_.run("remove", {"10"}).exit_code, 1) << "only \"sort\" takes such a catalogue";
+    EXPECT_EQ(catalogue_.run("sort").exit_code, 0);
+    for (const auto& row : rows) {
+        EXPECT_EQ(catalogue_.folder().read(std::string("catalogue/") + row.file),
+                  row.columns + row.first + row.second);
+    }
+    EXPECT_EQ(catalogue_.run("sort").output, "all tables are in order\n");
+}
+
+TEST_F(editing, a_removed_message_goes_after_its_texts_and_an_added_one_tells_what_it_lacks) {
+    EXPECT_EQ(catalogue_.run("add", {"--name", "M", "--row", "1"}).output.find("without a text"),
+              std::string::npos);
+    EXPECT_NE(catalogue_.run("add", {"--name", "N", "--text", "en=x", "--text", "86=y"})
+                  .output.find("without a text in ja, de, fr, es, it, nl, ru\n"),
+              std::string::npos);
+    EXPECT_NE(catalogue_.run("remove", {"1"}).output.find("row 2 stays: shown by message 7\n"),
+              std::string::npos);
 }
 
 TEST_F(editing, figures_follow_when_they_are_told_to) {
@@ -154,6 +205,11 @@ TEST_F(editing, what_would_break_the_catalogue_is_refused_with_the_reason_and_ch
         {{"add", "--picture", "--name", "IMG_ONE", "--file", "a.png"}, "picture 1 is named IMG_ONE"},
         {{"rename", "MSG_NONE", "MSG_NEW"}, "there is no message \"MSG_NONE\""},
         {{"rename", "1", "MSG_FIVE"}, "the name \"MSG_FIVE\" is that of message 5"},
+        {{"rename", "1", "GR\u00D6SSE"}, "holds more than printable ASCII"},
+        {{"rename", "--picture", "--allow-same-name", "1", "IMG_LAST"}, "is that of picture 2147483647"},
+        {{"add", "--name", "GR\u00D6SSE", "--text", "en=x"}, "holds more than printable ASCII"},
+        {{"add", "--picture", "--name", "\u00D6", "--id", "3", "--file", "a.png"}, "printable ASCII"},
+        {{"add", "--picture", "--name", "I", "--id", "3", "--file", "a:b.png"}, "which marks external"},
         {{"remove", "2147483648"}, "there is no message \"2147483648\""},
     };
     const std::map<std::string, std::string> before = files();
@@ -165,6 +221,22 @@ TEST_F(editing, what_would_break_the_catalogue_is_refused_with_the_reason_and_ch
         EXPECT_NE(result.errors.find("nothing was changed\n"), std::string::npos) << result.errors;
         EXPECT_EQ(files(), before);
     }
+    for (const std::vector<std::string>& contradiction : {std::vector<std::string>{"--picture"},
+                                                          {"--text", "en=x", "--file", "a.png"},
+                                                          {"--picture", "--file", "a.png", "--row", "9"},
+                                                          {"--picture", "--file", "a", "--text", "en=x"}}) {
+        std::vector<std::string> words = {"--name", "N", "--id", "9"};
+        words.insert(words.end(), contradiction.begin(), contradiction.end());
+        EXPECT_EQ(catalogue_.run("add", words).exit_code, 2) << contradiction.back();
+        EXPECT_EQ(files(), before);
+    }
+    catalogue_.write("images.tsv", "id\tname\tfile\n1\tIMG_ONE\tone.png\n");
+    EXPECT_EQ(catalogue_.run("remove", {"--picture", "1"}).exit_code, 1) << "the last one";
+    catalogue_.write("images.tsv", before.at("images.tsv"));
+    catalogue_.write("messages.tsv", "id\tname\trow\n1\tA\t2\n3\tA\t9\n");
+    EXPECT_NE(catalogue_.run("remove", {"A"}).errors.find("are named \"A\"; give one of the ids 1, 3"),
+              std::string::npos);
+    catalogue_.write("messages.tsv", before.at("messages.tsv"));
     fs::remove(catalogue_.path("packs/86/texts.tsv"));
     EXPECT_EQ(catalogue_.run("remove", {"5"}).exit_code, 1);
     fs::create_directories(catalogue_.path("messages.tsv.new/in the way"));
@@ -180,6 +252,15 @@ TEST_F(editing, texts_names_and_pictures_are_found_in_every_language) {
         std::string output;
     } rows[] = {
         {{"КОПИЯ"}, copy},
+        {{"pack", "text"}, "5  MSG_FIVE  9  48   a pack's text\n5  MSG_FIVE  9  966  a pack's text\n"},
+        {{"--id", "five"}, ""},
+        {{"--id", "1"}, "1  MSG_ONE  2        en  Copy\n1  IMG_ONE  picture  -   one.png\n"},
+        {{"--id", "^7$", "--regex"}, "7  MSG_SEVEN  2  en  Copy\n"},
+        {{"^7$", "--regex"}, ""},
+        {{"5", "fach"}, ""},
+        {{"--name", "unused"}, ""},
+        {{"--name", "img_one"}, "1  IMG_ONE  picture  -  one.png\n"},
+        {{"one.png", "--language", "en"}, ""},
         {{"^копия$", "--regex"}, copy},
         {{"копия", "--language", "fr"}, ""},
         {{"fach", "%1"}, "5  MSG_FIVE  9  de  Fach %1\n"},
@@ -194,6 +275,9 @@ TEST_F(editing, texts_names_and_pictures_are_found_in_every_language) {
         {{"unused"}, "-  -  30  es  Unused \\\\ text\n"},
         {{"unused", "--fold"}, "-  -  30  es  Unused \\\\ text\n-  -  30  it  \u00DBnus\u00E9d\n"},
     };
+    for (const char* pack : {"966", "48"}) {
+        catalogue_.write_pack(pack, "font_family = F\n", "row\ttext\n9\ta pack's text\n");
+    }
     catalogue_.write("texts/es.tsv", "row\ttext\n30\tUnused \\\\ text\n");
     catalogue_.write("texts/it.tsv", "row\ttext\n30\t\u00DBnus\u00E9d\n");
     for (const auto& row : rows) {

@@ -65,6 +65,14 @@ void replace(std::string& text, const std::string& from, const std::string& to) 
     text.replace(at, from.size(), to);
 }
 
+std::string many(int letters) {
+    std::string text;
+    for (int i = 0; i < letters; ++i) {
+        text += "\u00E4";
+    }
+    return text;
+}
+
 /** Removes the lines that hold a text. */
 std::string without(std::string text, const std::string& part) {
     for (std::size_t at = 0; (at = text.find(part)) != std::string::npos;) {
@@ -110,7 +118,7 @@ TEST_F(exchange, an_import_takes_what_is_finished_and_never_merges_in_silence) {
         const char* changed; ///< the catalogue's German text of row 2 by then
         std::vector<std::string> arguments;
         int exit_code;
-        const char* tells;
+        std::string tells;
         const char* text; ///< of row 2 at the end
     } rows[] = {
         {"msgstr \"Kopie\"", edited, "Kopie", {}, 0, "de: 0 new, 1 changed, 9 same, 0 removed\n", "Kopieren"},
@@ -146,6 +154,8 @@ TEST_F(exchange, an_import_takes_what_is_finished_and_never_merges_in_silence) {
          1,
          ": error: \"02\" is no row of the catalogue",
          "Kopie"},
+        {"msgctxt \"2\"", "msgctxt \"21998\"", "Kopie", {}, 1, "\"21998\" is no row of the", "Kopie"},
+        {"msgid \"Copy\"", "msgid \"a" + many(40) + '"', "Kopie", {}, 1, "\"a" + many(30) + "...\"", "Kopie"},
         {"msgctxt \"3\"", again, "Kopie", {}, 1, "duplicate message definition", "Kopie"},
         {"msgctxt \"3\"", "msgctxt \"A|2\"", "Kopie", {}, 1, "row 2 stands in line ", "Kopie"},
         {"msgctxt \"2\"", fuzzy, "Kopie", {}, 0, "9 same, 0 removed\nde: 1 unfinished", "Kopie"},
