@@ -1,19 +1,32 @@
 #include "sound_levels.h"
 
+#include "panel_view_ids.h"
+
 #include <cstdlib>
 
 namespace velarion {
 
 const std::vector<panel_sound>& panel_sounds() {
-    // MSG_NORMAL_ADMIN_SELECT_KEYSOUND, MSG_NORMAL_DEVICE_SOUND_JOBEND, MSG_NORMAL_ADMIN_SELECT_WARNSOUND;
-    // levels: MSG_NORMAL_DEVICE_SOUND_KEYTOUCH_..., ..._JOBEND_..., ..._WARNING_...
     static const std::vector<panel_sound> sounds = {
-        {"key", "13001", &sound_settings::key_volume, {{0, "15662"}, {3, "15663"}, {4, "15664"}}},
+        {"key",
+         MSG_NORMAL_ADMIN_SELECT_KEYSOUND,
+         &sound_settings::key_volume,
+         {{0, MSG_NORMAL_DEVICE_SOUND_KEYTOUCH_OFF},
+          {3, MSG_NORMAL_DEVICE_SOUND_KEYTOUCH_MEDIUM},
+          {4, MSG_NORMAL_DEVICE_SOUND_KEYTOUCH_HIGH}}},
         {"job_end",
-         "17011",
+         MSG_NORMAL_DEVICE_SOUND_JOBEND,
          &sound_settings::done_volume,
-         {{0, "15665"}, {2, "15666"}, {4, "15667"}, {5, "15686"}}},
-        {"warning", "13002", &sound_settings::error_volume, {{0, "15687"}, {2, "15688"}, {4, "15689"}}},
+         {{0, MSG_NORMAL_DEVICE_SOUND_JOBEND_OFF},
+          {2, MSG_NORMAL_DEVICE_SOUND_JOBEND_LOW},
+          {4, MSG_NORMAL_DEVICE_SOUND_JOBEND_HIGH},
+          {5, MSG_NORMAL_DEVICE_SOUND_JOBEND_MAX}}},
+        {"warning",
+         MSG_NORMAL_ADMIN_SELECT_WARNSOUND,
+         &sound_settings::error_volume,
+         {{0, MSG_NORMAL_DEVICE_SOUND_WARNING_OFF},
+          {2, MSG_NORMAL_DEVICE_SOUND_WARNING_LOW},
+          {4, MSG_NORMAL_DEVICE_SOUND_WARNING_HIGH}}},
     };
     return sounds;
 }

@@ -1,12 +1,14 @@
 #include "card.h"
 
+#include "panel_view_ids.h"
+
 #include <QPainter>
 
 namespace velarion {
 
 namespace {
 
-constexpr char GROUND[] = "187"; // ICON_CMN_OTHER_FRAME_GROUP
+constexpr const char* GROUND = ICON_CMN_OTHER_FRAME_GROUP;
 
 } // namespace
 

@@ -3,6 +3,7 @@
 #include "hard_key.h"
 #include "panel_dialog.h"
 #include "panel_frame.h"
+#include "panel_view_ids.h"
 #include "units.h"
 
 namespace velarion {
@@ -19,8 +20,7 @@ void ask_choice(panel_frame& frame, const message_text& title, const std::vector
     list->setObjectName(QStringLiteral("choices"));
     list->set_rows(rows);
     list->setFixedHeight(px(grid::row) * static_cast<int>(qMin(rows.size(), MOST_ROWS)));
-    auto* dialog =
-        new panel_dialog(title, list, {{"cancel", "26", {}, false, KEY_STOP}}); // MSG_CMN_CANCEL_TEXT
+    auto* dialog = new panel_dialog(title, list, {{"cancel", MSG_CMN_CANCEL_TEXT, {}, false, KEY_STOP}});
     QObject::connect(list, &panel_list::chosen, dialog, [dialog, chosen](int row) {
         const std::function<void(int)> kept = chosen;
         dialog->close_quietly();

@@ -1,6 +1,7 @@
 #include "condition_text.h"
 
 #include "machine_state.h"
+#include "panel_view_ids.h"
 #include "theme.h"
 
 namespace velarion {
@@ -9,9 +10,9 @@ namespace {
 
 message_text sending_text(const machine_job& job) {
     if (job.phase() == job_phase::DIALING) {
-        return "248"; // MSG_NORMAL_FAX_TEXT_DIALING
+        return MSG_NORMAL_FAX_TEXT_DIALING;
     }
-    return {"250", {QString::number(qMin(job.all_pages(), job.pages_done() + 1))}}; // ..._SENDING_PAGE
+    return {MSG_NORMAL_FAX_TEXT_SENDING_PAGE, {QString::number(qMin(job.all_pages(), job.pages_done() + 1))}};
 }
 
 } // namespace
@@ -20,19 +21,20 @@ message_text condition_text(const machine_state& machine) {
     const machine_job* job = machine.current_job();
     switch (machine.condition()) {
     case machine_condition::READING:
-        return {"133", {QString::number(job->original_in_work())}}; // ..._STATUS_SCANNING_ORIGINAL_NUMBER
+        return {MSG_NORMAL_STATUS_SCANNING_ORIGINAL_NUMBER, {QString::number(job->original_in_work())}};
     case machine_condition::PRINTING:
-        return {"407", {QString::number(job->set_in_work()), QString::number(job->copies)}};
+        return {MSG_NORMAL_COPYSET_COPYING_SET,
+                {QString::number(job->set_in_work()), QString::number(job->copies)}};
     case machine_condition::SENDING:
         return sending_text(*job);
     case machine_condition::PAUSED:
-        return "141"; // MSG_NORMAL_STATUS_STOPPED
+        return MSG_NORMAL_STATUS_STOPPED;
     case machine_condition::NO_PAPER:
-        return {"148", {QString::number(qMax(1, job->tray))}}; // MSG_NORMAL_STATUS_LOAD_PAPER
+        return {MSG_NORMAL_STATUS_LOAD_PAPER, {QString::number(qMax(1, job->tray))}};
     case machine_condition::JAMMED:
         return machine.jam()->place->message;
     default:
-        return "126"; // MSG_NORMAL_STATUS_READY
+        return MSG_NORMAL_STATUS_READY;
     }
 }
 
@@ -56,15 +58,15 @@ const char* condition_picture(const machine_state& machine) {
     switch (machine.condition()) {
     case machine_condition::JAMMED:
     case machine_condition::NO_PAPER:
-        return "4125"; // ICON_..._COMMON_WARNING
+        return ICON_CMN_OTHER_WARNING;
     case machine_condition::PAUSED:
-        return "4096"; // ..._STOP_KEY
+        return ICON_CMN_OTHER_STOP_KEY;
     case machine_condition::READING:
     case machine_condition::PRINTING:
     case machine_condition::SENDING:
-        return "4095"; // ..._START
+        return ICON_CMN_OTHER_START;
     default:
-        return "4083"; // ..._CHECK
+        return ICON_CMN_OTHER_CHECK;
     }
 }
 

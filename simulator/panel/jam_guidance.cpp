@@ -1,5 +1,7 @@
 #include "jam_guidance.h"
 
+#include "panel_view_ids.h"
+
 namespace velarion {
 
 namespace {
@@ -11,17 +13,23 @@ struct step_texts {
 
 /** MSG_ERROR_JAM_LEVER_NOT_RETURNED; the pictures name the lever so. */
 message_text return_lever() {
-    return {QStringLiteral("24373"), {QStringLiteral("A1")}};
+    return {MSG_ERROR_JAM_LEVER_NOT_RETURNED, {QStringLiteral("A1")}};
 }
 
 const std::vector<step_texts>& all_texts() {
     static const std::vector<step_texts> texts = {
-        // MSG_ERROR_JAM_TRAY2_FEED_..., "Pull the tray out slowly.", MSG_ERROR_COVER_...
-        {"tray2", {"25475", "8496", "25270", "25271", "22197"}},
-        // MSG_ERROR_JAM_OPEN_RIGHT, ..._FUSING_HOT, ..._FUSING_UNIT_REMOVE, ..., MSG_ERROR_COVER_CLOSE_RIGHT
-        {"fuser", {"25774", "24372", "25302", return_lever(), "25691"}},
-        {"feeder", {"353", "23012", "147", return_lever(), "25703"}},
-        {"finisher", {"25783", "25532", "25414", return_lever(), "25704"}},
+        {"tray2",
+         {MSG_ERROR_JAM_AT_TRAY2_FEED, MSG_NORMAL_PAPERTRAY_PULL_OUT, MSG_ERROR_JAM_TRAY2_FEED_REMOVE,
+          MSG_ERROR_JAM_TRAY2_FEED_CHECK_PIECES, MSG_BANNER_COVER_CLOSE_ALL}},
+        {"fuser",
+         {MSG_ERROR_COVER_REMOVE_JAM_RIGHT, MSG_ERROR_JAM_FUSING_HOT, MSG_ERROR_JAM_FUSING_UNIT_REMOVE,
+          return_lever(), MSG_ERROR_COVER_CLOSE_RIGHT}},
+        {"feeder",
+         {MSG_ERROR_BASIC_ORIGINAL_JAM, MSG_BANNER_FEEDER_ORIGINAL_JAM, MSG_NORMAL_STATUS_REMOVE_ORIGINAL,
+          return_lever(), MSG_ERROR_COVER_CLOSE_DF}},
+        {"finisher",
+         {MSG_ERROR_COVER_REMOVE_JAM_FINISHER_FRONT, MSG_ERROR_JAM_AT_FINISHER_UPPER_EXIT,
+          MSG_ERROR_JAM_FINISHER_UPPER_EXIT_REMOVE, return_lever(), MSG_ERROR_COVER_CLOSE_FINISHER_FRONT}},
     };
     return texts;
 }

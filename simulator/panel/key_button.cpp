@@ -1,5 +1,6 @@
 #include "key_button.h"
 
+#include "panel_view_ids.h"
 #include "units.h"
 
 #include <QKeyEvent>
@@ -10,19 +11,21 @@ namespace velarion {
 namespace {
 
 /** Picture ids of the ground. */
-constexpr char GROUND[] = "3867";         // ICON_SWKB_OTHER_BACKGROUND_KEYBOARD_1_0_LIGHT
-constexpr char GROUND_PRESSED[] = "3869"; // ..._PRESSED
+constexpr const char* GROUND = ICON_SWKB_OTHER_KEYBOARD_BACKGROUND_1_0_LIGHT;
+constexpr const char* GROUND_PRESSED = ICON_SWKB_OTHER_KEYBOARD_BACKGROUND_1_0_PRESSED;
 
 struct function_picture {
     const char* function;
-    const char* picture; ///< id, ICON_SWKB_OTHER_...
+    const char* picture; ///< id
 };
 
 constexpr function_picture PICTURES[] = {
-    {"shift", "3837"}, {"enter", "3838"}, {"backspace", "3842"}, {"left", "3844"},
-    {"right", "3845"}, {"next", "3850"},  {"base", "3851"},      {"symbols", "3852"},
+    {"shift", ICON_SWKB_OTHER_KEY_SHIFT},         {"enter", ICON_SWKB_OTHER_KEY_ENTER},
+    {"backspace", ICON_SWKB_OTHER_KEY_BACKSPACE}, {"left", ICON_SWKB_OTHER_KEY_LEFT},
+    {"right", ICON_SWKB_OTHER_KEY_RIGHT},         {"next", ICON_SWKB_OTHER_KEY_GLOBE},
+    {"base", ICON_SWKB_OTHER_KEY_MODE},           {"symbols", ICON_SWKB_OTHER_KEY_SYMBOL_KEY},
 };
-constexpr char CAPITALS_PICTURE[] = "3837"; // of {base} in the layer of capitals
+constexpr const char* CAPITALS_PICTURE = ICON_SWKB_OTHER_KEY_SHIFT; // of {base} in the layer of capitals
 
 /** The pictures show a cap with a shadow, which belongs to no key here: this part of them is drawn alone. */
 constexpr int PICTURE_GRID = 48;

@@ -1,6 +1,7 @@
 #include "key_map.h"
 
 #include "hard_key.h"
+#include "panel_view_ids.h"
 #include "units.h"
 
 #include <QPainter>
@@ -20,16 +21,16 @@ struct key_place {
 
 /** Row by row. */
 constexpr key_place PLACES[] = {
-    {KEY_HOME, "3"},
-    {KEY_BACK, "30"},
-    {KEY_STATUS, "10"},
-    {KEY_HELP, "12"},
-    {KEY_COPY, "4"},
-    {KEY_SCAN, "5"},
-    {KEY_FAX, "6"},
-    {KEY_DOCUMENTS, "8"},
-    {KEY_RESET, "4092"},
-    {KEY_CLEAR, "4084"},
+    {KEY_HOME, ICON_NORMAL_OTHER_GLOBAL_NAVIGATION_HOME},
+    {KEY_BACK, ICON_NORMAL_OTHER_GLOBAL_NAVIGATION_BACK},
+    {KEY_STATUS, ICON_NORMAL_OTHER_GLOBAL_NAVIGATION_JOB_LIST},
+    {KEY_HELP, ICON_NORMAL_OTHER_GLOBAL_NAVIGATION_HELP},
+    {KEY_COPY, ICON_NORMAL_OTHER_GLOBAL_NAVIGATION_COPY},
+    {KEY_SCAN, ICON_NORMAL_OTHER_GLOBAL_NAVIGATION_SCAN},
+    {KEY_FAX, ICON_NORMAL_OTHER_GLOBAL_NAVIGATION_FAX},
+    {KEY_DOCUMENTS, ICON_NORMAL_OTHER_GLOBAL_NAVIGATION_DOCUMENT_SERVER},
+    {KEY_RESET, ICON_CMN_OTHER_RESET},
+    {KEY_CLEAR, ICON_CMN_OTHER_CLOSE},
     {1},
     {2},
     {3},
@@ -42,9 +43,9 @@ constexpr key_place PLACES[] = {
     {0},
     {KEY_STAR},
     {KEY_HASH},
-    {KEY_ENERGY_SAVER, "24"},
-    {KEY_STOP, "4096"},
-    {KEY_START, "4095"},
+    {KEY_ENERGY_SAVER, ICON_NORMAL_OTHER_GLOBAL_NAVIGATION_ENERGY},
+    {KEY_STOP, ICON_CMN_OTHER_STOP_KEY},
+    {KEY_START, ICON_CMN_OTHER_START},
 };
 constexpr int ROWS = (static_cast<int>(sizeof PLACES / sizeof *PLACES) + COLUMNS - 1) / COLUMNS;
 

@@ -1,6 +1,7 @@
 #include "key_popup.h"
 
 #include "key_button.h"
+#include "panel_view_ids.h"
 #include "theme.h"
 #include "units.h"
 
@@ -11,7 +12,7 @@ namespace velarion {
 
 namespace {
 
-constexpr char GROUND[] = "91"; // ICON_CMN_OTHER_BACKGROUND_POPUP
+constexpr const char* GROUND = ICON_CMN_OTHER_BACKGROUND_POPUP;
 
 } // namespace
 

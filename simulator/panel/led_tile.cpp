@@ -1,6 +1,7 @@
 #include "led_tile.h"
 
 #include "dvc_pnl_dec_types.h"
+#include "panel_view_ids.h"
 #include "theme.h"
 #include "units.h"
 
@@ -16,15 +17,15 @@ constexpr int LAMP = 14; // dp
 message_text text_of(int status) {
     switch (status) {
     case DVC_PNL_DEC_LED_STATUS_OFF:
-        return "47"; // MSG_CMN_OFF_TEXT
+        return MSG_CMN_OFF_TEXT;
     case DVC_PNL_DEC_LED_STATUS_ON:
-        return "46"; // MSG_CMN_ON_TEXT
+        return MSG_CMN_ON_TEXT;
     case DVC_PNL_DEC_LED_STATUS_BLINK_SLOW:
         return message_text::ordered(QStringLiteral("1 Hz"));
     case DVC_PNL_DEC_LED_STATUS_BLINK_FAST:
         return message_text::ordered(QStringLiteral("4 Hz"));
     default:
-        return "21111"; // MSG_CMN_WORD_UNKNOWN
+        return MSG_CMN_WORD_UNKNOWN;
     }
 }
 

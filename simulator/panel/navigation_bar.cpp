@@ -2,6 +2,7 @@
 
 #include "machine_state.h"
 #include "panel_button.h"
+#include "panel_view_ids.h"
 #include "units.h"
 
 #include <QHBoxLayout>
@@ -20,10 +21,10 @@ struct navigation_entry {
 };
 
 constexpr navigation_entry ENTRIES[] = {
-    {"nav_home", "3", "home"},    // ICON_NORMAL_OTHER_GLOBAL_NAVIGATION_HOME
-    {"nav_jobs", "10", "status"}, // ..._JOB_LIST
-    {"nav_trays", "22", "trays"}, // ..._TRAY
-    {"nav_settings", "11", "settings"},
+    {"nav_home", ICON_NORMAL_OTHER_GLOBAL_NAVIGATION_HOME, "home"},
+    {"nav_jobs", ICON_NORMAL_OTHER_GLOBAL_NAVIGATION_JOB_LIST, "status"},
+    {"nav_trays", ICON_NORMAL_OTHER_GLOBAL_NAVIGATION_TRAY, "trays"},
+    {"nav_settings", ICON_NORMAL_OTHER_GLOBAL_NAVIGATION_SETTINGS, "settings"},
 };
 constexpr int HOME = 0;
 constexpr int JOBS = 1;

@@ -1,6 +1,7 @@
 #include "panel_button.h"
 
 #include "focus_ring.h"
+#include "panel_view_ids.h"
 #include "units.h"
 
 #include <QEvent>
@@ -13,10 +14,10 @@ namespace velarion {
 namespace {
 
 /** Picture ids of the grounds of buttons. */
-constexpr char GROUND[] = "123";          // ICON_CMN_OTHER_BUTTON_MEDIUM
-constexpr char GROUND_PRESSED[] = "124";  // ..._PRESSED
-constexpr char GROUND_SELECTED[] = "125"; // ..._SELECTED
-constexpr char GROUND_DISABLED[] = "126"; // ..._DISABLE
+constexpr const char* GROUND = ICON_CMN_OTHER_BUTTON_MEDIUM;
+constexpr const char* GROUND_PRESSED = ICON_CMN_OTHER_BUTTON_MEDIUM_PRESSED;
+constexpr const char* GROUND_SELECTED = ICON_CMN_OTHER_BUTTON_MEDIUM_SELECTED;
+constexpr const char* GROUND_DISABLED = ICON_CMN_OTHER_BUTTON_MEDIUM_DISABLE;
 
 constexpr int BADGE = 16;      // dp
 constexpr double SHEEN = 0.3;  // of white on a primary button that is pressed

@@ -1,6 +1,7 @@
 #include "panel_list.h"
 
 #include "focus_ring.h"
+#include "panel_view_ids.h"
 #include "units.h"
 
 #include <QMouseEvent>
@@ -14,9 +15,9 @@ namespace velarion {
 namespace {
 
 /** Picture ids of the grounds of rows. */
-constexpr char GROUND[] = "99";           // ICON_CMN_OTHER_LIST_1LINE
-constexpr char GROUND_PRESSED[] = "100";  // ..._PRESSED
-constexpr char GROUND_SELECTED[] = "101"; // ..._SELECTED
+constexpr const char* GROUND = ICON_CMN_OTHER_LIST_1LINE;
+constexpr const char* GROUND_PRESSED = ICON_CMN_OTHER_LIST_1LINE_PRESSED;
+constexpr const char* GROUND_SELECTED = ICON_CMN_OTHER_LIST_1LINE_SELECTED;
 
 constexpr int DRAG_START = 8;   // px that a finger moves before the list follows
 constexpr int SCROLL_BAR = 4;   // dp

@@ -1,5 +1,6 @@
 #include "progress_bar.h"
 
+#include "panel_view_ids.h"
 #include "theme.h"
 #include "units.h"
 
@@ -10,9 +11,9 @@ namespace velarion {
 
 namespace {
 
-constexpr char BASE[] = "227"; // ICON_CMN_OTHER_PROGRESS_BASE
-constexpr char BAR[] = "228";  // ICON_CMN_OTHER_PROGRESS_BAR
-constexpr int HEIGHT = 12;     // dp
+constexpr const char* BASE = ICON_CMN_OTHER_PROGRESS_BASE;
+constexpr const char* BAR = ICON_CMN_OTHER_PROGRESS_BAR;
+constexpr int HEIGHT = 12; // dp
 
 } // namespace
 

@@ -2,6 +2,7 @@
 
 #include "message_label.h"
 #include "panel_button.h"
+#include "panel_view_ids.h"
 #include "units.h"
 
 #include <QHBoxLayout>
@@ -10,8 +11,8 @@ namespace velarion {
 
 namespace {
 
-constexpr char LESS[] = "4086";  // ICON_CMN_OTHER_COMMON_MINUS
-constexpr char MORE[] = "4085";  // ..._PLUS
+constexpr const char* LESS = ICON_CMN_OTHER_MINUS;
+constexpr const char* MORE = ICON_CMN_OTHER_PLUS;
 constexpr int BUTTON_SIZE = 44;  // dp
 constexpr int HEIGHT = 52;       // dp: large digits of every font
 constexpr int REPEAT_TIME = 100; // ms

@@ -1,5 +1,6 @@
 #include "text_field.h"
 
+#include "panel_view_ids.h"
 #include "theme.h"
 #include "units.h"
 
@@ -13,8 +14,8 @@ namespace velarion {
 namespace {
 
 /** Picture ids of the frame. */
-constexpr char FRAME[] = "176";         // ICON_CMN_OTHER_FRAME_INPUT_SELECTED
-constexpr char FRAME_REFUSED[] = "177"; // ICON_CMN_OTHER_FRAME_INPUT_ERROR
+constexpr const char* FRAME = ICON_CMN_OTHER_FRAME_INPUT_SELECTED;
+constexpr const char* FRAME_REFUSED = ICON_CMN_OTHER_FRAME_INPUT_ERROR;
 
 constexpr int CURSOR_WIDTH = 2; // px
 

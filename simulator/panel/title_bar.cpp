@@ -3,6 +3,7 @@
 #include "machine_state.h"
 #include "message_label.h"
 #include "panel_button.h"
+#include "panel_view_ids.h"
 #include "status_pill.h"
 #include "units.h"
 
@@ -12,7 +13,7 @@ namespace velarion {
 
 namespace {
 
-constexpr char BACK_PICTURE[] = "30"; // ICON_NORMAL_OTHER_GLOBAL_NAVIGATION_BACK
+constexpr const char* BACK_PICTURE = ICON_NORMAL_OTHER_GLOBAL_NAVIGATION_BACK;
 
 } // namespace
 

@@ -6,6 +6,7 @@
 #include "panel_dialog.h"
 #include "panel_frame.h"
 #include "panel_list.h"
+#include "panel_view_ids.h"
 #include "screen_layout.h"
 #include "theme.h"
 
@@ -13,19 +14,10 @@ namespace velarion {
 
 namespace {
 
-constexpr char CHOSEN_PICTURE[] = "4083"; // ICON_CMN_OTHER_CHECK
-/** Of the kinds: ICON_NORMAL_OTHER_DOCUMENT_SERVER_SCAN, ..._PRINT, ..._FAX */
-constexpr const char* KIND_PICTURES[] = {"1167", "1163", "1172"};
-
-constexpr char SELECT_FILE[] = "271"; // MSG_NORMAL_DOCSERVER_SELECT_FILE
-constexpr char SELECTED[] = "280";    // "Files selected: %1"
-constexpr char NONE_FOUND[] = "54";
-constexpr char SELECT_ALL[] = "38";
-constexpr char DESELECT_ALL[] = "51";
-constexpr char DELETE[] = "42";
-constexpr char PRINT[] = "5";
-constexpr char CANCEL[] = "26";
-constexpr char DELETE_QUESTION[] = "21778"; // MSG_DIALOG_DELETE_FILES_COUNT
+/** Of the kinds of documents. */
+constexpr const char* KIND_PICTURES[] = {ICON_NORMAL_OTHER_DOCUMENT_SERVER_SCAN,
+                                         ICON_NORMAL_OTHER_DOCUMENT_SERVER_PRINT,
+                                         ICON_NORMAL_OTHER_DOCUMENT_SERVER_FAX};
 
 /** Figures and signs in the order in which they stand here, also in a text from right to left. */
 QString isolated(const QString& text) {
@@ -45,9 +37,9 @@ documents_screen::documents_screen(const panel_context& context)
     : panel_screen(context)
     , list_(new panel_list)
     , note_(new message_label)
-    , all_(new panel_button("select_all", button_form::TEXT, SELECT_ALL))
-    , delete_(new panel_button("delete", button_form::TEXT, DELETE))
-    , print_(new panel_button("print", button_form::TEXT, PRINT)) {
+    , all_(new panel_button("select_all", button_form::TEXT, MSG_CMN_SELECT_ALL))
+    , delete_(new panel_button("delete", button_form::TEXT, MSG_CMN_DELETE_TEXT))
+    , print_(new panel_button("print", button_form::TEXT, MSG_NORMAL_TITLE_PRINT)) {
     print_->set_primary(true);
     note_->set_color(colors::quiet_text);
     note_->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Preferred);
@@ -61,7 +53,7 @@ documents_screen::documents_screen(const panel_context& context)
 }
 
 message_text documents_screen::title() const {
-    return "6"; // MSG_NORMAL_TITLE_DOCUMENT_SERVER
+    return MSG_NORMAL_TITLE_DOCUMENT_SERVER;
 }
 
 void documents_screen::refresh() {
@@ -69,7 +61,8 @@ void documents_screen::refresh() {
     std::set<int> still_chosen;
     for (const stored_document& document : machine().documents()) {
         const bool is_chosen = chosen_.count(document.number) != 0;
-        const char* picture = is_chosen ? CHOSEN_PICTURE : KIND_PICTURES[static_cast<int>(document.kind)];
+        const char* picture =
+            is_chosen ? ICON_CMN_OTHER_CHECK : KIND_PICTURES[static_cast<int>(document.kind)];
         rows.push_back({QStringLiteral("document_%1").arg(document.number), QLatin1String(picture),
                         message_text::literal(document.name), size_and_date(document), is_chosen});
         if (is_chosen) {
@@ -79,11 +72,12 @@ void documents_screen::refresh() {
     chosen_ = still_chosen;
     list_->set_rows(rows);
     const bool has_chosen = !chosen_.empty();
-    note_->set_message(rows.empty() ? message_text(NONE_FOUND)
-                       : has_chosen ? message_text(QLatin1String(SELECTED),
+    note_->set_message(rows.empty() ? message_text(MSG_NORMAL_LIST_NO_ITEMS_FOUND)
+                       : has_chosen ? message_text(MSG_NORMAL_DOCSERVER_TEXT_FILES_SELECTED,
                                                    {QString::number(static_cast<int>(chosen_.size()))})
-                                    : message_text(SELECT_FILE));
-    all_->set_message(!rows.empty() && chosen_.size() == rows.size() ? DESELECT_ALL : SELECT_ALL);
+                                    : message_text(MSG_NORMAL_DOCSERVER_TEXT_SELECT_FILE));
+    all_->set_message(!rows.empty() && chosen_.size() == rows.size() ? MSG_NORMAL_LIST_DESELECT_ALL
+                                                                     : MSG_CMN_SELECT_ALL);
     all_->setEnabled(!rows.empty());
     delete_->setEnabled(has_chosen);
     print_->setEnabled(has_chosen);
@@ -110,11 +104,12 @@ void documents_screen::choose_all() {
 }
 
 void documents_screen::ask_to_delete() {
-    const message_text question(QLatin1String(DELETE_QUESTION),
+    const message_text question(MSG_DIALOG_DELETE_FILES_COUNT,
                                 {QString::number(static_cast<int>(chosen_.size()))});
     const auto remove = [&machine = machine(), numbers = chosen_] { machine.delete_documents(numbers); };
     frame().show_dialog(new panel_dialog(
-        question, nullptr, {{"dialog_cancel", CANCEL, {}}, {"dialog_delete", DELETE, remove, true}}));
+        question, nullptr,
+        {{"dialog_cancel", MSG_CMN_CANCEL_TEXT, {}}, {"dialog_delete", MSG_CMN_DELETE_TEXT, remove, true}}));
 }
 
 void documents_screen::print() {

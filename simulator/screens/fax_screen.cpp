@@ -5,6 +5,7 @@
 #include "machine_state.h"
 #include "message_label.h"
 #include "panel_button.h"
+#include "panel_view_ids.h"
 #include "text_field.h"
 #include "theme.h"
 #include "units.h"
@@ -34,14 +35,14 @@ constexpr pad_key PAD[] = {{1, "digit_1"}, {2, "digit_2"},     {3, "digit_3"}, {
 fax_screen::fax_screen(const panel_context& context)
     : function_screen(context, job_kind::FAX)
     , number_(new text_field("number"))
-    , resolution_(
-          new choice_bar({{"standard", "240"}, {"fine", "241"}})) { // MSG_NORMAL_FAX_ITEM_RESOLUTION_...
+    , resolution_(new choice_bar({{"standard", MSG_NORMAL_FAX_ITEM_RESOLUTION_STANDARD},
+                                  {"fine", MSG_NORMAL_FAX_ITEM_RESOLUTION_FINE}})) {
     auto* column = new QVBoxLayout;
     column->setSpacing(px(grid::space));
     auto* row = new QHBoxLayout;
     row->setSpacing(px(grid::space));
     row->addWidget(number_, 1);
-    auto* clear = new panel_button("clear", button_form::TEXT, "35"); // MSG_CMN_CLEAR_TEXT
+    auto* clear = new panel_button("clear", button_form::TEXT, MSG_CMN_CLEAR_TEXT);
     connect(clear, &QAbstractButton::clicked, this, [this] { take_key(KEY_CLEAR); });
     row->addWidget(clear);
     column->addLayout(row);
@@ -49,7 +50,7 @@ fax_screen::fax_screen(const panel_context& context)
     near_side().addLayout(column);
     auto* label = new message_label(text_role::CAPTION);
     label->set_color(colors::quiet_text);
-    label->set_message("203"); // MSG_NORMAL_SCAN_TITLE_RESOLUTION
+    label->set_message(MSG_NORMAL_SCAN_TITLE_RESOLUTION);
     card().addWidget(label);
     card().addWidget(resolution_);
     connect(resolution_, &choice_bar::chosen, this, [this](int choice) {
@@ -60,7 +61,7 @@ fax_screen::fax_screen(const panel_context& context)
 }
 
 message_text fax_screen::title() const {
-    return "4"; // MSG_NORMAL_TITLE_FAX
+    return MSG_NORMAL_TITLE_FAX;
 }
 
 template <class CHANGE> void fax_screen::change(CHANGE apply) {
@@ -111,10 +112,9 @@ void fax_screen::refresh() {
     number_->set_text(fax.number, fax.number.size(), Qt::LeftToRight);
     resolution_->set_current(static_cast<int>(fax.resolution));
     const bool has_originals = machine().originals() > 0;
-    // MSG_NORMAL_FAX_TEXT_ENTER_NUMBER, MSG_NORMAL_START_PRESS_KEY, MSG_NORMAL_STATUS_PLACE_ORIGINAL
-    show_state(has_originals && !fax.number.isEmpty(), fax.number.isEmpty() ? "229"
-                                                       : has_originals      ? "60"
-                                                                            : "129");
+    show_state(has_originals && !fax.number.isEmpty(), fax.number.isEmpty() ? MSG_NORMAL_FAX_TEXT_ENTER_NUMBER
+                                                       : has_originals      ? MSG_NORMAL_START_PRESS_KEY
+                                                                       : MSG_NORMAL_STATUS_PLACE_ORIGINAL);
 }
 
 } // namespace velarion

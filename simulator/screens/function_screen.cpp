@@ -7,6 +7,7 @@
 #include "panel_button.h"
 #include "panel_card.h"
 #include "panel_frame.h"
+#include "panel_view_ids.h"
 #include "progress_bar.h"
 #include "stop_question.h"
 #include "theme.h"
@@ -19,12 +20,9 @@ namespace velarion {
 
 namespace {
 
-constexpr char START_PICTURE[] = "4095"; // ICON_..._COMMON_START
-constexpr char STOP_PICTURE[] = "4096";  // ..._STOP_KEY
-constexpr char RESET_PICTURE[] = "4092"; // ..._RESET
-constexpr int CARD_WIDTH = 212;          // dp
-constexpr int START_HEIGHT = 56;         // dp
-constexpr int HINT_HEIGHT = 32;          // dp: two lines
+constexpr int CARD_WIDTH = 212;  // dp
+constexpr int START_HEIGHT = 56; // dp
+constexpr int HINT_HEIGHT = 32;  // dp: two lines
 
 } // namespace
 
@@ -35,8 +33,8 @@ function_screen::function_screen(const panel_context& context, job_kind kind)
     , card_(new QVBoxLayout)
     , hint_(new message_label(text_role::CAPTION))
     , progress_(new progress_bar)
-    , start_(new panel_button("start", button_form::TEXT, "32", START_PICTURE)) // MSG_CMN_START_TEXT
-    , stop_(new panel_button("stop", button_form::TEXT, "33", STOP_PICTURE)) {  // MSG_CMN_STOP_TEXT
+    , start_(new panel_button("start", button_form::TEXT, MSG_CMN_START_TEXT, ICON_CMN_OTHER_START))
+    , stop_(new panel_button("stop", button_form::TEXT, MSG_CMN_STOP_TEXT, ICON_CMN_OTHER_STOP_KEY)) {
     auto* layout = new QHBoxLayout(this);
     layout->setContentsMargins(px(grid::margin), px(grid::margin), px(grid::margin), px(grid::margin));
     layout->setSpacing(px(grid::margin));
@@ -56,7 +54,7 @@ function_screen::function_screen(const panel_context& context, job_kind kind)
     card->column().addWidget(start_);
     auto* row = new QHBoxLayout;
     row->setSpacing(px(grid::space));
-    auto* reset = new panel_button("reset", button_form::PICTURE, {}, RESET_PICTURE);
+    auto* reset = new panel_button("reset", button_form::PICTURE, {}, ICON_CMN_OTHER_RESET);
     stop_->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
     row->addWidget(stop_, 1);
     row->addWidget(reset);

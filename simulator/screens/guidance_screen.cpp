@@ -6,6 +6,7 @@
 #include "message_label.h"
 #include "panel_button.h"
 #include "panel_frame.h"
+#include "panel_view_ids.h"
 #include "screen_layout.h"
 #include "theme.h"
 #include "units.h"
@@ -18,14 +19,6 @@ namespace {
 
 constexpr QSize PICTURE_SIZE(340, 255); // dp, as the pictures are shaped
 
-constexpr char PLAY[] = "4095";      // ICON_CMN_OTHER_START
-constexpr char HOW_TO_FIX[] = "349"; // MSG_NORMAL_CHECK_BTN_HOW_TO_FIX
-constexpr char BACK[] = "28";        // MSG_CMN_BACK_TEXT
-constexpr char NEXT[] = "29";        // MSG_CMN_NEXT_TEXT
-constexpr char OK[] = "25";          // MSG_CMN_OK_TEXT
-constexpr char COVERS_CLOSED[] = "21374";
-constexpr char NO_JAM_PICTURE[] = "2136"; // ICON_..._COVER_CLOSE
-
 } // namespace
 
 guidance_screen::guidance_screen(const panel_context& context)
@@ -34,9 +27,10 @@ guidance_screen::guidance_screen(const panel_context& context)
     , place_(new message_label(text_role::BUTTON))
     , text_(new message_label(text_role::TITLE, Qt::AlignLeading | Qt::AlignTop))
     , count_(new message_label(text_role::BODY))
-    , movie_(new panel_button("movie", button_form::ROW, HOW_TO_FIX, PLAY))
-    , back_(new panel_button("previous", button_form::TEXT, BACK))
-    , next_(new panel_button("next", button_form::TEXT, NEXT)) {
+    , movie_(
+          new panel_button("movie", button_form::ROW, MSG_NORMAL_CHECK_BTN_HOW_TO_FIX, ICON_CMN_OTHER_START))
+    , back_(new panel_button("previous", button_form::TEXT, MSG_CMN_BACK_TEXT))
+    , next_(new panel_button("next", button_form::TEXT, MSG_CMN_NEXT_TEXT)) {
     auto* layout = new QHBoxLayout(this);
     layout->setContentsMargins(px(grid::margin), px(grid::margin), px(grid::margin), px(grid::margin));
     layout->setSpacing(px(grid::margin));
@@ -73,7 +67,7 @@ QWidget* guidance_screen::make_side() {
 }
 
 message_text guidance_screen::title() const {
-    return "31282"; // MSG_HELP_PAPER_JAM_TITLE
+    return MSG_HELP_PAPER_JAM_TITLE;
 }
 
 void guidance_screen::refresh() {
@@ -98,7 +92,7 @@ void guidance_screen::show_step() {
     count_->set_message(
         message_text::literal(QStringLiteral("\u2066%1 / %2\u2069").arg(jam.step + 1).arg(all)));
     back_->setEnabled(jam.step > 0);
-    next_->set_message(jam.step + 1 < all ? NEXT : OK);
+    next_->set_message(jam.step + 1 < all ? MSG_CMN_NEXT_TEXT : MSG_CMN_OK_TEXT);
     movie_->setChecked(false);
     dvc_pnl_vwm_animation_request request;
     if (shown_step_ >= 0) {
@@ -113,9 +107,9 @@ void guidance_screen::show_step() {
 void guidance_screen::show_no_jam() {
     shown_step_ = -1;
     place_->set_message({});
-    text_->set_message(COVERS_CLOSED);
-    next_->set_message(OK);
-    view_->show_picture(QLatin1String(NO_JAM_PICTURE), {});
+    text_->set_message(MSG_STATUS_COVER_ALL_CLOSED);
+    next_->set_message(MSG_CMN_OK_TEXT);
+    view_->show_picture(QLatin1String(ICON_NORMAL_OTHER_ILLUSTRATION_COVER_CLOSE), {});
 }
 
 void guidance_screen::show_movie(bool is_shown) {

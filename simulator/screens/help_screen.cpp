@@ -2,6 +2,7 @@
 
 #include "message_label.h"
 #include "panel_list.h"
+#include "panel_view_ids.h"
 #include "picture_view.h"
 #include "screen_layout.h"
 #include "theme.h"
@@ -13,7 +14,7 @@ namespace velarion {
 
 namespace {
 
-/** Messages of a topic, MSG_HELP_..., and its picture, ICON_HELP_OUTLINE_... */
+/** Messages of a topic and its picture. */
 struct help_topic {
     const char* name;
     const char* title;
@@ -23,11 +24,26 @@ struct help_topic {
 };
 
 constexpr help_topic TOPICS[] = {
-    {"copy", "31053", "31054", "31055", "1389"},   {"scan", "31113", "31114", "31115", "1411"},
-    {"fax", "31192", "31193", "31194", "1430"},    {"documents", "31390", "31252", "31253", "1459"},
-    {"jobs", "31392", "31256", "31257", "1545"},   {"trays", "31258", "31259", "31260", "1491"},
-    {"toner", "31272", "31273", "31274", "1514"},  {"jam", "31282", "31283", "31284", "1523"},
-    {"energy", "31291", "31293", "31294", "1561"}, {"language", "31298", "31299", "31300", "1577"},
+    {"copy", MSG_HELP_COPY_BASIC_TITLE, MSG_HELP_COPY_BASIC_BODY, MSG_HELP_COPY_BASIC_HINT,
+     ICON_HELP_OUTLINE_COPY_BASIC_OPERATIONS_ICO_A},
+    {"scan", MSG_HELP_SCAN_TO_EMAIL_TITLE, MSG_HELP_SCAN_TO_EMAIL_BODY, MSG_HELP_SCAN_TO_EMAIL_HINT,
+     ICON_HELP_OUTLINE_SCAN_TO_EMAIL_ICO_A},
+    {"fax", MSG_HELP_FAX_SEND_TITLE, MSG_HELP_FAX_SEND_BODY, MSG_HELP_FAX_SEND_HINT,
+     ICON_HELP_OUTLINE_FAX_TRANSMISSION_ICO_A},
+    {"documents", MSG_HELP_DOCUMENT_SERVER_TITLE, MSG_HELP_DOCUMENT_SERVER_BODY,
+     MSG_HELP_DOCUMENT_SERVER_HINT, ICON_HELP_OUTLINE_STORED_DOCUMENTS_ICO_A},
+    {"jobs", MSG_HELP_JOB_LIST_TITLE, MSG_HELP_JOB_LIST_BODY, MSG_HELP_JOB_LIST_HINT,
+     ICON_HELP_OUTLINE_STATUS_AND_JOBS_ICO_A},
+    {"trays", MSG_HELP_PAPER_TRAYS_TITLE, MSG_HELP_PAPER_TRAYS_BODY, MSG_HELP_PAPER_TRAYS_HINT,
+     ICON_HELP_OUTLINE_LOADING_PAPER_ICO_A},
+    {"toner", MSG_HELP_TONER_TITLE, MSG_HELP_TONER_BODY, MSG_HELP_TONER_HINT,
+     ICON_HELP_OUTLINE_REPLACING_TONER_ICO_A},
+    {"jam", MSG_HELP_PAPER_JAM_TITLE, MSG_HELP_PAPER_JAM_BODY, MSG_HELP_PAPER_JAM_HINT,
+     ICON_HELP_OUTLINE_REMOVING_JAMMED_PAPER_ICO_A},
+    {"energy", MSG_HELP_ENERGY_SAVER_TITLE, MSG_HELP_ENERGY_SAVER_BODY, MSG_HELP_ENERGY_SAVER_HINT,
+     ICON_HELP_OUTLINE_SAVING_ENERGY_ICO_A},
+    {"language", MSG_HELP_LANGUAGE_TITLE, MSG_HELP_LANGUAGE_BODY, MSG_HELP_LANGUAGE_HINT,
+     ICON_HELP_OUTLINE_CHARACTER_ENTRY_ICO_A},
 };
 constexpr int LIST_WIDTH = 220; // dp
 constexpr QSize PICTURE_SIZE(176, 97);
@@ -65,7 +81,7 @@ QWidget* help_screen::make_page() {
 }
 
 message_text help_screen::title() const {
-    return "12"; // MSG_NORMAL_TITLE_HELP
+    return MSG_NORMAL_TITLE_HELP;
 }
 
 void help_screen::show_topic(int topic) {

@@ -2,6 +2,7 @@
 
 #include "panel_button.h"
 #include "panel_frame.h"
+#include "panel_view_ids.h"
 #include "theme.h"
 #include "units.h"
 
@@ -18,8 +19,14 @@ struct function_tile {
 };
 
 constexpr function_tile TILES[] = {
-    {"copy", "1", "4"},    {"scan", "3", "5"},    {"fax", "4", "6"},       {"documents", "6", "8"},
-    {"status", "8", "10"}, {"trays", "18", "22"}, {"settings", "9", "11"}, {"help", "12", "12"},
+    {"copy", MSG_NORMAL_TITLE_COPY, ICON_NORMAL_OTHER_GLOBAL_NAVIGATION_COPY},
+    {"scan", MSG_NORMAL_TITLE_SCAN, ICON_NORMAL_OTHER_GLOBAL_NAVIGATION_SCAN},
+    {"fax", MSG_NORMAL_TITLE_FAX, ICON_NORMAL_OTHER_GLOBAL_NAVIGATION_FAX},
+    {"documents", MSG_NORMAL_TITLE_DOCUMENT_SERVER, ICON_NORMAL_OTHER_GLOBAL_NAVIGATION_DOCUMENT_SERVER},
+    {"status", MSG_NORMAL_TITLE_JOB_LIST, ICON_NORMAL_OTHER_GLOBAL_NAVIGATION_JOB_LIST},
+    {"trays", MSG_NORMAL_TITLE_TRAY_PAPER_SETTINGS, ICON_NORMAL_OTHER_GLOBAL_NAVIGATION_TRAY},
+    {"settings", MSG_NORMAL_TITLE_SETTINGS, ICON_NORMAL_OTHER_GLOBAL_NAVIGATION_SETTINGS},
+    {"help", MSG_NORMAL_TITLE_HELP, ICON_NORMAL_OTHER_GLOBAL_NAVIGATION_HELP},
 };
 constexpr int COLUMNS = 4;
 
@@ -42,7 +49,7 @@ home_screen::home_screen(const panel_context& context)
 }
 
 message_text home_screen::title() const {
-    return "15"; // MSG_NORMAL_TITLE_HOME
+    return MSG_NORMAL_TITLE_HOME;
 }
 
 } // namespace velarion

@@ -1,43 +1,45 @@
 #include "job_texts.h"
 
+#include "panel_view_ids.h"
+
 namespace velarion {
 
 message_text name_of(job_kind kind) {
     switch (kind) {
     case job_kind::SCAN:
-        return "3"; // MSG_NORMAL_TITLE_SCAN
+        return MSG_NORMAL_TITLE_SCAN;
     case job_kind::FAX:
-        return "4"; // MSG_NORMAL_TITLE_FAX
+        return MSG_NORMAL_TITLE_FAX;
     case job_kind::PRINT:
-        return "5"; // MSG_NORMAL_TITLE_PRINT
+        return MSG_NORMAL_TITLE_PRINT;
     default:
-        return "1"; // MSG_NORMAL_TITLE_COPY
+        return MSG_NORMAL_TITLE_COPY;
     }
 }
 
 const char* picture_of(job_kind kind) {
     switch (kind) {
     case job_kind::SCAN:
-        return "5"; // ICON_NORMAL_OTHER_GLOBAL_NAVIGATION_SCAN
+        return ICON_NORMAL_OTHER_GLOBAL_NAVIGATION_SCAN;
     case job_kind::FAX:
-        return "6"; // ..._FAX
+        return ICON_NORMAL_OTHER_GLOBAL_NAVIGATION_FAX;
     case job_kind::PRINT:
-        return "7"; // ..._PRINT
+        return ICON_NORMAL_OTHER_GLOBAL_NAVIGATION_PRINT;
     default:
-        return "4"; // ..._COPY
+        return ICON_NORMAL_OTHER_GLOBAL_NAVIGATION_COPY;
     }
 }
 
 QString movie_of(const machine_job& job) {
     switch (job.phase()) {
     case job_phase::READING:
-        return QStringLiteral("543"); // ICON_NORMAL_OTHER_JOB_STATUS_READING_ORIGINAL
+        return QLatin1String(ICON_NORMAL_OTHER_JOB_STATUS_READING_ORIGINAL);
     case job_phase::DIALING:
-        return QStringLiteral("541"); // ..._DIALING
+        return QLatin1String(ICON_NORMAL_OTHER_JOB_STATUS_DIALING);
     default:
-        return job.kind == job_kind::COPY    ? QStringLiteral("533")  // ..._COPYING
-               : job.kind == job_kind::PRINT ? QStringLiteral("550")  // ..._PRINTING
-                                             : QStringLiteral("535"); // ..._SENDING
+        return job.kind == job_kind::COPY    ? QLatin1String(ICON_NORMAL_OTHER_JOB_STATUS_COPYING)
+               : job.kind == job_kind::PRINT ? QLatin1String(ICON_NORMAL_OTHER_JOB_STATUS_PRINTING)
+                                             : QLatin1String(ICON_NORMAL_OTHER_JOB_STATUS_SENDING);
     }
 }
 
@@ -48,24 +50,24 @@ message_text short_text_of(const machine_job& job) {
 message_text state_of(const machine_job& job) {
     switch (job.state) {
     case job_state::WAITING:
-        return "318"; // MSG_NORMAL_JOBLIST_STATE_WAITING
+        return MSG_NORMAL_JOBLIST_STATE_WAITING;
     case job_state::COMPLETED:
-        return "321"; // ..._COMPLETED
+        return MSG_NORMAL_JOBLIST_STATE_COMPLETED;
     case job_state::CANCELED:
-        return "322"; // ..._CANCELLED
+        return MSG_NORMAL_JOBLIST_STATE_CANCELLED;
     case job_state::PAUSED:
-        return "320"; // ..._SUSPENDED
+        return MSG_NORMAL_JOBLIST_STATE_SUSPENDED;
     default:
-        return "319"; // ..._PRINTING
+        return MSG_NORMAL_JOBLIST_STATE_PRINTING;
     }
 }
 
 message_text detail_of(const machine_job& job) {
     if (job.phase() == job_phase::READING) {
-        return {"144", {QString::number(job.original_in_work() - 1)}}; // MSG_NORMAL_STATUS_ORIGINALS_SCANNED
+        return {MSG_NORMAL_STATUS_ORIGINALS_SCANNED, {QString::number(job.original_in_work() - 1)}};
     }
     if (job.prints()) {
-        return {"135", {QString::number(job.all_pages() - job.pages_done())}}; // ..._REMAINING_SHEETS
+        return {MSG_NORMAL_STATUS_REMAINING_SHEETS, {QString::number(job.all_pages() - job.pages_done())}};
     }
     return message_text::ordered(job.destination);
 }

@@ -5,26 +5,20 @@
 #include "panel_button.h"
 #include "panel_languages.h"
 #include "panel_list.h"
+#include "panel_view_ids.h"
 #include "screen_layout.h"
 #include "theme.h"
 #include "units.h"
 
 namespace velarion {
 
-namespace {
-
-constexpr char STANDARD[] = "10";         // MSG_NORMAL_TITLE_SYSTEM_SETTINGS
-constexpr char USER[] = "16522";          // MSG_NORMAL_ACCESS_PROFILE
-constexpr char NOTE_STANDARD[] = "13883"; // MSG_NORMAL_REGION_SELECT_LANGUAGE
-constexpr char NOTE_USER[] = "13885";     // MSG_NORMAL_REGION_LANGUAGE_TEMP
-
-} // namespace
+namespace {} // namespace
 
 language_screen::language_screen(const panel_context& context)
     : panel_screen(context)
     , is_preferred_(languages().preferred_language().language_id != 0)
-    , standard_tab_(make_tab("standard", STANDARD, false))
-    , preferred_tab_(make_tab("preferred", USER, true))
+    , standard_tab_(make_tab("standard", MSG_NORMAL_TITLE_SYSTEM_SETTINGS, false))
+    , preferred_tab_(make_tab("preferred", MSG_NORMAL_ACCESS_PROFILE, true))
     , note_(new message_label(text_role::CAPTION))
     , list_(new panel_list) {
     lay_out_column(*this, {make_row({standard_tab_, preferred_tab_}), note_, list_});
@@ -47,20 +41,23 @@ panel_button* language_screen::make_tab(const char* name, const char* text, bool
 }
 
 message_text language_screen::title() const {
-    return "19"; // MSG_NORMAL_TITLE_DISPLAY_LANGUAGE
+    return MSG_NORMAL_TITLE_DISPLAY_LANGUAGE;
 }
 
 /** In the user's list the first row ends the choice: the machine's language shows again. */
 void language_screen::refresh() {
     standard_tab_->setChecked(!is_preferred_);
     preferred_tab_->setChecked(is_preferred_);
-    note_->set_message(is_preferred_ ? NOTE_USER : NOTE_STANDARD);
+    note_->set_message(is_preferred_ ? MSG_NORMAL_REGION_LANGUAGE_TEMP : MSG_NORMAL_REGION_SELECT_LANGUAGE);
     const language_choice standard = languages().standard_language();
     const language_choice chosen = is_preferred_ ? languages().preferred_language() : standard;
     std::vector<list_row> rows;
     if (is_preferred_) {
-        rows.push_back(
-            {QStringLiteral("none"), {}, STANDARD, language_name(standard), chosen.language_id == 0});
+        rows.push_back({QStringLiteral("none"),
+                        {},
+                        MSG_NORMAL_TITLE_SYSTEM_SETTINGS,
+                        language_name(standard),
+                        chosen.language_id == 0});
     }
     for (const language_choice& language : languages().languages()) {
         const int id = language.option_language_id != 0 ? language.option_language_id : language.language_id;

@@ -4,14 +4,13 @@
 #include "machine_state.h"
 #include "panel_frame.h"
 #include "panel_list.h"
+#include "panel_view_ids.h"
 #include "screen_layout.h"
 
 namespace velarion {
 
 namespace {
 
-constexpr char ON[] = "46";         // MSG_CMN_ON_TEXT
-constexpr char OFF[] = "47";        // MSG_CMN_OFF_TEXT
 constexpr int LONGEST_ADDRESS = 15; // characters
 constexpr int LONGEST_NAME = 63;
 
@@ -23,9 +22,9 @@ struct switched_value {
 };
 
 constexpr switched_value SWITCHES[] = {
-    {"dhcp", "10423", &network_settings::has_dhcp},         // MSG_NORMAL_NET_AUTO_DHCP
-    {"ipv6", "11049", &network_settings::has_ipv6},         // MSG_NORMAL_NET_SERVICE_IPV6
-    {"wireless", "31319", &network_settings::has_wireless}, // MSG_HELP_WIRELESS_LAN_TITLE
+    {"dhcp", MSG_NORMAL_NET_AUTO_DHCP, &network_settings::has_dhcp},
+    {"ipv6", MSG_NORMAL_NET_SERVICE_IPV6, &network_settings::has_ipv6},
+    {"wireless", MSG_HELP_WIRELESS_LAN_TITLE, &network_settings::has_wireless},
 };
 
 /** A setting that is entered. */
@@ -37,9 +36,9 @@ struct entered_value {
 };
 
 const entered_value ENTRIES[] = {
-    {"address", "10858", &network_settings::address, true},      // MSG_NORMAL_NET_IF_ETHERNET_IPv4
-    {"gateway", "10859", &network_settings::gateway, true},      // ..._GATEWAY
-    {"host_name", "10866", &network_settings::host_name, false}, // ..._HOST
+    {"address", MSG_NORMAL_NET_IF_ETHERNET_IPv4, &network_settings::address, true},
+    {"gateway", MSG_NORMAL_NET_IF_ETHERNET_GATEWAY, &network_settings::gateway, true},
+    {"host_name", MSG_NORMAL_NET_IF_ETHERNET_HOST, &network_settings::host_name, false},
 };
 
 bool is_address(const QString& text) {
@@ -64,21 +63,26 @@ network_screen::network_screen(const panel_context& context)
 }
 
 message_text network_screen::title() const {
-    return "10422"; // MSG_NORMAL_NET_TITLE
+    return MSG_NORMAL_NET_TITLE;
 }
 
 void network_screen::refresh() {
     const network_settings& network = machine().network();
     std::vector<list_row> rows;
     for (const switched_value& entry : SWITCHES) {
-        rows.push_back({QLatin1String(entry.name), {}, entry.text, network.*entry.value ? ON : OFF});
+        rows.push_back({QLatin1String(entry.name),
+                        {},
+                        entry.text,
+                        network.*entry.value ? MSG_CMN_ON_TEXT : MSG_CMN_OFF_TEXT});
     }
     for (const entered_value& entry : ENTRIES) {
         rows.push_back(
             {QLatin1String(entry.name), {}, entry.text, message_text::literal(network.*entry.value)});
     }
-    // MSG_NORMAL_NET_IF_ETHERNET_MAC
-    rows.push_back({QStringLiteral("mac"), {}, "10867", message_text::literal(network.hardware_address)});
+    rows.push_back({QStringLiteral("mac"),
+                    {},
+                    MSG_NORMAL_NET_IF_ETHERNET_MAC,
+                    message_text::literal(network.hardware_address)});
     list_->set_rows(rows);
 }
 
@@ -107,7 +111,7 @@ void network_screen::ask_value(const char* title, QString network_settings::*val
     request.rule = QLatin1String(FIELD_USER_NAME);
     if (wants_address) {
         request.accepts = is_address;
-        request.fault = "10426"; // MSG_NORMAL_NET_INVALID_IP
+        request.fault = MSG_NORMAL_NET_INVALID_IP;
     }
     request.done = [&machine = machine(), value, wants_address](const QString& text) {
         network_settings network = machine.network();

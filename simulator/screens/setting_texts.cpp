@@ -1,5 +1,7 @@
 #include "setting_texts.h"
 
+#include "panel_view_ids.h"
+
 namespace velarion {
 
 namespace {
@@ -12,53 +14,50 @@ message_text literal(const char* text) {
 
 const std::vector<named_value<color_mode>>& color_modes() {
     static const std::vector<named_value<color_mode>> values = {
-        {color_mode::AUTO, "color_auto", "67"},        // MSG_NORMAL_COPY_COLOR_AUTO
-        {color_mode::FULL, "color_full", "69"},        // MSG_NORMAL_COPY_COLOR_FULL
-        {color_mode::BLACK_WHITE, "color_none", "71"}, // MSG_NORMAL_COPY_COLOR_BW
+        {color_mode::AUTO, "color_auto", MSG_NORMAL_COPY_COLOR_AUTO},
+        {color_mode::FULL, "color_full", MSG_NORMAL_COPY_COLOR_FULL},
+        {color_mode::BLACK_WHITE, "color_none", MSG_NORMAL_COPY_COLOR_BW},
     };
     return values;
 }
 
 const std::vector<named_value<copy_sides>>& sides_of_copies() {
     static const std::vector<named_value<copy_sides>> values = {
-        {copy_sides::ONE_TO_ONE, "sides_off", "47"},     // MSG_CMN_OFF_TEXT
-        {copy_sides::ONE_TO_TWO, "sides_one_two", "96"}, // MSG_NORMAL_COPY_ONE_TO_TWO_SIDED
-        {copy_sides::TWO_TO_TWO, "sides_two_two", "97"}, // MSG_NORMAL_COPY_TWO_TO_TWO_SIDED
-        {copy_sides::TWO_TO_ONE, "sides_two_one", "98"}, // MSG_NORMAL_COPY_TWO_TO_ONE_SIDED
+        {copy_sides::ONE_TO_ONE, "sides_off", MSG_CMN_OFF_TEXT},
+        {copy_sides::ONE_TO_TWO, "sides_one_two", MSG_NORMAL_COPY_ONE_TO_TWO_SIDED},
+        {copy_sides::TWO_TO_TWO, "sides_two_two", MSG_NORMAL_COPY_TWO_TO_TWO_SIDED},
+        {copy_sides::TWO_TO_ONE, "sides_two_one", MSG_NORMAL_COPY_TWO_TO_ONE_SIDED},
     };
     return values;
 }
 
 const std::vector<named_value<original_type>>& original_types() {
     static const std::vector<named_value<original_type>> values = {
-        {original_type::TEXT, "original_text", "82"},             // MSG_NORMAL_COPY_ORIGINAL_TEXT
-        {original_type::TEXT_PHOTO, "original_text_photo", "83"}, // MSG_NORMAL_COPY_ORIGINAL_TEXT_PHOTO
-        {original_type::PHOTO, "original_photo", "84"},           // MSG_NORMAL_COPY_ORIGINAL_PHOTO
+        {original_type::TEXT, "original_text", MSG_NORMAL_COPY_ORIGINAL_TEXT},
+        {original_type::TEXT_PHOTO, "original_text_photo", MSG_NORMAL_COPY_ORIGINAL_TEXT_PHOTO},
+        {original_type::PHOTO, "original_photo", MSG_NORMAL_COPY_ORIGINAL_PHOTO},
     };
     return values;
 }
 
 const std::vector<named_value<int>>& ratios() {
     static const std::vector<named_value<int>> values = {
-        {100, "ratio_100", "92"},   // MSG_NORMAL_COPY_FULL_SIZE
-        {71, "ratio_71", "2347"},   // MSG_NORMAL_COPYSET_ZOOM_A3_A4
-        {141, "ratio_141", "2369"}, // MSG_NORMAL_COPYSET_ZOOM_A4_A3
-        {50, "ratio_50", "2348"},   // MSG_NORMAL_COPYSET_ZOOM_A3_A5
-        {200, "ratio_200", "2376"}, // MSG_NORMAL_COPYSET_ZOOM_A6_A4
-        {82, "ratio_82", "2381"},   // MSG_NORMAL_COPYSET_ZOOM_B5_A5
-        {115, "ratio_115", "2378"}, // MSG_NORMAL_COPYSET_ZOOM_B4_A3
+        {100, "ratio_100", MSG_NORMAL_COPY_FULL_SIZE},     {71, "ratio_71", MSG_NORMAL_COPYSET_ZOOM_A3_A4},
+        {141, "ratio_141", MSG_NORMAL_COPYSET_ZOOM_A4_A3}, {50, "ratio_50", MSG_NORMAL_COPYSET_ZOOM_A3_A5},
+        {200, "ratio_200", MSG_NORMAL_COPYSET_ZOOM_A6_A4}, {82, "ratio_82", MSG_NORMAL_COPYSET_ZOOM_B5_A5},
+        {115, "ratio_115", MSG_NORMAL_COPYSET_ZOOM_B4_A3},
     };
     return values;
 }
 
 const std::vector<named_value<int>>& paper_choices() {
     static const std::vector<named_value<int>> values = {
-        {0, "paper_auto", "88"},                                   // MSG_NORMAL_COPY_PAPER_AUTO
-        {1, "paper_1", message_text("89", {QStringLiteral("1")})}, // MSG_NORMAL_COPY_PAPER_TRAY
-        {2, "paper_2", message_text("89", {QStringLiteral("2")})},
-        {3, "paper_3", message_text("89", {QStringLiteral("3")})},
-        {4, "paper_4", message_text("89", {QStringLiteral("4")})},
-        {BYPASS_TRAY, "paper_bypass", "90"}, // MSG_NORMAL_COPY_PAPER_BYPASS
+        {0, "paper_auto", MSG_NORMAL_COPY_PAPER_AUTO},
+        {1, "paper_1", message_text(MSG_NORMAL_COPY_PAPER_TRAY, {QStringLiteral("1")})},
+        {2, "paper_2", message_text(MSG_NORMAL_COPY_PAPER_TRAY, {QStringLiteral("2")})},
+        {3, "paper_3", message_text(MSG_NORMAL_COPY_PAPER_TRAY, {QStringLiteral("3")})},
+        {4, "paper_4", message_text(MSG_NORMAL_COPY_PAPER_TRAY, {QStringLiteral("4")})},
+        {BYPASS_TRAY, "paper_bypass", MSG_NORMAL_COPY_PAPER_BYPASS},
     };
     return values;
 }

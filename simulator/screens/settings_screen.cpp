@@ -5,6 +5,7 @@
 #include "panel_frame.h"
 #include "panel_languages.h"
 #include "panel_list.h"
+#include "panel_view_ids.h"
 #include "screen_layout.h"
 
 namespace velarion {
@@ -18,13 +19,12 @@ struct settings_entry {
 };
 
 constexpr settings_entry ENTRIES[] = {
-    {"settings_language", "25",
-     "19"}, // ICON_NORMAL_OTHER_GLOBAL_NAVIGATION_LANGUAGE, MSG_NORMAL_TITLE_DISPLAY_LANGUAGE
-    {"settings_sounds", "4144", "15069"}, // ICON_CMN_OTHER_SOUND, MSG_NORMAL_DEVICE_SOUND_TITLE
-    {"settings_network", "27", "10422"},  // ..._NETWORK, MSG_NORMAL_NET_TITLE
-    {"trays", "23", "337"},               // ..._TONER, MSG_NORMAL_SUPPLY_TITLE_SUPPLY_LEVELS
-    {"hardware_test", "4116", "31394"},   // ..._WRENCH, "Operation panel"
-    {"help", "12", "12"},                 // MSG_NORMAL_TITLE_HELP
+    {"settings_language", ICON_NORMAL_OTHER_GLOBAL_NAVIGATION_LANGUAGE, MSG_NORMAL_TITLE_DISPLAY_LANGUAGE},
+    {"settings_sounds", ICON_CMN_OTHER_SOUND, MSG_NORMAL_DEVICE_SOUND_TITLE},
+    {"settings_network", ICON_NORMAL_OTHER_GLOBAL_NAVIGATION_NETWORK, MSG_NORMAL_NET_TITLE},
+    {"trays", ICON_NORMAL_OTHER_GLOBAL_NAVIGATION_TONER, MSG_NORMAL_SUPPLY_TITLE_SUPPLY_LEVELS},
+    {"hardware_test", ICON_CMN_OTHER_WRENCH, MSG_TITLE_OPERATION_PANEL},
+    {"help", ICON_NORMAL_OTHER_GLOBAL_NAVIGATION_HELP, MSG_NORMAL_TITLE_HELP},
 };
 
 } // namespace
@@ -40,7 +40,7 @@ settings_screen::settings_screen(const panel_context& context)
 }
 
 message_text settings_screen::title() const {
-    return "9"; // MSG_NORMAL_TITLE_SETTINGS
+    return MSG_NORMAL_TITLE_SETTINGS;
 }
 
 void settings_screen::refresh() {

@@ -5,6 +5,7 @@
 #include "machine_state.h"
 #include "message_label.h"
 #include "panel_button.h"
+#include "panel_view_ids.h"
 #include "picture_view.h"
 #include "screen_layout.h"
 #include "sound_levels.h"
@@ -15,19 +16,12 @@
 
 namespace velarion {
 
-namespace {
-
-constexpr char MUTED[] = "4145";  // ICON_CMN_OTHER_MUTE
-constexpr char SOUND[] = "4144";  // ICON_CMN_OTHER_SOUND
-constexpr char SOFTER[] = "4086"; // ICON_CMN_OTHER_MINUS
-constexpr char LOUDER[] = "4085"; // ICON_CMN_OTHER_PLUS
-
-} // namespace
+namespace {} // namespace
 
 sounds_screen::sounds_screen(const panel_context& context)
     : panel_screen(context)
-    , mute_(new panel_button("mute_all", button_form::ROW, "15071",
-                             MUTED)) { // MSG_NORMAL_DEVICE_SOUND_MUTE_ALL
+    , mute_(new panel_button("mute_all", button_form::ROW, MSG_NORMAL_DEVICE_SOUND_MUTE_ALL,
+                             ICON_CMN_OTHER_MUTE)) {
     QBoxLayout* layout = lay_out_column(*this, {});
     for (std::size_t sound = 0; sound < panel_sounds().size(); ++sound) {
         layout->addWidget(make_row_of(sound), 1);
@@ -40,10 +34,11 @@ sounds_screen::sounds_screen(const panel_context& context)
 
 QWidget* sounds_screen::make_row_of(std::size_t sound) {
     const QByteArray name = panel_sounds()[sound].name;
-    sound_row row{new picture_view({grid::icon, grid::icon}), new message_label(text_role::CAPTION),
-                  new level_bar(MOST_VOLUME),
-                  new panel_button((name + "_softer").constData(), button_form::PICTURE, {}, SOFTER),
-                  new panel_button((name + "_louder").constData(), button_form::PICTURE, {}, LOUDER)};
+    sound_row row{
+        new picture_view({grid::icon, grid::icon}), new message_label(text_role::CAPTION),
+        new level_bar(MOST_VOLUME),
+        new panel_button((name + "_softer").constData(), button_form::PICTURE, {}, ICON_CMN_OTHER_MINUS),
+        new panel_button((name + "_louder").constData(), button_form::PICTURE, {}, ICON_CMN_OTHER_PLUS)};
     auto* label = new message_label;
     label->set_message(panel_sounds()[sound].message);
     row.level->set_color(colors::quiet_text);
@@ -74,7 +69,7 @@ QWidget* sounds_screen::make_row_of(std::size_t sound) {
 }
 
 message_text sounds_screen::title() const {
-    return "15069"; // MSG_NORMAL_DEVICE_SOUND_TITLE
+    return MSG_NORMAL_DEVICE_SOUND_TITLE;
 }
 
 void sounds_screen::refresh() {
@@ -83,7 +78,8 @@ void sounds_screen::refresh() {
         const panel_sound& sound = panel_sounds()[i];
         const std::size_t place = find_sound_level(sound, machine().sound().*sound.volume);
         const sound_level& level = sound.levels[place];
-        rows_[i].picture->set_picture(QLatin1String(level.volume > 0 ? SOUND : MUTED));
+        rows_[i].picture->set_picture(
+            QLatin1String(level.volume > 0 ? ICON_CMN_OTHER_SOUND : ICON_CMN_OTHER_MUTE));
         rows_[i].bar->set_level(level.volume);
         rows_[i].level->set_message(level.message);
         rows_[i].softer->setEnabled(place > 0);

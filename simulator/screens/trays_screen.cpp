@@ -3,6 +3,7 @@
 #include "card.h"
 #include "machine_state.h"
 #include "message_label.h"
+#include "panel_view_ids.h"
 #include "picture_view.h"
 #include "progress_bar.h"
 #include "screen_layout.h"
@@ -93,7 +94,7 @@ QWidget* trays_screen::make_toner_card() {
 }
 
 message_text trays_screen::title() const {
-    return "337"; // MSG_NORMAL_SUPPLY_TITLE_SUPPLY_LEVELS
+    return MSG_NORMAL_SUPPLY_TITLE_SUPPLY_LEVELS;
 }
 
 void trays_screen::refresh() {
