@@ -38,7 +38,7 @@ void simulation::start_anew() {
 
 /** Only what the machine wants otherwise than before: a screen may set LEDs too. */
 void simulation::light_leds() {
-    const auto leds = machine_->leds();
+    const auto leds = leds_of(*machine_);
     for (std::size_t led = 0; led < leds.size(); ++led) {
         if (leds[led] != lit_[led]) {
             hardware_.set_led(static_cast<int>(led), leds[led]);

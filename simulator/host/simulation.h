@@ -1,6 +1,7 @@
 #ifndef SIMULATION_H
 #define SIMULATION_H
 
+#include "machine_leds.h"
 #include "machine_state.h"
 #include "panel_frame.h"
 #include "panel_hardware.h"

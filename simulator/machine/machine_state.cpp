@@ -66,36 +66,6 @@ machine_condition machine_state::condition() const {
     return lacks_paper() ? machine_condition::NO_PAPER : machine_condition::PRINTING;
 }
 
-std::array<DVC_PNL_DEC_LED_STATUS_ID, LED_COUNT> machine_state::leds() const {
-    std::array<DVC_PNL_DEC_LED_STATUS_ID, LED_COUNT> leds;
-    leds.fill(DVC_PNL_DEC_LED_STATUS_OFF);
-    const machine_condition now = condition();
-    const machine_job* job = current_job();
-    const bool is_faulty = now == machine_condition::JAMMED || now == machine_condition::NO_PAPER;
-    const bool is_busy = now == machine_condition::READING || now == machine_condition::PRINTING ||
-                         now == machine_condition::SENDING;
-    const bool lacks_toner = std::any_of(toner_.begin(), toner_.end(),
-                                         [](const toner_bottle& bottle) { return bottle.percent == 0; });
-    const auto light = [&leds](DVC_PNL_DEC_LED_ID led, bool is_lit,
-                               DVC_PNL_DEC_LED_STATUS_ID status = DVC_PNL_DEC_LED_STATUS_ON) {
-        if (is_lit) {
-            leds[static_cast<std::size_t>(led)] = status;
-        }
-    };
-    light(DVC_PNL_DEC_LED_MAIN_POWER, true);
-    light(DVC_PNL_DEC_LED_ENERGY_SAVER, now == machine_condition::ASLEEP);
-    light(DVC_PNL_DEC_LED_START, now == machine_condition::READY || now == machine_condition::PAUSED);
-    light(DVC_PNL_DEC_LED_START, is_busy, DVC_PNL_DEC_LED_STATUS_BLINK_SLOW);
-    light(DVC_PNL_DEC_LED_STOP, is_busy);
-    light(DVC_PNL_DEC_LED_DATA_IN, received_faxes_ > 0);
-    light(DVC_PNL_DEC_LED_DATA_IN, now == machine_condition::READING, DVC_PNL_DEC_LED_STATUS_BLINK_FAST);
-    light(DVC_PNL_DEC_LED_ALERT, lacks_toner);
-    light(DVC_PNL_DEC_LED_ALERT, is_faulty, DVC_PNL_DEC_LED_STATUS_BLINK_SLOW);
-    light(DVC_PNL_DEC_LED_FAX, received_faxes_ > 0);
-    light(DVC_PNL_DEC_LED_FAX, is_busy && job->kind == job_kind::FAX, DVC_PNL_DEC_LED_STATUS_BLINK_SLOW);
-    return leds;
-}
-
 void machine_state::take_key(int key) {
     switch (key) {
     case KEY_ENERGY_SAVER:
@@ -121,11 +91,6 @@ void machine_state::set_asleep(bool is_asleep) {
         is_asleep_ = is_asleep;
         Q_EMIT changed();
     }
-}
-
-void machine_state::set_originals(int originals) {
-    originals_ = originals;
-    Q_EMIT changed();
 }
 
 void machine_state::add_job(machine_job job) {
@@ -270,40 +235,10 @@ void machine_state::set_toner(toner_color color, int percent) {
     Q_EMIT changed();
 }
 
-void machine_state::set_copy(const copy_settings& settings) {
-    copy_ = settings;
-    Q_EMIT changed();
-}
-
-void machine_state::set_scan(const scan_settings& settings) {
-    scan_ = settings;
-    Q_EMIT changed();
-}
-
-void machine_state::set_fax(const fax_settings& settings) {
-    fax_ = settings;
-    Q_EMIT changed();
-}
-
-void machine_state::set_sound(const sound_settings& settings) {
-    sound_ = settings;
-    Q_EMIT changed();
-}
-
-void machine_state::set_network(const network_settings& settings) {
-    network_ = settings;
-    Q_EMIT changed();
-}
-
 void machine_state::reset_settings() {
     copy_ = {};
     scan_ = {};
     fax_ = {};
-    Q_EMIT changed();
-}
-
-void machine_state::set_received_faxes(int faxes) {
-    received_faxes_ = faxes;
     Q_EMIT changed();
 }
 

@@ -1,8 +1,6 @@
 #ifndef MACHINE_STATE_H
 #define MACHINE_STATE_H
 
-#include "device_protocol.h"
-#include "dvc_pnl_dec_types.h"
 #include "job_list.h"
 #include "machine_settings.h"
 #include "paper_jam.h"
@@ -11,7 +9,6 @@
 
 #include <QObject>
 
-#include <array>
 #include <optional>
 #include <set>
 #include <vector>
@@ -40,15 +37,13 @@ public:
     QString clock() const;
 
     machine_condition condition() const;
-    /** What each LED is to show, by its number. */
-    std::array<DVC_PNL_DEC_LED_STATUS_ID, LED_COUNT> leds() const;
 
     /** A hard key that no screen had a use for. */
     void take_key(int key);
     void set_asleep(bool is_asleep);
 
     int originals() const { return originals_; } ///< in the document feeder
-    void set_originals(int originals);
+    void set_originals(int originals) { change(originals_, originals); }
 
     /** Every job, the newest last; those that wait begin in this order. */
     const std::vector<machine_job>& jobs() const { return jobs_.all(); }
@@ -89,22 +84,22 @@ public:
     void set_toner(toner_color color, int percent);
 
     const copy_settings& copy() const { return copy_; }
-    void set_copy(const copy_settings& settings);
+    void set_copy(const copy_settings& settings) { change(copy_, settings); }
     const scan_settings& scan() const { return scan_; }
-    void set_scan(const scan_settings& settings);
+    void set_scan(const scan_settings& settings) { change(scan_, settings); }
     const fax_settings& fax() const { return fax_; }
-    void set_fax(const fax_settings& settings);
+    void set_fax(const fax_settings& settings) { change(fax_, settings); }
     const sound_settings& sound() const { return sound_; }
-    void set_sound(const sound_settings& settings);
+    void set_sound(const sound_settings& settings) { change(sound_, settings); }
     const network_settings& network() const { return network_; }
-    void set_network(const network_settings& settings);
+    void set_network(const network_settings& settings) { change(network_, settings); }
     /** Copy, scan and fax settings are as at the start again. */
     void reset_settings();
 
     /** Addresses that a scan can be sent to. */
     const QStringList& scan_destinations() const { return scan_destinations_; }
     int received_faxes() const { return received_faxes_; }
-    void set_received_faxes(int faxes);
+    void set_received_faxes(int faxes) { change(received_faxes_, faxes); }
 
 Q_SIGNALS:
     /** Anything that a screen may show has changed. */
@@ -113,6 +108,10 @@ Q_SIGNALS:
     void stepped();
 
 private:
+    template <class VALUE> void change(VALUE& own, const VALUE& value) {
+        own = value;
+        Q_EMIT changed();
+    }
     void add_job(machine_job job);
     void work();
     std::size_t tray_of(const machine_job& job) const;

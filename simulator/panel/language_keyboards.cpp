@@ -66,6 +66,10 @@ keyboard figures() {
 
 } // namespace
 
+int language_in_force() {
+    return dvc_pnl_rmg_language_resource::dvc_pnl_rmg_get_instance()->dvc_pnl_rmg_get_language_id();
+}
+
 std::vector<keyboard> keyboards_of(int language_id, bool has_figures) {
     std::vector<keyboard> boards = read_keyboards(language_id, has_figures);
     if (boards.empty()) {

@@ -15,6 +15,9 @@ namespace velarion {
 inline constexpr char FIELD_FILE_NAME[] = "file_name";
 inline constexpr char FIELD_USER_NAME[] = "user_name";
 
+/** The id of the language in force. */
+int language_in_force();
+
 /**
  * The keyboards of a language, from the files that the library names, in the order of the language
  * information. Those that are missing or faulty are left out.

@@ -15,10 +15,8 @@ public:
     message_text() = default;
     /** @param id  of a message, decimal; empty gives no text */
     // cppcheck-suppress noExplicitConstructor ; an id stands for its text wherever one is taken
-    message_text(const char* id)
-        : id_(QLatin1String(id)) {}
-    message_text(const QString& id, const QStringList& arguments)
-        : id_(id)
+    message_text(const char* id, const QStringList& arguments = {})
+        : id_(QLatin1String(id))
         , arguments_(arguments) {}
 
     /** A text that is no message: the same in every language. */

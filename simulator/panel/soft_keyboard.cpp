@@ -26,6 +26,20 @@ bool is_function(const keyboard_key& key, const char* name) {
     return key.function == QLatin1String(name);
 }
 
+/** The keys of a workstation that do what a key of the panel does. */
+const char* function_of(int key) {
+    switch (key) {
+    case Qt::Key_Backspace:
+        return "backspace";
+    case Qt::Key_Left:
+        return "left";
+    case Qt::Key_Right:
+        return "right";
+    default:
+        return "";
+    }
+}
+
 /** How far a key is from another one in a direction, px; negative when it is not there at all. */
 int distance(const QRect& from, const QRect& to, int direction) {
     const QPoint way = to.center() - from.center();
@@ -149,6 +163,19 @@ void soft_keyboard::tap(const keyboard_key& key) {
     if (is_function(key, "enter")) {
         Q_EMIT entered();
     }
+}
+
+bool soft_keyboard::take_pc_key(const QKeyEvent& event) {
+    const QString function = QLatin1String(function_of(event.key()));
+    if (!function.isEmpty()) {
+        input_.press({{}, {}, function, 1});
+    } else if (!event.text().isEmpty() && event.text().at(0).isPrint()) {
+        input_.type(event.text());
+    } else {
+        return false;
+    }
+    take_change();
+    return true;
 }
 
 void soft_keyboard::take_change() {

@@ -26,6 +26,8 @@ public:
     void reload();
     /** A tenth of a second: a key that is down long enough offers more. */
     void step();
+    /** A key of a workstation went down: it types too. @return whether there was a use for it */
+    bool take_pc_key(const QKeyEvent& event);
     /** Offers what a key has when it is held: characters, keyboards of {next}; locks {shift}. */
     void hold(key_button& key);
 

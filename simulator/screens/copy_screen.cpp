@@ -1,12 +1,12 @@
 #include "copy_screen.h"
 
-#include "choice_bar.h"
+#include "density_dialog.h"
 #include "hard_key.h"
 #include "machine_state.h"
 #include "message_label.h"
 #include "panel_button.h"
-#include "panel_dialog.h"
 #include "panel_frame.h"
+#include "panel_view_ids.h"
 #include "stepper.h"
 #include "theme.h"
 #include "units.h"
@@ -20,15 +20,15 @@ namespace velarion {
 copy_screen::copy_screen(const panel_context& context)
     : function_screen(context, job_kind::COPY)
     , copies_(new stepper(QStringLiteral("copies"), 1, MOST_COPIES))
-    , color_(make_setting("color", "66", "710"))
-    , ratio_(make_setting("ratio", "91", "725"))
-    , sides_(make_setting("sides", "95", "735"))
-    , paper_(make_setting("paper", "87", "22"))
-    , density_(make_setting("density", "77", "719"))
-    , original_(make_setting("original", "81", "706")) {
+    , color_(make_setting("color", MSG_NORMAL_COPY_COLOR_MODE, ICON_NORMAL_OTHER_COPY_COLOR))
+    , ratio_(make_setting("ratio", MSG_NORMAL_COPY_REDUCE_ENLARGE, ICON_NORMAL_OTHER_COPY_ZOOM))
+    , sides_(make_setting("sides", MSG_NORMAL_COPY_TWO_SIDED, ICON_NORMAL_OTHER_COPY_DUPLEX))
+    , paper_(make_setting("paper", MSG_NORMAL_COPY_PAPER_SELECTION, ICON_NORMAL_OTHER_GLOBAL_NAVIGATION_TRAY))
+    , density_(make_setting("density", MSG_NORMAL_COPY_DENSITY, ICON_NORMAL_OTHER_COPY_DENSITY))
+    , original_(make_setting("original", MSG_NORMAL_COPY_ORIGINAL_TYPE, ICON_NORMAL_OTHER_COPY_TEXT_PHOTO)) {
     auto* label = new message_label(text_role::CAPTION);
     label->set_color(colors::quiet_text);
-    label->set_message("2"); // MSG_NORMAL_OTHER_COPIES
+    label->set_message(MSG_NORMAL_OTHER_COPIES);
     card().addWidget(label);
     card().addWidget(copies_);
     connect(copies_, &stepper::changed, this,
@@ -39,7 +39,7 @@ copy_screen::copy_screen(const panel_context& context)
 }
 
 message_text copy_screen::title() const {
-    return "1"; // MSG_NORMAL_TITLE_COPY
+    return MSG_NORMAL_TITLE_COPY;
 }
 
 template <class CHANGE> void copy_screen::change(CHANGE apply) {
@@ -59,59 +59,32 @@ void copy_screen::make_settings() {
     }
     near_side().addLayout(layout);
     connect(color_, &QAbstractButton::clicked, this, [this] {
-        ask_value("66", color_modes(), machine().copy().color,
+        ask_value(MSG_NORMAL_COPY_COLOR_MODE, color_modes(), machine().copy().color,
                   [this](color_mode value) { change([value](copy_settings& copy) { copy.color = value; }); });
     });
     connect(ratio_, &QAbstractButton::clicked, this, [this] {
-        ask_value("91", ratios(), machine().copy().ratio,
+        ask_value(MSG_NORMAL_COPY_REDUCE_ENLARGE, ratios(), machine().copy().ratio,
                   [this](int value) { change([value](copy_settings& copy) { copy.ratio = value; }); });
     });
     connect(sides_, &QAbstractButton::clicked, this, [this] {
-        ask_value("95", sides_of_copies(), machine().copy().sides,
+        ask_value(MSG_NORMAL_COPY_TWO_SIDED, sides_of_copies(), machine().copy().sides,
                   [this](copy_sides value) { change([value](copy_settings& copy) { copy.sides = value; }); });
     });
     connect(paper_, &QAbstractButton::clicked, this, [this] {
-        ask_value("87", paper_choices(), machine().copy().tray,
+        ask_value(MSG_NORMAL_COPY_PAPER_SELECTION, paper_choices(), machine().copy().tray,
                   [this](int value) { change([value](copy_settings& copy) { copy.tray = value; }); });
     });
     connect(original_, &QAbstractButton::clicked, this, [this] {
-        ask_value("81", original_types(), machine().copy().original, [this](original_type value) {
-            change([value](copy_settings& copy) { copy.original = value; });
-        });
+        ask_value(
+            MSG_NORMAL_COPY_ORIGINAL_TYPE, original_types(), machine().copy().original,
+            [this](original_type value) { change([value](copy_settings& copy) { copy.original = value; }); });
     });
-    connect(density_, &QAbstractButton::clicked, this, [this] { ask_density(); });
+    connect(density_, &QAbstractButton::clicked, this, [this] { choose_density(); });
 }
 
-void copy_screen::ask_density() {
-    std::vector<bar_choice> choices;
-    constexpr const char* NAMES[] = {"lighter_3", "lighter_2", "lighter_1", "normal",
-                                     "darker_1",  "darker_2",  "darker_3"};
-    for (int i = -DARKEST; i <= DARKEST; ++i) {
-        choices.push_back({NAMES[i + DARKEST], density_text(i)});
-    }
-    auto* content = new QWidget;
-    auto* column = new QVBoxLayout(content);
-    column->setContentsMargins(0, 0, 0, 0);
-    auto* bar = new choice_bar(choices);
-    bar->set_current(machine().copy().density + DARKEST);
-    connect(bar, &choice_bar::chosen, this, [this, bar](int choice) {
-        bar->set_current(choice);
-        change([choice](copy_settings& copy) { copy.density = choice - DARKEST; });
-    });
-    column->addWidget(bar);
-    auto* ends = new QHBoxLayout;
-    for (const char* text : {"79", "80"}) { // MSG_NORMAL_COPY_DENSITY_LIGHTER, ..._DARKER
-        auto* label = new message_label(text_role::CAPTION);
-        label->set_color(colors::quiet_text);
-        label->set_message(text);
-        ends->addWidget(label);
-        if (ends->count() == 1) {
-            ends->addStretch(1);
-        }
-    }
-    column->addLayout(ends);
-    // MSG_NORMAL_COPY_DENSITY, MSG_CMN_OK_TEXT
-    frame().show_dialog(new panel_dialog("77", content, {{"ok", "25", {}, true, KEY_START}}));
+void copy_screen::choose_density() {
+    ask_density(frame(), machine().copy().density,
+                [this](int density) { change([density](copy_settings& copy) { copy.density = density; }); });
 }
 
 void copy_screen::start() {
@@ -143,10 +116,11 @@ void copy_screen::refresh() {
     ratio_->set_value(ratio_text(copy.ratio));
     sides_->set_value(text_of(sides_of_copies(), copy.sides));
     paper_->set_value(text_of(paper_choices(), copy.tray));
-    density_->set_value(copy.density == 0 ? message_text("78") : density_text(copy.density)); // ..._AUTO
+    density_->set_value(copy.density == 0 ? message_text(MSG_NORMAL_COPY_DENSITY_AUTO)
+                                          : density_text(copy.density));
     original_->set_value(text_of(original_types(), copy.original));
-    // MSG_NORMAL_STATUS_READY_TO_COPY, MSG_NORMAL_STATUS_PLACE_ORIGINAL
-    show_state(machine().originals() > 0, machine().originals() > 0 ? "127" : "129");
+    show_state(machine().originals() > 0, machine().originals() > 0 ? MSG_NORMAL_STATUS_READY_TO_COPY
+                                                                    : MSG_NORMAL_STATUS_PLACE_ORIGINAL);
 }
 
 } // namespace velarion

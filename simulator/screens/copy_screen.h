@@ -20,7 +20,7 @@ protected:
 private:
     void make_settings();
     void refresh();
-    void ask_density();
+    void choose_density();
     template <class CHANGE> void change(CHANGE apply);
 
     stepper* copies_;

@@ -1,13 +1,14 @@
 #include "hardware_screen.h"
 
 #include "dvc_pnl_dec_types.h"
-#include "hard_key.h"
 #include "key_map.h"
+#include "key_names.h"
 #include "led_tile.h"
-#include "machine_state.h"
+#include "machine_leds.h"
 #include "message_label.h"
 #include "panel_frame.h"
 #include "panel_hardware.h"
+#include "panel_view_ids.h"
 #include "theme.h"
 #include "units.h"
 
@@ -27,33 +28,18 @@ struct led_entry {
 
 /** In the order of their numbers. */
 constexpr led_entry LEDS[] = {
-    {"led_power", "348"}, {"led_saver", "173"},   {"led_start", "32"}, {"led_stop", "33"},
-    {"led_data", "251"},  {"led_alert", "21202"}, {"led_fax", "4"},    {"led_print", "5"},
+    {"led_power", MSG_NORMAL_CHECK_TITLE_MACHINE_STATUS},
+    {"led_saver", MSG_NORMAL_POWER_ENERGY_SAVER},
+    {"led_start", MSG_CMN_START_TEXT},
+    {"led_stop", MSG_CMN_STOP_TEXT},
+    {"led_data", MSG_NORMAL_FAX_TEXT_RECEIVING},
+    {"led_alert", MSG_STATUS_MACHINE_ATTENTION},
+    {"led_fax", MSG_NORMAL_TITLE_FAX},
+    {"led_print", MSG_NORMAL_TITLE_PRINT},
 };
 constexpr int COLUMNS = 2;
 constexpr int STATUSES = 4;
 constexpr int KEYS_WIDTH = 264; // dp
-
-struct key_text {
-    int key;
-    const char* text;
-};
-
-constexpr key_text KEYS[] = {
-    {KEY_CLEAR, "35"}, {KEY_RESET, "34"},         {KEY_STOP, "33"}, {KEY_START, "32"},
-    {KEY_HOME, "15"},  {KEY_ENERGY_SAVER, "173"}, {KEY_BACK, "28"}, {KEY_HELP, "12"},
-    {KEY_COPY, "1"},   {KEY_SCAN, "3"},           {KEY_FAX, "4"},   {KEY_DOCUMENTS, "6"},
-    {KEY_STATUS, "8"},
-};
-
-message_text text_of(int key) {
-    for (const key_text& entry : KEYS) {
-        if (entry.key == key) {
-            return entry.text;
-        }
-    }
-    return message_text::ordered(sign_of_key(key));
-}
 
 } // namespace
 
@@ -108,7 +94,7 @@ QWidget* hardware_screen::make_keys() {
 }
 
 message_text hardware_screen::title() const {
-    return "31394"; // "Operation panel"
+    return MSG_TITLE_OPERATION_PANEL;
 }
 
 void hardware_screen::show_led(int led) {
@@ -116,7 +102,7 @@ void hardware_screen::show_led(int led) {
 }
 
 void hardware_screen::show_last_key() {
-    note_->set_message({QStringLiteral("28001"), {last_key_.read()}}); // MSG_MNT_KEY_CHECK
+    note_->set_message({MSG_MNT_KEY_CHECK, {last_key_.read()}});
 }
 
 /** Off, on, slow, fast, and off again. */
@@ -127,7 +113,7 @@ void hardware_screen::change(int led) {
 }
 
 void hardware_screen::give_leds_back() {
-    const auto leds = machine().leds();
+    const auto leds = leds_of(machine());
     for (std::size_t led = 0; led < leds.size(); ++led) {
         hardware().set_led(static_cast<int>(led), leds[led]);
     }
@@ -136,7 +122,7 @@ void hardware_screen::give_leds_back() {
 /** Every key is tested here and does nothing else. */
 bool hardware_screen::take_key(int key) {
     keys_->set_pressed(key);
-    last_key_ = text_of(key);
+    last_key_ = name_of_key(key);
     show_last_key();
     return true;
 }

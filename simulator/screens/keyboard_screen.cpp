@@ -1,12 +1,12 @@
 #include "keyboard_screen.h"
 
-#include "dvc_pnl_rmg_language_resource.h"
 #include "hard_key.h"
 #include "language_keyboards.h"
 #include "machine_state.h"
 #include "message_label.h"
 #include "panel_button.h"
 #include "panel_frame.h"
+#include "panel_view_ids.h"
 #include "soft_keyboard.h"
 #include "text_field.h"
 #include "theme.h"
@@ -20,15 +20,11 @@ namespace velarion {
 
 namespace {
 
-int language_in_force() {
-    return dvc_pnl_rmg_language_resource::dvc_pnl_rmg_get_instance()->dvc_pnl_rmg_get_language_id();
-}
-
 /** What is asked for when nobody asked: the screen was opened by its name. */
 text_request request_of(const panel_frame& frame) {
     text_request request = frame.asked_text();
     if (request.title.is_empty()) {
-        request.title = "205"; // MSG_NORMAL_SCAN_ITEM_FILE_NAME
+        request.title = MSG_NORMAL_SCAN_TITLE_FILE_NAME;
         request.rule = QLatin1String(FIELD_FILE_NAME);
     }
     return request;
@@ -40,20 +36,6 @@ keyboard_input input_of(const text_request& request) {
                           prohibited_characters(language, request.rule), request.limit);
 }
 
-/** The keys of a workstation that do what a key of the panel does. */
-const char* function_of(int key) {
-    switch (key) {
-    case Qt::Key_Backspace:
-        return "backspace";
-    case Qt::Key_Left:
-        return "left";
-    case Qt::Key_Right:
-        return "right";
-    default:
-        return "";
-    }
-}
-
 } // namespace
 
 keyboard_screen::keyboard_screen(const panel_context& context)
@@ -62,7 +44,7 @@ keyboard_screen::keyboard_screen(const panel_context& context)
     , input_(input_of(request_))
     , field_(new text_field("text"))
     , note_(new message_label(text_role::CAPTION))
-    , ok_(new panel_button("ok", button_form::TEXT, "25"))
+    , ok_(new panel_button("ok", button_form::TEXT, MSG_CMN_OK_TEXT))
     , keys_(new soft_keyboard(input_)) {
     make_layout();
     ok_->set_primary(true);
@@ -78,7 +60,7 @@ keyboard_screen::keyboard_screen(const panel_context& context)
 }
 
 void keyboard_screen::make_layout() {
-    auto* cancel = new panel_button("cancel", button_form::TEXT, "26");
+    auto* cancel = new panel_button("cancel", button_form::TEXT, MSG_CMN_CANCEL_TEXT);
     connect(cancel, &QAbstractButton::clicked, this, [this] { leave(); });
     auto* row = new QHBoxLayout;
     row->setSpacing(px(grid::space));
@@ -104,7 +86,7 @@ void keyboard_screen::refresh() {
     field_->set_text(input_.text(), input_.cursor(), is_right_to_left ? Qt::RightToLeft : Qt::LeftToRight);
     field_->set_refused(input_.was_refused());
     const bool is_full = input_.was_refused() && input_.remaining() == 0;
-    note_->set_message({is_full ? QStringLiteral("30972") : QStringLiteral("30952"), // MSG_SWKB_CHARS_...
+    note_->set_message({is_full ? MSG_SWKB_CHARS_LIMIT : MSG_SWKB_CHARS_REMAINING,
                         {QString::number(is_full ? input_.limit() : input_.remaining())}});
     note_->set_color(is_full ? colors::warn : colors::quiet_text);
     ok_->setEnabled(!input_.text().isEmpty());
@@ -150,19 +132,11 @@ void keyboard_screen::changeEvent(QEvent* event) {
     panel_screen::changeEvent(event);
 }
 
-/** Keys of the workstation type too. */
 void keyboard_screen::keyPressEvent(QKeyEvent* event) {
-    const QString function = QLatin1String(function_of(event->key()));
     if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) {
         accept();
-    } else if (!function.isEmpty()) {
-        input_.press({{}, {}, function, 1});
-        refresh();
-    } else if (!event->text().isEmpty() && event->text().at(0).isPrint()) {
-        input_.type(event->text());
-        refresh();
     } else {
-        event->ignore();
+        event->setAccepted(keys_->take_pc_key(*event));
     }
 }
 

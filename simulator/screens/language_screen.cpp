@@ -12,8 +12,6 @@
 
 namespace velarion {
 
-namespace {} // namespace
-
 language_screen::language_screen(const panel_context& context)
     : panel_screen(context)
     , is_preferred_(languages().preferred_language().language_id != 0)

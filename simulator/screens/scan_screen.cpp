@@ -2,6 +2,7 @@
 
 #include "machine_state.h"
 #include "panel_button.h"
+#include "panel_view_ids.h"
 #include "picture_view.h"
 #include "theme.h"
 #include "units.h"
@@ -14,24 +15,41 @@ namespace velarion {
 
 namespace {
 
-constexpr QSize FEEDER(100, 100);         // dp
-constexpr char MAIL_PICTURE[] = "4157";   // ICON_..._COMMON_MAIL
-constexpr char FOLDER_PICTURE[] = "4134"; // ..._SHARED_FOLDER
+constexpr QSize FEEDER(100, 100); // dp
 
 const char* picture_of(const QString& destination) {
-    return destination.startsWith(QLatin1String("//")) ? FOLDER_PICTURE : MAIL_PICTURE;
+    return destination.startsWith(QLatin1String("//")) ? ICON_CMN_OTHER_SHARED_FOLDER : ICON_CMN_OTHER_MAIL;
 }
 
 } // namespace
 
 scan_screen::scan_screen(const panel_context& context)
     : function_screen(context, job_kind::SCAN)
-    , destination_(
-          make_setting("destination", "209", MAIL_PICTURE)) // MSG_NORMAL_SCAN_TITLE_SELECT_DESTINATION
-    , color_(make_setting("color", "66", "710"))
-    , format_(make_setting("format", "204", "4160"))
-    , resolution_(make_setting("resolution", "203", "867"))
-    , original_(make_setting("original", "217", "706")) {
+    , destination_(make_setting("destination", MSG_NORMAL_SCAN_TITLE_SELECT_DESTINATION, ICON_CMN_OTHER_MAIL))
+    , color_(make_setting("color", MSG_NORMAL_COPY_COLOR_MODE, ICON_NORMAL_OTHER_COPY_COLOR))
+    , format_(make_setting("format", MSG_NORMAL_SCAN_TITLE_FILE_FORMAT, ICON_CMN_OTHER_PAGE))
+    , resolution_(
+          make_setting("resolution", MSG_NORMAL_SCAN_TITLE_RESOLUTION, ICON_NORMAL_OTHER_SCAN_RESOLUTION))
+    , original_(
+          make_setting("original", MSG_NORMAL_SCAN_TITLE_ORIGINAL_TYPE, ICON_NORMAL_OTHER_COPY_TEXT_PHOTO)) {
+    card().addWidget(new picture_view(FEEDER, ICON_NORMAL_OTHER_ILLUSTRATION_ORIGINAL_ADF), 0,
+                     Qt::AlignHCenter);
+    make_settings();
+    connect(&machine(), &machine_state::changed, this, [this] { refresh(); });
+    refresh();
+}
+
+message_text scan_screen::title() const {
+    return MSG_NORMAL_TITLE_SCAN;
+}
+
+template <class CHANGE> void scan_screen::change(CHANGE apply) {
+    scan_settings settings = machine().scan();
+    apply(settings);
+    machine().set_scan(settings);
+}
+
+void scan_screen::make_settings() {
     auto* layout = new QGridLayout;
     layout->setSpacing(px(grid::space));
     layout->addWidget(destination_, 0, 0, 1, 2);
@@ -43,39 +61,25 @@ scan_screen::scan_screen(const panel_context& context)
         layout->setRowStretch(row, 1);
     }
     near_side().addLayout(layout);
-    card().addWidget(new picture_view(FEEDER, "2125"), 0,
-                     Qt::AlignHCenter); // ICON_..._ILLUSTRATION_ORIGINAL_ADF
     connect(destination_, &QAbstractButton::clicked, this, [this] { ask_destination(); });
     connect(color_, &QAbstractButton::clicked, this, [this] {
-        ask_value("66", color_modes(), machine().scan().color,
+        ask_value(MSG_NORMAL_COPY_COLOR_MODE, color_modes(), machine().scan().color,
                   [this](color_mode value) { change([value](scan_settings& scan) { scan.color = value; }); });
     });
     connect(format_, &QAbstractButton::clicked, this, [this] {
-        ask_value("204", file_formats(), machine().scan().format, [this](file_format value) {
-            change([value](scan_settings& scan) { scan.format = value; });
-        });
+        ask_value(
+            MSG_NORMAL_SCAN_TITLE_FILE_FORMAT, file_formats(), machine().scan().format,
+            [this](file_format value) { change([value](scan_settings& scan) { scan.format = value; }); });
     });
     connect(resolution_, &QAbstractButton::clicked, this, [this] {
-        ask_value("203", resolutions(), machine().scan().resolution,
+        ask_value(MSG_NORMAL_SCAN_TITLE_RESOLUTION, resolutions(), machine().scan().resolution,
                   [this](int value) { change([value](scan_settings& scan) { scan.resolution = value; }); });
     });
     connect(original_, &QAbstractButton::clicked, this, [this] {
-        ask_value("217", original_types(), machine().scan().original, [this](original_type value) {
-            change([value](scan_settings& scan) { scan.original = value; });
-        });
+        ask_value(
+            MSG_NORMAL_SCAN_TITLE_ORIGINAL_TYPE, original_types(), machine().scan().original,
+            [this](original_type value) { change([value](scan_settings& scan) { scan.original = value; }); });
     });
-    connect(&machine(), &machine_state::changed, this, [this] { refresh(); });
-    refresh();
-}
-
-message_text scan_screen::title() const {
-    return "3"; // MSG_NORMAL_TITLE_SCAN
-}
-
-template <class CHANGE> void scan_screen::change(CHANGE apply) {
-    scan_settings settings = machine().scan();
-    apply(settings);
-    machine().set_scan(settings);
 }
 
 void scan_screen::ask_destination() {
@@ -88,7 +92,7 @@ void scan_screen::ask_destination() {
                         {},
                         place == machine().scan().destination});
     }
-    ask_choice(frame(), "209", rows,
+    ask_choice(frame(), MSG_NORMAL_SCAN_TITLE_SELECT_DESTINATION, rows,
                [this](int row) { change([row](scan_settings& scan) { scan.destination = row; }); });
 }
 
@@ -101,15 +105,15 @@ void scan_screen::refresh() {
     const QString destination = machine().scan_destinations().value(scan.destination);
     const bool has_destination = !destination.isEmpty();
     destination_->set_picture(picture_of(destination));
-    destination_->set_value(has_destination ? message_text::ordered(destination) : "48"); // MSG_CMN_NONE_TEXT
+    destination_->set_value(has_destination ? message_text::ordered(destination) : MSG_CMN_NONE_TEXT);
     color_->set_value(text_of(color_modes(), scan.color));
     format_->set_value(text_of(file_formats(), scan.format));
     resolution_->set_value(text_of(resolutions(), scan.resolution));
     original_->set_value(text_of(original_types(), scan.original));
     const bool has_originals = machine().originals() > 0;
-    // MSG_NORMAL_STATUS_READY_TO_SCAN, MSG_NOTICE_BASIC_SELECT_DESTINATION_FIRST,
-    // MSG_NORMAL_STATUS_PLACE_ORIGINAL
-    show_state(has_originals && has_destination, !has_destination ? "385" : has_originals ? "128" : "129");
+    show_state(has_originals && has_destination, !has_destination ? MSG_NOTICE_BASIC_SELECT_DESTINATION_FIRST
+                                                 : has_originals  ? MSG_NORMAL_STATUS_READY_TO_SCAN
+                                                                  : MSG_NORMAL_STATUS_PLACE_ORIGINAL);
 }
 
 } // namespace velarion

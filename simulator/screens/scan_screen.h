@@ -15,6 +15,7 @@ protected:
     void start() override;
 
 private:
+    void make_settings();
     void refresh();
     void ask_destination();
     template <class CHANGE> void change(CHANGE apply);

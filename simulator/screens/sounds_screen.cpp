@@ -16,7 +16,24 @@
 
 namespace velarion {
 
-namespace {} // namespace
+namespace {
+
+/** What is set, and below it how loud it is. */
+QLayout* make_texts(const char* sound, message_label* level) {
+    auto* label = new message_label;
+    label->set_message(sound);
+    auto* texts = new QVBoxLayout;
+    texts->setSpacing(px(grid::gap));
+    texts->addStretch(1);
+    for (message_label* text : {label, level}) {
+        text->set_wraps(true);
+        texts->addWidget(text);
+    }
+    texts->addStretch(1);
+    return texts;
+}
+
+} // namespace
 
 sounds_screen::sounds_screen(const panel_context& context)
     : panel_screen(context)
@@ -39,8 +56,6 @@ QWidget* sounds_screen::make_row_of(std::size_t sound) {
         new level_bar(MOST_VOLUME),
         new panel_button((name + "_softer").constData(), button_form::PICTURE, {}, ICON_CMN_OTHER_MINUS),
         new panel_button((name + "_louder").constData(), button_form::PICTURE, {}, ICON_CMN_OTHER_PLUS)};
-    auto* label = new message_label;
-    label->set_message(panel_sounds()[sound].message);
     row.level->set_color(colors::quiet_text);
     for (panel_button* button : {row.softer, row.louder}) {
         button->setFixedSize(px(48), px(grid::touch));
@@ -53,15 +68,7 @@ QWidget* sounds_screen::make_row_of(std::size_t sound) {
     layout->setContentsMargins(px(grid::margin), 0, px(grid::margin), 0);
     layout->setSpacing(px(grid::margin));
     layout->addWidget(row.picture);
-    auto* texts = new QVBoxLayout;
-    texts->setSpacing(px(grid::gap));
-    texts->addStretch(1);
-    for (message_label* text : {label, row.level}) {
-        text->set_wraps(true);
-        texts->addWidget(text);
-    }
-    texts->addStretch(1);
-    layout->addLayout(texts, 1);
+    layout->addLayout(make_texts(panel_sounds()[sound].message, row.level), 1);
     layout->addWidget(row.bar);
     layout->addWidget(row.softer);
     layout->addWidget(row.louder);

@@ -1,13 +1,14 @@
 #include "status_screen.h"
 
 #include "condition_text.h"
+#include "job_history.h"
 #include "job_texts.h"
 #include "machine_state.h"
 #include "message_label.h"
 #include "movie_view.h"
 #include "panel_button.h"
 #include "panel_frame.h"
-#include "panel_list.h"
+#include "panel_view_ids.h"
 #include "picture_view.h"
 #include "progress_bar.h"
 #include "stop_question.h"
@@ -29,7 +30,7 @@ constexpr QSize MOVIE(50, 50); // dp: the movies' own 64 px
 
 status_screen::status_screen(const panel_context& context)
     : panel_screen(context)
-    , fault_(new panel_button("fault", button_form::ROW, {}, "4125")) // ICON_..._COMMON_WARNING
+    , fault_(new panel_button("fault", button_form::ROW, {}, ICON_CMN_OTHER_WARNING))
     , movie_(new movie_view(MOVIE, context.services.machine))
     , picture_(new picture_view(MOVIE))
     , kind_(new message_label(text_role::TITLE))
@@ -37,9 +38,8 @@ status_screen::status_screen(const panel_context& context)
     , detail_(new message_label(text_role::CAPTION))
     , waiting_(new message_label(text_role::CAPTION))
     , progress_(new progress_bar)
-    , resume_(new panel_button("resume", button_form::TEXT, "58", "4095")) // MSG_NORMAL_KEY_CONTINUE
-    , stop_(new panel_button("stop", button_form::TEXT, "33", "4096"))     // MSG_CMN_STOP_TEXT
-    , history_(new panel_list) {
+    , resume_(new panel_button("resume", button_form::TEXT, MSG_NORMAL_KEY_CONTINUE, ICON_CMN_OTHER_START))
+    , stop_(new panel_button("stop", button_form::TEXT, MSG_CMN_STOP_TEXT, ICON_CMN_OTHER_STOP_KEY)) {
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(px(grid::margin), px(grid::margin), px(grid::margin), px(grid::margin));
     layout->setSpacing(px(grid::margin));
@@ -49,7 +49,7 @@ status_screen::status_screen(const panel_context& context)
     auto* columns = new QHBoxLayout;
     columns->setSpacing(px(2 * grid::margin));
     columns->addLayout(make_job(), 1);
-    columns->addLayout(make_history(), 1);
+    columns->addWidget(new job_history(machine()), 1);
     layout->addLayout(columns, 1);
     connect(fault_, &QAbstractButton::clicked, this,
             [this] { frame().open(machine().jam() ? QStringLiteral("guidance") : QStringLiteral("trays")); });
@@ -60,7 +60,7 @@ status_screen::status_screen(const panel_context& context)
 }
 
 message_text status_screen::title() const {
-    return "8"; // MSG_NORMAL_TITLE_JOB_LIST
+    return MSG_NORMAL_TITLE_JOB_LIST;
 }
 
 QVBoxLayout* status_screen::make_job() {
@@ -97,26 +97,13 @@ QVBoxLayout* status_screen::make_job() {
     return column;
 }
 
-QVBoxLayout* status_screen::make_history() {
-    auto* column = new QVBoxLayout;
-    column->setSpacing(px(grid::space));
-    auto* heading = new message_label(text_role::CAPTION);
-    heading->set_color(colors::quiet_text);
-    heading->set_message("317"); // MSG_NORMAL_JOBLIST_TITLE_JOB_HISTORY
-    history_->setObjectName(QStringLiteral("history"));
-    column->addWidget(heading);
-    column->addWidget(history_, 1);
-    return column;
-}
-
 void status_screen::refresh() {
     const machine_condition condition = machine().condition();
     const bool is_faulty = condition == machine_condition::JAMMED || condition == machine_condition::NO_PAPER;
     fault_->setVisible(is_faulty);
     fault_->set_message(is_faulty ? condition_text(machine()) : message_text());
-    fault_->set_value("349"); // MSG_NORMAL_CHECK_BTN_HOW_TO_FIX
+    fault_->set_value(MSG_NORMAL_CHECK_BTN_HOW_TO_FIX);
     show_job();
-    show_history();
 }
 
 void status_screen::show_job() {
@@ -127,31 +114,23 @@ void status_screen::show_job() {
     movie_->setVisible(!movie.isEmpty());
     movie_->set_movie(movie);
     picture_->setVisible(movie.isEmpty());
-    picture_->set_picture(QLatin1String(job ? picture_of(job->kind) : "16")); // ..._GLOBAL_NAVIGATION_STATUS
+    picture_->set_picture(
+        QLatin1String(job ? picture_of(job->kind) : ICON_NORMAL_OTHER_GLOBAL_NAVIGATION_STATUS));
     kind_->set_message(job ? name_of(job->kind) : condition_text(machine()));
-    state_->set_message(is_faulty && job ? "320"
+    state_->set_message(is_faulty && job ? MSG_NORMAL_JOBLIST_STATE_SUSPENDED
                         : job            ? condition_text(machine())
-                                         : message_text("21")); // MSG_NORMAL_HOME_SELECT_FUNCTION
+                                         : message_text(MSG_NORMAL_HOME_SELECT_FUNCTION));
     detail_->set_message(job ? detail_of(*job) : message_text());
     progress_->setVisible(job);
     progress_->set_percent(job ? job->percent() : 0);
     const auto waiting =
         std::count_if(machine().jobs().begin(), machine().jobs().end(),
                       [](const machine_job& one) { return one.state == job_state::WAITING; });
-    waiting_->set_message(waiting > 0 ? message_text("143", {QString::number(waiting)}) : message_text());
+    waiting_->set_message(waiting > 0
+                              ? message_text(MSG_NORMAL_STATUS_JOBS_WAITING, {QString::number(waiting)})
+                              : message_text());
     resume_->setVisible(is_paused);
     stop_->setVisible(job);
-}
-
-void status_screen::show_history() {
-    std::vector<list_row> rows;
-    for (auto job = machine().jobs().rbegin(); job != machine().jobs().rend(); ++job) {
-        if (job->state != job_state::RUNNING && job->state != job_state::PAUSED) {
-            rows.push_back({QStringLiteral("job_%1").arg(job->number), QLatin1String(picture_of(job->kind)),
-                            short_text_of(*job), state_of(*job)});
-        }
-    }
-    history_->set_rows(rows);
 }
 
 } // namespace velarion

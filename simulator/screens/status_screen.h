@@ -10,7 +10,6 @@ namespace velarion {
 class message_label;
 class movie_view;
 class panel_button;
-class panel_list;
 class picture_view;
 class progress_bar;
 
@@ -22,10 +21,8 @@ public:
 
 private:
     QVBoxLayout* make_job();
-    QVBoxLayout* make_history();
     void refresh();
     void show_job();
-    void show_history();
 
     panel_button* fault_;
     movie_view* movie_;
@@ -37,7 +34,6 @@ private:
     progress_bar* progress_;
     panel_button* resume_;
     panel_button* stop_;
-    panel_list* history_;
 };
 
 } // namespace velarion

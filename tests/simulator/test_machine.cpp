@@ -1,3 +1,4 @@
+#include "machine_leds.h"
 #include "machine_state.h"
 
 #include <gtest/gtest.h>
@@ -34,8 +35,8 @@ TEST(machine, a_fault_holds_the_job_and_lights_the_alert) {
     work(machine, 50);
     ASSERT_TRUE(machine.current_job());
     EXPECT_EQ(machine.current_job()->steps, 5);
-    EXPECT_EQ(machine.leds()[DVC_PNL_DEC_LED_ALERT], DVC_PNL_DEC_LED_STATUS_BLINK_SLOW);
-    EXPECT_EQ(machine.leds()[DVC_PNL_DEC_LED_START], DVC_PNL_DEC_LED_STATUS_OFF);
+    EXPECT_EQ(leds_of(machine)[DVC_PNL_DEC_LED_ALERT], DVC_PNL_DEC_LED_STATUS_BLINK_SLOW);
+    EXPECT_EQ(leds_of(machine)[DVC_PNL_DEC_LED_START], DVC_PNL_DEC_LED_STATUS_OFF);
     for (std::size_t i = 0; i < jam_places().front().steps.size(); ++i) {
         EXPECT_TRUE(machine.jam().has_value()) << i;
         machine.do_jam_step();
