@@ -15,7 +15,7 @@ namespace velarion {
 
 namespace {
 
-constexpr QSize FEEDER(100, 100); // dp
+constexpr QSize FEEDER(80, 80); // dp
 
 const char* picture_of(const QString& destination) {
     return destination.startsWith(QLatin1String("//")) ? ICON_CMN_OTHER_SHARED_FOLDER : ICON_CMN_OTHER_MAIL;
