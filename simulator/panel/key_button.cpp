@@ -1,5 +1,6 @@
 #include "key_button.h"
 
+#include "focus_ring.h"
 #include "panel_view_ids.h"
 #include "units.h"
 
@@ -131,10 +132,7 @@ void key_button::paintEvent(QPaintEvent*) {
                               PICTURE_PART.height() * size / PICTURE_GRID));
     picture_.draw(painter, box);
     painter.setClipping(false);
-    if (window()->focusWidget() == this) {
-        painter.setPen(QPen(colors::text, 2));
-        painter.drawRoundedRect(rect().adjusted(2, 2, -3, -3), 6, 6);
-    }
+    draw_focus_ring(painter, *this, rect());
 }
 
 /** Arrows go to the parent, which knows where the keys stand. */

@@ -6,6 +6,7 @@
 #include "units.h"
 
 #include <QHBoxLayout>
+#include <QKeyEvent>
 #include <QPainter>
 
 namespace velarion {
@@ -36,6 +37,17 @@ void key_popup::describe(panel_contents& contents) const {
 
 void key_popup::reload() {
     ground_.reload();
+}
+
+/** Arrows go through the offers and no further. */
+void key_popup::keyPressEvent(QKeyEvent* event) {
+    const bool is_back = event->key() == Qt::Key_Left;
+    const QList<QAbstractButton*> keys = findChildren<QAbstractButton*>();
+    const int place =
+        keys.indexOf(qobject_cast<QAbstractButton*>(window()->focusWidget())) + (is_back ? -1 : 1);
+    if ((is_back || event->key() == Qt::Key_Right) && place >= 0 && place < keys.size()) {
+        keys[place]->setFocus(Qt::OtherFocusReason);
+    }
 }
 
 void key_popup::paintEvent(QPaintEvent*) {

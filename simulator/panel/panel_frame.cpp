@@ -30,6 +30,18 @@ constexpr screen_key SCREEN_KEYS[] = {{KEY_COPY, "copy"},     {KEY_SCAN, "scan"}
                                       {KEY_FAX, "fax"},       {KEY_DOCUMENTS, "documents"},
                                       {KEY_STATUS, "status"}, {KEY_HELP, "help"}};
 
+/** The widgets of an area that take the focus, in the order in which they were made. */
+QList<QWidget*> tab_stops(QWidget& area, const QWidget& panel) {
+    QList<QWidget*> stops;
+    for (QWidget* widget = area.nextInFocusChain(); widget != &area; widget = widget->nextInFocusChain()) {
+        if (area.isAncestorOf(widget) && widget->isEnabled() && widget->isVisibleTo(&panel) &&
+            (widget->focusPolicy() & Qt::TabFocus) != 0) {
+            stops.append(widget);
+        }
+    }
+    return stops;
+}
+
 } // namespace
 
 panel_frame::panel_frame(const panel_services& services, const std::vector<screen_entry>& screens)
@@ -109,9 +121,7 @@ void panel_frame::show_screen() {
     content_->layout()->addWidget(screen_);
     title_->set_title(screen_->title(), names_.size() > 1);
     navigation_->set_current(names_.value(1, names_.first()));
-    if (!screen_->isAncestorOf(focusWidget())) {
-        focus_within(*screen_, screen_, true);
-    }
+    focus_first(*screen_);
     Q_EMIT screen_changed(names_.last());
 }
 
@@ -123,7 +133,8 @@ void panel_frame::show_dialog(panel_dialog* shown) {
     dialog_->show();
     dialog_->raise();
     connect(dialog_, &panel_dialog::left, this, [this] { close_dialog(); });
-    focus_within(*dialog_, dialog_, true);
+    focus_before_dialog_ = focusWidget();
+    focus_first(*dialog_);
 }
 
 void panel_frame::close_dialog() {
@@ -134,21 +145,20 @@ void panel_frame::close_dialog() {
     dialog_->deleteLater(); // one of its own buttons may have closed it
     dialog_->setParent(nullptr);
     dialog_ = nullptr;
-    focus_within(*screen_, screen_, true);
+    if (focus_before_dialog_ && focus_before_dialog_->isEnabled() &&
+        focus_before_dialog_->isVisibleTo(this)) {
+        focus_before_dialog_->setFocus(Qt::OtherFocusReason);
+    } else {
+        focus_first(*screen_);
+    }
 }
 
-/** Gives the focus to the next widget behind @p start that takes it and lies within @p area, if there is one.
- */
-void panel_frame::focus_within(const QWidget& area, QWidget* start, bool is_forward) {
-    QWidget* widget = start;
-    do {
-        widget = is_forward ? widget->nextInFocusChain() : widget->previousInFocusChain();
-        if (area.isAncestorOf(widget) && widget->isEnabled() && widget->isVisibleTo(this) &&
-            (widget->focusPolicy() & Qt::TabFocus) != 0) {
-            widget->setFocus(is_forward ? Qt::TabFocusReason : Qt::BacktabFocusReason);
-            break;
-        }
-    } while (widget != start);
+/** Gives the focus to the first widget of an area that takes it, if there is one. */
+void panel_frame::focus_first(QWidget& area) {
+    const QList<QWidget*> widgets = tab_stops(area, *this);
+    if (!widgets.isEmpty()) {
+        widgets.first()->setFocus(Qt::TabFocusReason);
+    }
     update();
 }
 
@@ -164,10 +174,18 @@ bool panel_frame::eventFilter(QObject* watched, QEvent* event) {
     return QWidget::eventFilter(watched, event);
 }
 
+/** From the top of the panel to its bottom, whatever was made last; a dialog keeps the focus. */
 bool panel_frame::focusNextPrevChild(bool is_forward) {
-    const QWidget& area = dialog_ ? static_cast<QWidget&>(*dialog_) : *this;
-    QWidget* start = focusWidget() && area.isAncestorOf(focusWidget()) ? focusWidget() : screen_;
-    focus_within(area, start, is_forward);
+    const QList<QWidget*> widgets =
+        dialog_ ? tab_stops(*dialog_, *this)
+                : tab_stops(*title_, *this) + tab_stops(*content_, *this) + tab_stops(*navigation_, *this);
+    if (!widgets.isEmpty()) {
+        const int all = widgets.size();
+        const int place = widgets.indexOf(focusWidget());
+        const int next = place < 0 ? 0 : (place + (is_forward ? 1 : all - 1)) % all;
+        widgets[next]->setFocus(is_forward ? Qt::TabFocusReason : Qt::BacktabFocusReason);
+    }
+    update();
     return true;
 }
 

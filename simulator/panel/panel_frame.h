@@ -4,6 +4,7 @@
 #include "panel_screen.h"
 #include "text_request.h"
 
+#include <QPointer>
 #include <QStringList>
 #include <QWidget>
 
@@ -70,7 +71,7 @@ private:
     const screen_entry* find_screen(const QString& name) const;
     void show_screen();
     void close_dialog();
-    void focus_within(const QWidget& area, QWidget* start, bool is_forward);
+    void focus_first(QWidget& area);
 
     panel_services services_;
     const std::vector<screen_entry>& screens_;
@@ -81,6 +82,7 @@ private:
     navigation_bar* navigation_;
     QWidget* content_;
     panel_dialog* dialog_ = nullptr;
+    QPointer<QWidget> focus_before_dialog_;
 };
 
 } // namespace velarion

@@ -1,6 +1,7 @@
 #ifndef SLEEP_COVER_H
 #define SLEEP_COVER_H
 
+#include <QPointer>
 #include <QWidget>
 
 namespace velarion {
@@ -16,9 +17,14 @@ public:
 protected:
     void paintEvent(QPaintEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+    bool focusNextPrevChild(bool is_forward) override;
 
 private:
+    void refresh();
+
     machine_state& machine_;
+    QPointer<QWidget> focus_before_;
 };
 
 } // namespace velarion

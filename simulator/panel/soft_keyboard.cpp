@@ -102,6 +102,9 @@ QPoint soft_keyboard::focused_key() const {
 
 void soft_keyboard::close_popup() {
     if (popup_) {
+        if (opener_ && popup_->isAncestorOf(window()->focusWidget())) {
+            opener_->setFocus(Qt::OtherFocusReason);
+        }
         popup_->hide();
         popup_->deleteLater(); // one of its own keys may have been tapped
         popup_ = nullptr;
@@ -234,6 +237,10 @@ void soft_keyboard::offer(key_button& key, key_popup* popup) {
         QRect(QPoint(left, above >= 0 ? above : key.geometry().bottom() + px(grid::gap)), size));
     popup->show();
     popup->raise();
+    if (window()->focusWidget() == &key) {
+        popup->findChild<QAbstractButton*>()->setFocus(Qt::OtherFocusReason);
+        opener_ = &key;
+    }
 }
 
 /** @return whether there is a key in the direction */

@@ -61,6 +61,7 @@ private:
     QPointer<key_button> down_;
     int steps_down_ = 0;
     QPointer<key_popup> popup_;
+    QPointer<key_button> opener_; ///< had the focus when the popup came
 };
 
 } // namespace velarion

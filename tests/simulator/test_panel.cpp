@@ -75,5 +75,16 @@ TEST(panel, rows_are_mirrored_from_right_to_left) {
     }
 }
 
+TEST(panel, tab_goes_through_the_screen_before_the_navigation) {
+    simulation panel;
+    QStringList names;
+    while (names.size() < 20) {
+        QKeyEvent tab(QEvent::KeyPress, Qt::Key_Tab, Qt::NoModifier);
+        QCoreApplication::sendEvent(panel.panel().focusWidget(), &tab);
+        names.append(panel.panel().focusWidget()->objectName());
+    }
+    EXPECT_EQ(names[names.indexOf(QStringLiteral("status_pill")) + 1], QStringLiteral("copy"));
+}
+
 } // namespace
 } // namespace velarion
