@@ -152,6 +152,10 @@ TEST_F(editing, every_table_is_sorted) {
 TEST_F(editing, a_removed_message_goes_after_its_texts_and_an_added_one_tells_what_it_lacks) {
     EXPECT_EQ(catalogue_.run("add", {"--name", "M", "--row", "1"}).output.find("without a text"),
               std::string::npos);
+    catalogue_.write("texts/nl.tsv", "row\ttext\n2\tnl\n4\tof a message to come\n");
+    EXPECT_EQ(
+        catalogue_.run("add", {"--name", "O", "--text", "en=x"}).output.find("added message 9: O, row 5\n"),
+        0U);
     EXPECT_NE(catalogue_.run("add", {"--name", "N", "--text", "en=x", "--text", "86=y"})
                   .output.find("without a text in ja, de, fr, es, it, nl, ru\n"),
               std::string::npos);
@@ -286,4 +290,6 @@ TEST_F(editing, texts_names_and_pictures_are_found_in_every_language) {
         EXPECT_EQ(result.exit_code, row.output.empty() ? 1 : 0);
     }
     EXPECT_EQ(catalogue_.run("find", {"--regex", "("}).exit_code, 2);
+    EXPECT_NE(catalogue_.run("find", {"\u00DBnus\u00E9d", "--json"}).output.find("\"id\": null"),
+              std::string::npos);
 }

@@ -104,6 +104,7 @@ TEST_F(exchange, every_text_comes_back_as_it_was) {
             catalogue_.write(file, before);
         }
     }
+    EXPECT_FALSE(std::filesystem::exists(catalogue_.path("confirmed/en.tsv"))) << "English is no translation";
 }
 
 TEST_F(exchange, an_import_takes_what_is_finished_and_never_merges_in_silence) {
@@ -263,6 +264,8 @@ TEST_F(exchange, a_translation_of_another_english_text_is_marked_until_it_is_con
     EXPECT_NE(export_as("de", "ts").find("<translation type=\"unfinished\">Kopie<"), std::string::npos);
     ASSERT_EQ(import("de", "a.po", stale).exit_code, 0);
     EXPECT_NE(export_as("de", "po").find(mark), std::string::npos) << "nobody has looked at it";
+    ASSERT_EQ(import("de", "a.po", stale, {"--accept-unfinished"}).exit_code, 0);
+    EXPECT_NE(export_as("de", "po").find(mark), std::string::npos) << "taken, and still unfinished";
     replace(stale, mark, "msgctxt \"2\"");
     ASSERT_EQ(import("de", "a.po", stale).exit_code, 0);
     EXPECT_EQ(export_as("de", "po").find(mark), std::string::npos);

@@ -128,7 +128,9 @@ TEST(program, a_pack_gets_the_files_of_the_device_and_loses_those_of_an_earlier_
     };
     folder.write("fonts/Pack Sans.ttf", "font");
     const std::string font = "font = " + folder.path("fonts/Pack Sans.ttf") + "\r\n";
-    catalogue.write_pack("972", "font_family = Pack Sans\r\ndirection = rtl\r\n" + font);
+    folder.write("fonts/Pack Bold.ttf", "bold");
+    catalogue.write_pack("972", "font_family = Pack Sans\r\ndirection = rtl\r\n" + font +
+                                    "font = " + folder.path("fonts/Pack Bold.ttf") + "\n");
     catalogue.write("packs/972/keymap/lang_info.txt", "keys");
     catalogue.write("packs/972/keymap/more", "a file, and then a folder");
     build();
@@ -141,6 +143,7 @@ TEST(program, a_pack_gets_the_files_of_the_device_and_loses_those_of_an_earlier_
     build();
     EXPECT_EQ(folder.read(panel + "attr/opt_attribute.txt"), "il_ae=0\n");
     EXPECT_EQ(folder.read(panel + "optfonts/Pack Sans.ttf"), "font");
+    EXPECT_EQ(folder.read(panel + "optfonts/Pack Bold.ttf"), "bold");
     EXPECT_EQ(folder.read(panel + "keymap/more/a.kbd"), "a");
     catalogue.write_pack("972");
     fs::remove_all(catalogue.path("packs/972/keymap"));

@@ -48,5 +48,7 @@ TEST(pseudo, texts_are_longer_and_keep_what_is_no_word) {
     EXPECT_EQ(catalogue.run("pseudo", {"--output", catalogue.path("packs"), "--language-id", "86"}).exit_code,
               3);
     EXPECT_EQ(catalogue.folder().read("catalogue/packs/86/texts.tsv"), "row\ttext\n2\tPack\n");
-    EXPECT_EQ(catalogue.run("pseudo", {"--output", packs, "--language-id", "999"}).exit_code, 2);
+    for (const char* id : {"999", "65536", "-1"}) {
+        EXPECT_EQ(catalogue.run("pseudo", {"--output", packs, "--language-id", id}).exit_code, 2) << id;
+    }
 }
