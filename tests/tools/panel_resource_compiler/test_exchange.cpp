@@ -269,6 +269,23 @@ TEST_F(exchange, a_translation_of_another_english_text_is_marked_until_it_is_con
     replace(stale, mark, "msgctxt \"2\"");
     ASSERT_EQ(import("de", "a.po", stale).exit_code, 0);
     EXPECT_EQ(export_as("de", "po").find(mark), std::string::npos);
+    std::string unfinished = export_as("de", "po");
+    replace(unfinished, "msgctxt \"2\"", mark);
+    replace(unfinished, "\"Kopie\"", "\"Ablichtung\"");
+    ASSERT_EQ(import("de", "a.po", unfinished, {"--accept-unfinished"}).exit_code, 0);
+    EXPECT_EQ(catalogue_.folder().read("catalogue/confirmed/de.tsv").find("\n2\t"), std::string::npos)
+        << "what was confirmed is gone";
+}
+
+TEST_F(exchange, a_pack_that_check_refuses_is_not_exported) {
+    for (const char* texts : {"22000\tx\n", "1\tx\n", "x\ty\n"}) {
+        catalogue_.write_pack("86", "font_family = F\n", std::string("row\ttext\n") + texts);
+        const process_result result =
+            catalogue_.run("export", {"--language", "86", "--format", "po", "--output",
+                                      catalogue_.folder().path("out/86.po")});
+        EXPECT_EQ(result.exit_code, 1) << texts;
+        EXPECT_FALSE(std::filesystem::exists(catalogue_.folder().path("out/86.po"))) << texts;
+    }
 }
 
 TEST_F(exchange, programs_of_translators_take_what_is_exported) {
