@@ -48,7 +48,8 @@ script_outcome move_key(device_link& link, const QString& name, bool is_pressed)
     return {};
 }
 
-script_outcome check_service(const device_link& link, const QString& name) {
+script_outcome check_service(device_link& link, const QString& name) {
+    link.start();
     const int wanted = condition_names().indexOf(name);
     if (wanted < 0) {
         return script_outcome::wrong(QStringLiteral("usage: service ") +
@@ -61,7 +62,8 @@ script_outcome check_service(const device_link& link, const QString& name) {
     return script_outcome::of(static_cast<int>(watch.condition()) == wanted, watch.text());
 }
 
-script_outcome check_led(const device_link& link, const QString& name, const QString& status) {
+script_outcome check_led(device_link& link, const QString& name, const QString& status) {
+    link.start();
     std::int32_t led = 0;
     std::int32_t wanted = 0;
     if (!find_led(name.toStdString(), led) || !find_led_status(status.toStdString(), wanted)) {

@@ -114,7 +114,7 @@ QJsonObject panel_report::picture_json(const QString& place, const picture_findi
             {QStringLiteral("file"), picture.origin.found_name},
             {QStringLiteral("variant"), describe_variant(picture.origin.variant)},
             {QStringLiteral("box"), box_json(picture.shown.box)},
-            {QStringLiteral("size"), size_json(picture.origin.natural_size)},
+            {QStringLiteral("size"), size_json(picture.origin.natural_size.expandedTo({0, 0}))},
             {QStringLiteral("missing"), picture.is_missing()}};
 }
 

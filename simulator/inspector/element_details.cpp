@@ -29,9 +29,9 @@ QString describe_faults(const text_finding& text) {
     QStringList faults;
     if (text.overflows) {
         const QSize over = text.shown.needed - text.shown.box.size();
-        faults.append(QStringLiteral("overflows its box by %1 px")
-                          .arg(over.width() > 0 ? QStringLiteral("%1").arg(over.width())
-                                                : QStringLiteral("%1 in height").arg(over.height())));
+        faults.append(over.width() > 0
+                          ? QStringLiteral("overflows its box by %1 px").arg(over.width())
+                          : QStringLiteral("overflows its box by %1 px in height").arg(over.height()));
     }
     if (text.overlaps) {
         faults.append(QStringLiteral("overlaps another text"));
@@ -77,7 +77,9 @@ element_details details_of(const text_finding& text) {
 element_details details_of(const picture_finding& picture) {
     const picture_origin& origin = picture.origin;
     element_details details;
-    details.title = origin.found_name.isEmpty() ? origin.file : origin.found_name;
+    details.title = !origin.found_name.isEmpty() ? origin.found_name
+                    : !origin.file.isEmpty()     ? origin.file
+                                                 : picture.shown.id;
     auto& rows = details.rows;
     rows.append({QStringLiteral("Id"), picture.shown.id});
     if (!origin.name.isEmpty()) {
@@ -91,7 +93,9 @@ element_details details_of(const picture_finding& picture) {
                               ? QString()
                               : QStringLiteral(" (asked for %1)").arg(picture.shown.suffix);
     rows.append({QStringLiteral("Variant"), describe_variant(origin.variant) + state});
-    rows.append({QStringLiteral("Own size"), describe_size(origin.natural_size)});
+    if (!picture.is_missing()) {
+        rows.append({QStringLiteral("Own size"), describe_size(origin.natural_size)});
+    }
     rows.append({QStringLiteral("Place"), describe_box(picture.shown.box)});
     rows.append({QStringLiteral("Box"), describe_size(picture.shown.box.size())});
     rows.append({QStringLiteral("Cached"), QLatin1String(origin.is_cached ? "yes" : "no")});
