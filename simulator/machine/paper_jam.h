@@ -10,7 +10,7 @@ namespace velarion {
 /** A place where paper jams, and what leads the user to it. */
 struct jam_place {
     const char* name;               ///< "tray2": for scripts
-    const char* message;            ///< id: "Tray 2: paper jam"
+    const char* message;            ///< id: "Paper jam in tray 2"
     const char* movie;              ///< picture id: all steps in turn
     std::vector<const char*> steps; ///< picture ids, in the order in which they are done
 };

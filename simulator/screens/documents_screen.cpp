@@ -39,7 +39,7 @@ documents_screen::documents_screen(const panel_context& context)
     , note_(new message_label)
     , all_(new panel_button("select_all", button_form::TEXT, MSG_CMN_SELECT_ALL))
     , delete_(new panel_button("delete", button_form::TEXT, MSG_CMN_DELETE_TEXT))
-    , print_(new panel_button("print", button_form::TEXT, MSG_NORMAL_TITLE_PRINT)) {
+    , print_(new panel_button("print", button_form::TEXT, MSG_NORMAL_FAXSET_RXFILE_PRINT)) {
     print_->set_primary(true);
     note_->set_color(colors::quiet_text);
     note_->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Preferred);
