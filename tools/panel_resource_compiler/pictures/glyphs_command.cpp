@@ -84,16 +84,14 @@ QString code_of(uint character) {
 }
 
 void report_families(const panel_language& language, diagnostics& report) {
+    const source_place place = {language.texts};
     for (const QString& family : families_of(language.family)) {
         const QString shown = shown_family(QFont(family));
         if (family.compare(shown, Qt::CaseInsensitive) != 0) {
-            report.add({{language.texts, 0},
-                        severity::REMARK,
-                        CHECK_FAMILY,
+            report.add({place, severity::REMARK, CHECK_FAMILY,
                         "the font \"" + family.toStdString() + "\" is not here; checked with \"" +
                             shown.toStdString() + "\" in its place",
-                        language.name,
-                        family.toStdString()});
+                        language.name, family.toStdString()});
         }
     }
 }
