@@ -3,6 +3,8 @@
 
 #include "dvc_pnl_common_utility.h"
 #include "dvc_pnl_utl_toolkit.h"
+#include "id_directory.h"
+#include "plain_number.h"
 
 #include <cstdio>
 #include <cstring>
@@ -31,10 +33,13 @@ int dvc_pnl_rmg_image_resource_manager::compare_element(const void* first, const
 
 bool dvc_pnl_rmg_image_resource_manager::search_image_element(const DVC_PNL_RMG_IMPL_IMAGE_NAME& key,
                                                               DVC_PNL_RMG_IMPL_IMAGE_NAME& found) {
-    unsigned int lower = 0;
-    unsigned int upper = static_cast<unsigned int>(dvc_pnl_rmg_imple_image_name_table_size);
+    // Never freed: a host may still ask while its own objects are destroyed.
+    static const auto& directory = *new id_directory<DVC_PNL_RMG_IMPL_IMAGE_NAME>(
+        dvc_pnl_rmg_impl_image_name_table, static_cast<std::size_t>(dvc_pnl_rmg_imple_image_name_table_size),
+        &DVC_PNL_RMG_IMPL_IMAGE_NAME::image_id);
+    auto [lower, upper] = directory.find(key.image_id);
     while (lower < upper) {
-        const unsigned int middle = (lower + upper) / 2;
+        const std::size_t middle = (lower + upper) / 2;
         const DVC_PNL_RMG_IMPL_IMAGE_NAME& row = dvc_pnl_rmg_impl_image_name_table[middle];
         const int order = compare_element(&key, &row);
         if (order == 0) {
@@ -71,7 +76,7 @@ int dvc_pnl_rmg_image_resource_manager::dvc_pnl_rmg_search_image_id_info(const c
     }
     DVC_PNL_RMG_IMPL_IMAGE_NAME wanted = {NO_IMAGE_ID, nullptr, id};
     int number = 0;
-    if (!dvc_pnl_common_utility::string_to_int(id, number)) {
+    if (!read_plain_number(id, number) && !dvc_pnl_common_utility::string_to_int(id, number)) {
         return judgement_image_type(wanted);
     }
     wanted.image_id = number;

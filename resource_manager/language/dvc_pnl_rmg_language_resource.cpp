@@ -9,6 +9,8 @@
 #include "dvc_pnl_rmg_standard_language_attribute_manager.h"
 #include "dvc_pnl_utl_toolkit.h"
 #include "file_guard.h"
+#include "id_directory.h"
+#include "plain_number.h"
 #include "settings_store.h"
 
 #include <QApplication>
@@ -112,7 +114,8 @@ void dvc_pnl_rmg_language_resource::initialize_language_information() {
 
 QString dvc_pnl_rmg_language_resource::dvc_pnl_rmg_get_message(const char* key, int language_id) {
     DVC_PNL_RMG_IMPL_MESSAGE wanted = {0, nullptr, 0};
-    if (!dvc_pnl_common_utility::string_to_int(key, wanted.message_id)) {
+    if (!read_plain_number(key, wanted.message_id) &&
+        !dvc_pnl_common_utility::string_to_int(key, wanted.message_id)) {
         std::string text;
         int error = 0;
         const int result = dvc_pnl_rmg_get_message_data(key, text, error);
@@ -194,9 +197,13 @@ int dvc_pnl_rmg_language_resource::dvc_pnl_rmg_get_message_data(const char* file
 
 bool dvc_pnl_rmg_language_resource::search_message_element(const DVC_PNL_RMG_IMPL_MESSAGE& key,
                                                            DVC_PNL_RMG_IMPL_MESSAGE& found) {
-    const void* record = std::bsearch(&key, dvc_pnl_rmg_impl_message_table,
-                                      static_cast<std::size_t>(dvc_pnl_rmg_imple_message_table_size),
-                                      sizeof(DVC_PNL_RMG_IMPL_MESSAGE), compare);
+    // Never freed: a host may still ask while its own objects are destroyed.
+    static const auto& directory = *new id_directory<DVC_PNL_RMG_IMPL_MESSAGE>(
+        dvc_pnl_rmg_impl_message_table, static_cast<std::size_t>(dvc_pnl_rmg_imple_message_table_size),
+        &DVC_PNL_RMG_IMPL_MESSAGE::message_id);
+    const auto range = directory.find(key.message_id);
+    const void* record = std::bsearch(&key, dvc_pnl_rmg_impl_message_table + range.first,
+                                      range.last - range.first, sizeof(DVC_PNL_RMG_IMPL_MESSAGE), compare);
     if (!record) {
         return false;
     }

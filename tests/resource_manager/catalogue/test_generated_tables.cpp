@@ -1,12 +1,16 @@
 #include "checks.h"
 #include "dvc_pnl_rmg_image_name_table.h"
 #include "dvc_pnl_rmg_message_table.h"
+#include "id_directory.h"
 #include "image_catalogue.h"
 #include "message_catalogue.h"
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <iostream>
+#include <limits>
+#include <vector>
 
 using namespace velarion;
 
@@ -51,5 +55,44 @@ TEST(generated_tables, hold_every_image_of_the_catalogue) {
         ASSERT_EQ(found->image_name, image.name) << image.id;
         ASSERT_EQ(found->file_name, image.file) << image.id;
         ++found;
+    }
+}
+
+/** Whoever searches finds a record only in the part that the directory names. */
+TEST(id_directory, finds_every_id_of_any_table_and_no_other) {
+    struct record {
+        std::int32_t id;
+    };
+    const std::int32_t least = std::numeric_limits<std::int32_t>::min();
+    const std::int32_t most = std::numeric_limits<std::int32_t>::max();
+    std::vector<std::vector<record>> tables = {{},
+                                               {{7}},
+                                               {{-3}, {-1}, {0}, {2}},
+                                               {{1}, {2}, {3}, {most}},
+                                               {{least}, {most}},
+                                               {{least}, {-1}, {0}, {most}}};
+    std::vector<record> dense;
+    std::vector<record> uneven;
+    for (std::int32_t i = -1000; i <= 1000; ++i) {
+        dense.push_back({i + 1005});
+        uneven.push_back({i * i * i});
+    }
+    tables.push_back(dense);
+    tables.push_back(uneven);
+    for (const std::vector<record>& table : tables) {
+        SCOPED_TRACE(table.size());
+        const id_directory<record> directory(table.data(), table.size(), &record::id);
+        const auto finds = [&](std::int32_t id) {
+            const auto range = directory.find(id);
+            return std::any_of(table.data() + range.first, table.data() + range.last,
+                               [id](const record& found) { return found.id == id; });
+        };
+        for (const std::int32_t id : {least, least + 1, -1000, -2, 4, 2006, 1500000, most - 1, most}) {
+            EXPECT_EQ(finds(id),
+                      std::any_of(table.begin(), table.end(), [id](const record& r) { return r.id == id; }));
+        }
+        for (const record& wanted : table) {
+            EXPECT_TRUE(finds(wanted.id)) << wanted.id;
+        }
     }
 }

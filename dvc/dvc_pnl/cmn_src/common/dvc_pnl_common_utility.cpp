@@ -1,6 +1,7 @@
 #include "dvc_pnl_common_utility.h"
 
 #include "dvc_pnl_utl_toolkit.h"
+#include "plain_number.h"
 
 #include <cmath>
 #include <limits>
@@ -34,25 +35,6 @@ int saturated(double value) {
 
 bool operand_to_pixel(const std::string& operand, dvc_pnl_common_utility::ROUNDING_TYPE type, int& px) {
     return dvc_pnl_common_utility::string_to_int(dvc_pnl_common_utility::dip2pixel(operand, type), px);
-}
-
-/** At most 9 digits after an optional minus sign: fits an int and needs no toolkit string. */
-bool read_plain_number(const std::string& text, int& value) {
-    const bool negative = !text.empty() && text[0] == '-';
-    const std::size_t first = negative ? 1 : 0;
-    const std::size_t digits = text.size() - first;
-    if (digits == 0 || digits > static_cast<std::size_t>(std::numeric_limits<int>::digits10)) {
-        return false;
-    }
-    int number = 0;
-    for (std::size_t i = first; i < text.size(); ++i) {
-        if (text[i] < '0' || text[i] > '9') {
-            return false;
-        }
-        number = number * 10 + (text[i] - '0');
-    }
-    value = negative ? -number : number;
-    return true;
 }
 
 } // namespace
@@ -141,7 +123,7 @@ int dvc_pnl_common_utility::get_mm_to_pixel_size(int density, double millimetre)
 }
 
 bool dvc_pnl_common_utility::string_to_int(std::string text, int& value) {
-    if (read_plain_number(text, value)) {
+    if (read_plain_number(text.c_str(), value)) {
         return true;
     }
     bool whole = false;
