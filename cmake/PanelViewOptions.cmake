@@ -15,6 +15,7 @@ foreach(file messages.tsv images.tsv texts)
 endforeach()
 set(PANEL_VIEW_SANITIZE "" CACHE STRING "Sanitizers, as the compiler's -fsanitize= takes them")
 option(PANEL_VIEW_WERROR "Warnings are errors" OFF)
+option(PANEL_VIEW_BENCHMARKS "Benchmarks beside their peers, which scripts/packages-bench lists" OFF)
 
 set(CMAKE_CXX_STANDARD 17)
 set(CMAKE_CXX_STANDARD_REQUIRED ON)
