@@ -1,18 +1,11 @@
 #include "choice_bar.h"
 
 #include "panel_button.h"
-#include "units.h"
+#include "theme.h"
 
 #include <QHBoxLayout>
-#include <QPainter>
 
 namespace velarion {
-
-namespace {
-
-constexpr double RADIUS = 8.0; // px
-
-} // namespace
 
 choice_bar::choice_bar(const std::vector<bar_choice>& choices) {
     auto* layout = new QHBoxLayout(this);
@@ -40,11 +33,7 @@ void choice_bar::set_current(int choice) {
 }
 
 void choice_bar::paintEvent(QPaintEvent*) {
-    QPainter painter(this);
-    painter.setRenderHint(QPainter::Antialiasing);
-    painter.setPen(Qt::NoPen);
-    painter.setBrush(colors::surface);
-    painter.drawRoundedRect(rect(), RADIUS, RADIUS);
+    paint_surface(*this);
 }
 
 } // namespace velarion

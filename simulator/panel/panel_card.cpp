@@ -3,16 +3,9 @@
 #include "theme.h"
 #include "units.h"
 
-#include <QPainter>
 #include <QVBoxLayout>
 
 namespace velarion {
-
-namespace {
-
-constexpr double RADIUS = 8.0; // px
-
-} // namespace
 
 panel_card::panel_card() {
     auto* column = new QVBoxLayout(this);
@@ -25,11 +18,7 @@ QVBoxLayout& panel_card::column() const {
 }
 
 void panel_card::paintEvent(QPaintEvent*) {
-    QPainter painter(this);
-    painter.setRenderHint(QPainter::Antialiasing);
-    painter.setPen(Qt::NoPen);
-    painter.setBrush(colors::surface);
-    painter.drawRoundedRect(rect(), RADIUS, RADIUS);
+    paint_surface(*this);
 }
 
 } // namespace velarion

@@ -3,9 +3,14 @@
 #include "dvc_pnl_rmg_language_resource.h"
 #include "units.h"
 
+#include <QPainter>
+#include <QWidget>
+
 namespace velarion {
 
 namespace {
+
+constexpr double SURFACE_RADIUS = 8.0; // px
 
 struct type_step {
     text_role role;
@@ -45,6 +50,14 @@ QFont smaller_font(const QFont& font) {
     }
     smaller.setPixelSize(qMin(best, font.pixelSize()));
     return smaller;
+}
+
+void paint_surface(QWidget& widget) {
+    QPainter painter(&widget);
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(colors::surface);
+    painter.drawRoundedRect(widget.rect(), SURFACE_RADIUS, SURFACE_RADIUS);
 }
 
 } // namespace velarion

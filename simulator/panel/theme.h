@@ -4,6 +4,8 @@
 #include <QColor>
 #include <QFont>
 
+class QWidget;
+
 namespace velarion {
 
 /** Colours of the panel, those of its pictures. Each pair of a text and its ground has a contrast of 4.5 or
@@ -51,6 +53,9 @@ QFont font_of(text_role role);
 
 /** @return the font at so many dp less, down to the smallest of the scale; the same font when it is there */
 QFont smaller_font(const QFont& font);
+
+/** Paints the whole of a widget as a surface with round corners; from its paintEvent(). */
+void paint_surface(QWidget& widget);
 
 } // namespace velarion
 
