@@ -1,7 +1,6 @@
 // The image table: identifiers, types, and the keys of the cache.
 #include "dvc_pnl_rmg_image_resource_manager.h"
 
-#include "dvc_pnl_common_utility.h"
 #include "dvc_pnl_utl_toolkit.h"
 #include "id_directory.h"
 #include "plain_number.h"
@@ -76,7 +75,7 @@ int dvc_pnl_rmg_image_resource_manager::dvc_pnl_rmg_search_image_id_info(const c
     }
     DVC_PNL_RMG_IMPL_IMAGE_NAME wanted = {NO_IMAGE_ID, nullptr, id};
     int number = 0;
-    if (!read_plain_number(id, number) && !dvc_pnl_common_utility::string_to_int(id, number)) {
+    if (!read_number(id, number)) {
         return judgement_image_type(wanted);
     }
     wanted.image_id = number;

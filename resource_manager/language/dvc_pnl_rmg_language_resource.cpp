@@ -1,6 +1,5 @@
 #include "dvc_pnl_rmg_language_resource.h"
 
-#include "dvc_pnl_common_utility.h"
 #include "dvc_pnl_rmg_data_file_access.h"
 #include "dvc_pnl_rmg_language_setting_manager.h"
 #include "dvc_pnl_rmg_option_language_attribute_manager.h"
@@ -114,8 +113,7 @@ void dvc_pnl_rmg_language_resource::initialize_language_information() {
 
 QString dvc_pnl_rmg_language_resource::dvc_pnl_rmg_get_message(const char* key, int language_id) {
     DVC_PNL_RMG_IMPL_MESSAGE wanted = {0, nullptr, 0};
-    if (!read_plain_number(key, wanted.message_id) &&
-        !dvc_pnl_common_utility::string_to_int(key, wanted.message_id)) {
+    if (!read_number(key, wanted.message_id)) {
         std::string text;
         int error = 0;
         const int result = dvc_pnl_rmg_get_message_data(key, text, error);

@@ -3,6 +3,7 @@
 #include "dvc_pnl_utl_toolkit.h"
 #include "plain_number.h"
 
+#include <algorithm>
 #include <cmath>
 #include <limits>
 
@@ -33,8 +34,52 @@ int saturated(double value) {
     return static_cast<int>(value);
 }
 
-bool operand_to_pixel(const std::string& operand, dvc_pnl_common_utility::ROUNDING_TYPE type, int& px) {
+int limited(std::int64_t number) {
+    const std::int64_t least = std::numeric_limits<int>::min();
+    const std::int64_t most = std::numeric_limits<int>::max();
+    return static_cast<int>(std::clamp(number, least, most));
+}
+
+/** @return the first "+", where there is none the first "-"; null without both */
+const char* find_operator(const char* text, const char* end) {
+    const char* minus = nullptr;
+    for (; text != end; ++text) {
+        if (*text == '+') {
+            return text;
+        }
+        if (*text == '-' && !minus) {
+            minus = text;
+        }
+    }
+    return minus;
+}
+
+/**
+ * Reads a plain number that is followed by "dp" and whatever, or by nothing.
+ *
+ * @param text  ended by NUL
+ * @param end   of the size within it
+ * @return whether it is such a size; the toolkit reads the others
+ */
+inline bool read_plain_size(const char* text, const char* end, int& number, bool& is_dp) {
+    const char* const rest = read_plain_digits(text, number);
+    is_dp = rest && rest < end && rest[0] == DP_SUFFIX[0] && rest[1] == DP_SUFFIX[1];
+    return is_dp || rest == end;
+}
+
+bool operand_by_toolkit(const std::string& operand, dvc_pnl_common_utility::ROUNDING_TYPE type, int& px) {
     return dvc_pnl_common_utility::string_to_int(dvc_pnl_common_utility::dip2pixel(operand, type), px);
+}
+
+inline bool operand_to_pixel(const char* text, const char* end, dvc_pnl_common_utility::ROUNDING_TYPE type,
+                             int& px) {
+    int number = 0;
+    bool is_dp = false;
+    if (!read_plain_size(text, end, number, is_dp)) {
+        return operand_by_toolkit(std::string(text, end), type, px);
+    }
+    px = is_dp ? dvc_pnl_common_utility::dip2pixel(number, type) : number;
+    return true;
 }
 
 } // namespace
@@ -81,34 +126,33 @@ int dvc_pnl_common_utility::dip2pixel(int dp, ROUNDING_TYPE type) {
 }
 
 std::string dvc_pnl_common_utility::dip2pixel(const std::string& size, ROUNDING_TYPE type) {
-    const std::string::size_type suffix = size.find(DP_SUFFIX);
-    if (suffix == std::string::npos) {
-        return size;
-    }
+    const char* const text = size.c_str();
     int dp = 0;
-    if (!string_to_int(size.substr(0, suffix), dp)) {
-        return FAILURE_TEXT;
+    bool is_dp = false;
+    if (!read_plain_size(text, text + size.size(), dp, is_dp)) {
+        const std::string::size_type suffix = size.find(DP_SUFFIX);
+        is_dp = suffix != std::string::npos;
+        if (is_dp && !string_to_int(size.substr(0, suffix), dp)) {
+            return FAILURE_TEXT;
+        }
     }
-    return std::to_string(dip2pixel(dp, type));
+    return is_dp ? std::to_string(dip2pixel(dp, type)) : size;
 }
 
 std::string dvc_pnl_common_utility::pixeldip2pixel(const std::string& expression, ROUNDING_TYPE type) {
-    std::string::size_type position = expression.find('+');
-    const bool is_sum = position != std::string::npos;
-    if (!is_sum) {
-        position = expression.find('-');
-    }
-    if (position == std::string::npos) {
+    const char* const text = expression.c_str();
+    const char* const end = text + expression.size();
+    const char* const sign = find_operator(text, end);
+    if (!sign) {
         return dip2pixel(expression, ROUNDING_FLOOR);
     }
     int left = 0;
     int right = 0;
-    if (!operand_to_pixel(expression.substr(0, position), type, left) ||
-        !operand_to_pixel(expression.substr(position + 1), type, right)) {
+    if (!operand_to_pixel(text, sign, type, left) || !operand_to_pixel(sign + 1, end, type, right)) {
         return FAILURE_TEXT;
     }
-    const double result = is_sum ? double(left) + right : double(left) - right;
-    return std::to_string(saturated(result));
+    const std::int64_t result = std::int64_t(left) + (*sign == '+' ? right : -std::int64_t(right));
+    return std::to_string(limited(result));
 }
 
 std::string dvc_pnl_common_utility::pixel2dip(int px) {
@@ -123,12 +167,13 @@ int dvc_pnl_common_utility::get_mm_to_pixel_size(int density, double millimetre)
 }
 
 bool dvc_pnl_common_utility::string_to_int(std::string text, int& value) {
-    if (read_plain_number(text.c_str(), value)) {
-        return true;
-    }
-    bool whole = false;
-    value = dvc_pnl_utl_from_8bit(text.c_str()).toInt(&whole, 10);
-    return whole;
+    return read_number(text.c_str(), value);
+}
+
+bool read_number_by_toolkit(const char* text, int& value) {
+    bool is_whole = false;
+    value = dvc_pnl_utl_from_8bit(text).toInt(&is_whole, 10);
+    return is_whole;
 }
 
 } // namespace velarion

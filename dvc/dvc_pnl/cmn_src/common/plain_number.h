@@ -6,13 +6,14 @@
 namespace velarion {
 
 /**
- * Reads the numbers that nearly every key is: at most 9 digits after an optional minus sign, which fit an int
- * and need no toolkit string. The toolkit reads them alike.
+ * Reads the numbers that nearly every key and size begins with: at most 9 digits after an optional minus
+ * sign, which fit an int and need no toolkit string. The toolkit reads them alike.
  *
- * @param text   not null
- * @param value  receives the number; unchanged when the text is none of these
+ * @param text   not null, ended by NUL
+ * @param value  receives the number; unchanged when the text begins with none
+ * @return what follows these digits; null when the text begins with none
  */
-inline bool read_plain_number(const char* text, int& value) {
+inline const char* read_plain_digits(const char* text, int& value) {
     const bool is_negative = *text == '-';
     const char* const first = is_negative ? text + 1 : text;
     const char* const end = first + std::numeric_limits<int>::digits10;
@@ -21,11 +22,26 @@ inline bool read_plain_number(const char* text, int& value) {
     for (; place != end && *place >= '0' && *place <= '9'; ++place) {
         number = number * 10 + (*place - '0');
     }
-    if (place == first || *place != '\0') {
-        return false;
+    if (place == first) {
+        return nullptr;
     }
     value = is_negative ? -number : number;
-    return true;
+    return place;
+}
+
+/** What read_number() does with every other text: the toolkit reads it. */
+bool read_number_by_toolkit(const char* text, int& value);
+
+/**
+ * Reads a text that is wholly a number, as dvc_pnl_common_utility::string_to_int() does, without a copy of
+ * it.
+ *
+ * @param text   not null, ended by NUL
+ * @param value  receives the number; 0 on failure
+ */
+inline bool read_number(const char* text, int& value) {
+    const char* const rest = read_plain_digits(text, value);
+    return (rest && *rest == '\0') || read_number_by_toolkit(text, value);
 }
 
 } // namespace velarion

@@ -4,7 +4,9 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cmath>
+#include <cstdint>
 #include <cstdlib>
 #include <limits>
 #include <string>
@@ -19,6 +21,36 @@ const utility::ROUNDING_TYPE FLOOR = utility::ROUNDING_FLOOR;
 const utility::ROUNDING_TYPE ROUND = utility::ROUNDING_ROUND;
 constexpr int INT_LEAST = std::numeric_limits<int>::min();
 constexpr int INT_MOST = std::numeric_limits<int>::max();
+
+int number_by_toolkit(const std::string& text, bool& is_whole) {
+    return velarion::dvc_pnl_utl_from_8bit(text.c_str()).toInt(&is_whole, 10);
+}
+
+/** An operand as the rules say: cut at its "dp", read by the toolkit. */
+bool operand_by_rules(const std::string& operand, utility::ROUNDING_TYPE type, std::int64_t& px) {
+    const std::string::size_type suffix = operand.find("dp");
+    bool is_whole = false;
+    const int number = number_by_toolkit(operand.substr(0, suffix), is_whole);
+    px = suffix == std::string::npos ? number : utility::dip2pixel(number, type);
+    return is_whole || suffix != std::string::npos; // what is no number of dp counts as "0"
+}
+
+std::string expression_by_rules(const std::string& text, utility::ROUNDING_TYPE type) {
+    const std::string::size_type plus = text.find('+');
+    const std::string::size_type place = plus == std::string::npos ? text.find('-') : plus;
+    std::int64_t left = 0;
+    std::int64_t right = 0;
+    if (place == std::string::npos) {
+        operand_by_rules(text, FLOOR, left);
+        return text.find("dp") == std::string::npos ? text : std::to_string(left);
+    }
+    if (!operand_by_rules(text.substr(0, place), type, left) ||
+        !operand_by_rules(text.substr(place + 1), type, right)) {
+        return "0";
+    }
+    const std::int64_t result = text[place] == '+' ? left + right : left - right;
+    return std::to_string(std::min<std::int64_t>(INT_MOST, std::max<std::int64_t>(INT_LEAST, result)));
+}
 
 } // namespace
 
@@ -70,11 +102,43 @@ TEST(pixeldip2pixel, texts_and_expressions) {
         {"-5dp", "0"},
         {"10dp+", "0"},
         {"2147483647+1", "2147483647"},
+        {"-2147483648dp+-1", "-2147483648"},
     };
     for (const auto& row : rows) {
         EXPECT_EQ(utility::pixeldip2pixel(row[0], ROUND), row[1]) << row[0];
     }
     EXPECT_EQ(utility::pixeldip2pixel("10dp+10dp", FLOOR), "24");
+}
+
+/** Numbers are read in place: no byte at any place may give another result than the rules do. */
+TEST(pixeldip2pixel, reads_every_text_by_the_rules) {
+    std::vector<std::string> texts = {"999999999dp+9999999999", "-2147483648-1dp", "0010dp+-004",
+                                      "1+\xD9\xA3"};
+    for (int byte = 0; byte < 256; ++byte) {
+        const std::string one(1, static_cast<char>(byte));
+        texts.insert(texts.end(), {one, one + "dp", "7" + one, "7" + one + "dp", "7d" + one, "7dp" + one,
+                                   one + "7dp+4", "7" + one + "dp-4", "7dp" + one + "4", "7dp-" + one + "4",
+                                   "7dp+4" + one, "7+4d" + one, "7-4dp" + one, one + "7-4+5"});
+    }
+    std::srand(7);
+    for (int i = 0; i < 20000; ++i) {
+        std::string text;
+        for (int left = std::rand() % 6; left > 0; --left) {
+            const char* const parts[] = {"10", "dp", "+", "-", "1025", " ", "2147483647", "d", "p", "x"};
+            text += parts[std::rand() % 10];
+        }
+        texts.push_back(text);
+    }
+    for (const std::string& text : texts) {
+        for (const auto type : {CEIL, FLOOR, ROUND}) {
+            EXPECT_EQ(utility::pixeldip2pixel(text, type), expression_by_rules(text, type))
+                << testing::PrintToString(text);
+        }
+        if (text.find_first_of("+-") == std::string::npos) {
+            EXPECT_EQ(utility::dip2pixel(text, FLOOR), expression_by_rules(text, FLOOR))
+                << testing::PrintToString(text);
+        }
+    }
 }
 
 TEST(units, pixels_and_millimetres) {
@@ -91,7 +155,8 @@ TEST(units, pixels_and_millimetres) {
 
 /** The short way through the conversion must never be seen: every text gives what the toolkit gives. */
 TEST(string_to_int, accepts_what_the_toolkit_accepts) {
-    std::vector<std::string> texts = {"2147483647", "2147483648", "-2147483648", "-2147483649", "\xD9\xA3"};
+    std::vector<std::string> texts = {"2147483647",  "2147483648", "-2147483648",
+                                      "-2147483649", "\xD9\xA3",   "0000000000012"};
     texts.push_back(std::string("12\0x", 4));
     for (int byte = 1; byte < 256; ++byte) {
         const std::string one(1, static_cast<char>(byte));
@@ -107,7 +172,7 @@ TEST(string_to_int, accepts_what_the_toolkit_accepts) {
     }
     for (const std::string& text : texts) {
         bool is_whole = false;
-        const int expected = velarion::dvc_pnl_utl_from_8bit(text.c_str()).toInt(&is_whole, 10);
+        const int expected = number_by_toolkit(text, is_whole);
         int value = 4711;
         EXPECT_EQ(utility::string_to_int(text, value), is_whole) << testing::PrintToString(text);
         EXPECT_EQ(value, expected) << testing::PrintToString(text);
