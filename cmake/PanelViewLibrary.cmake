@@ -18,6 +18,8 @@ check_linker_flag(CXX "-Wl,--fatal-warnings,-z,pack-relative-relocs" PANEL_VIEW_
 if(PANEL_VIEW_HAS_PACKED_RELOCATIONS)
     target_link_options(panel_view_support PRIVATE "-Wl,-z,pack-relative-relocs")
 endif()
+# Calls inside the library are bound when it is linked: fewer names to look up at each start, and quicker calls.
+target_link_options(panel_view_support PRIVATE "-Wl,-Bsymbolic-functions")
 
 # Components: "library" and "platform" are what runs, "tools" the programs, "development" all else.
 set(header_folder ${CMAKE_INSTALL_INCLUDEDIR}/panel_view_support)

@@ -7,6 +7,7 @@ function(panel_view_add_subsystem name)
     add_library(${name} OBJECT ${subsystem_SOURCES})
     target_include_directories(${name} PUBLIC "${CMAKE_CURRENT_SOURCE_DIR}")
     target_link_libraries(${name} PUBLIC ${subsystem_LINKS} PRIVATE panel_view_options)
+    target_compile_options(${name} PRIVATE -fno-semantic-interposition) # as the library binds its functions
     if(TARGET panel_view_support)
         target_sources(panel_view_support PRIVATE $<TARGET_OBJECTS:${name}>)
         panel_view_install_headers(panel_view_support ${subsystem_HEADERS})

@@ -24,7 +24,7 @@ function(panel_view_add_tables target catalogue)
     target_include_directories(${target} PUBLIC "${resource_manager}/language" "${resource_manager}/image"
         "${PANEL_VIEW_TABLES_SOURCE_DIR}/dvc/dvc_pnl/cmn_src/common")
     # Constant data alone: nothing in it that a sanitizer could watch, and much that it would blow up.
-    target_compile_options(${target} PRIVATE -g0 -O1)
+    target_compile_options(${target} PRIVATE -g0 -Os)
     target_link_libraries(${target} PRIVATE panel_view_warnings)
 endfunction()
 

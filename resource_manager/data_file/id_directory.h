@@ -1,6 +1,7 @@
 #ifndef ID_DIRECTORY_H
 #define ID_DIRECTORY_H
 
+#include <algorithm>
 #include <cstddef>
 #include <cstdint>
 #include <vector>
@@ -8,50 +9,57 @@
 namespace velarion {
 
 /**
- * Tells where in a table, ascending by id, an id can stand: few records of which a search remains. Made once
- * for a table of constants, then readable from any thread.
+ * Finds the records of a table, ascending by id, faster than a search of the whole. Made once for a table of
+ * constants, then readable from any thread.
  *
- * The span of the ids is divided into fewer equal parts than there are records, and the place of each part's
- * first record is kept.
+ * The span of the ids is divided into equal parts, and the place of each part's first record is kept: few
+ * records remain to be searched.
+ *
+ * @tparam ID  the member that holds the id
  */
-template <typename RECORD> class id_directory {
+template <typename RECORD, std::int32_t RECORD::*ID> class id_directory {
 public:
-    /** Records from @c first up to, but not with, @c last. */
-    struct range {
-        std::size_t first;
-        std::size_t last;
-    };
-
-    /**
-     * @param table  ascending by id, without repetition; outlives the directory
-     * @param id     the member that holds the id
-     */
-    id_directory(const RECORD* table, std::size_t count, std::int32_t RECORD::*id) {
+    /** @param table  ascending by id, without repetition; outlives the directory */
+    id_directory(const RECORD* table, std::size_t count)
+        : table_(table) {
         if (count == 0) {
             return;
         }
-        first_id_ = table[0].*id;
-        const std::uint32_t span = distance(table[count - 1].*id);
+        first_id_ = table[0].*ID;
+        const std::uint32_t span = distance(table[count - 1].*ID);
         while ((span >> shift_) >= count) {
             ++shift_;
         }
         starts_.reserve((span >> shift_) + 2);
         for (std::size_t i = 0; i < count; ++i) {
-            while (starts_.size() <= distance(table[i].*id) >> shift_) {
-                starts_.push_back(static_cast<std::uint32_t>(i));
-            }
+            starts_.resize(std::max(starts_.size(), (distance(table[i].*ID) >> shift_) + std::size_t(1)),
+                           static_cast<std::uint32_t>(i));
         }
         starts_.push_back(static_cast<std::uint32_t>(count));
     }
 
-    /** @return where the id stands if the table has it; empty when it cannot have it */
-    range find(std::int32_t id) const {
+    /** @return the record with the id, or null */
+    const RECORD* find(std::int32_t id) const {
         const std::size_t part =
             distance(id) >> shift_; // of an id below the first one: beyond the last part, or of other ids
         if (part + 1 >= starts_.size()) {
-            return {0, 0};
+            return nullptr;
         }
-        return {starts_[part], starts_[part + 1]};
+        std::size_t lower = starts_[part];
+        std::size_t upper = starts_[part + 1];
+        while (lower < upper) {
+            const std::size_t middle = (lower + upper) / 2;
+            const RECORD& record = table_[middle];
+            if (record.*ID == id) {
+                return &record;
+            }
+            if (record.*ID < id) {
+                lower = middle + 1;
+            } else {
+                upper = middle;
+            }
+        }
+        return nullptr;
     }
 
 private:
@@ -59,6 +67,7 @@ private:
         return static_cast<std::uint32_t>(id) - static_cast<std::uint32_t>(first_id_);
     }
 
+    const RECORD* table_;
     std::int32_t first_id_ = 0;
     unsigned int shift_ = 0;
     std::vector<std::uint32_t> starts_;

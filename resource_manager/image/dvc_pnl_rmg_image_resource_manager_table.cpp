@@ -33,25 +33,16 @@ int dvc_pnl_rmg_image_resource_manager::compare_element(const void* first, const
 bool dvc_pnl_rmg_image_resource_manager::search_image_element(const DVC_PNL_RMG_IMPL_IMAGE_NAME& key,
                                                               DVC_PNL_RMG_IMPL_IMAGE_NAME& found) {
     // Never freed: a host may still ask while its own objects are destroyed.
-    static const auto& directory = *new id_directory<DVC_PNL_RMG_IMPL_IMAGE_NAME>(
-        dvc_pnl_rmg_impl_image_name_table, static_cast<std::size_t>(dvc_pnl_rmg_imple_image_name_table_size),
-        &DVC_PNL_RMG_IMPL_IMAGE_NAME::image_id);
-    auto [lower, upper] = directory.find(key.image_id);
-    while (lower < upper) {
-        const std::size_t middle = (lower + upper) / 2;
-        const DVC_PNL_RMG_IMPL_IMAGE_NAME& row = dvc_pnl_rmg_impl_image_name_table[middle];
-        const int order = compare_element(&key, &row);
-        if (order == 0) {
-            found = row;
-            return true;
-        }
-        if (order < 0) {
-            upper = middle;
-        } else {
-            lower = middle + 1;
-        }
+    static const auto& directory =
+        *new id_directory<DVC_PNL_RMG_IMPL_IMAGE_NAME, &DVC_PNL_RMG_IMPL_IMAGE_NAME::image_id>(
+            dvc_pnl_rmg_impl_image_name_table,
+            static_cast<std::size_t>(dvc_pnl_rmg_imple_image_name_table_size));
+    const DVC_PNL_RMG_IMPL_IMAGE_NAME* row = directory.find(key.image_id);
+    if (!row) {
+        return false;
     }
-    return false;
+    found = *row;
+    return true;
 }
 
 int dvc_pnl_rmg_image_resource_manager::judgement_image_type(const DVC_PNL_RMG_IMPL_IMAGE_NAME& image) {

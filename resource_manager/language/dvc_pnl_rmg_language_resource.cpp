@@ -18,6 +18,7 @@
 
 #include <cstdio>
 #include <cstdlib>
+#include <limits>
 #include <memory>
 #include <new>
 
@@ -27,12 +28,47 @@ namespace {
 
 constexpr int LEFT_TO_RIGHT = 1;
 constexpr int RIGHT_TO_LEFT = 0;
+constexpr std::int32_t LAST_ID_WITH_ROW = 65535; ///< those beyond it are searched for
 
 using FILE_POINTER = std::unique_ptr<FILE, int (*)(FILE*)>;
 
 /** What a key without a message comes out as. */
-QString missing_message(const char* key) {
+[[gnu::cold]] QString missing_message(const char* key) {
     return dvc_pnl_utl_from_8bit(!std::getenv(DVC_PNL_RMG_TEST_AID) ? "" : key);
+}
+
+// Neither is ever freed: a host may still ask while its own objects are destroyed.
+using MESSAGE_DIRECTORY = id_directory<DVC_PNL_RMG_IMPL_MESSAGE, &DVC_PNL_RMG_IMPL_MESSAGE::message_id>;
+[[gnu::cold]] const MESSAGE_DIRECTORY& make_message_directory() {
+    return *new MESSAGE_DIRECTORY(dvc_pnl_rmg_impl_message_table,
+                                  static_cast<std::size_t>(dvc_pnl_rmg_imple_message_table_size));
+}
+using ROWS = std::vector<std::uint16_t>;
+static_assert(DVC_PNL_RMG_STANDARD_MESSAGE_ROWS - 1 <= std::numeric_limits<ROWS::value_type>::max(), "");
+[[gnu::cold]] const ROWS& make_rows() {
+    ROWS& rows = *new ROWS;
+    for (int i = 0; i < dvc_pnl_rmg_imple_message_table_size; ++i) {
+        const DVC_PNL_RMG_IMPL_MESSAGE& message = dvc_pnl_rmg_impl_message_table[i];
+        if (message.message_id >= 0 && message.message_id <= LAST_ID_WITH_ROW) {
+            rows.resize(static_cast<std::size_t>(message.message_id) + 1);
+            rows.back() = static_cast<ROWS::value_type>(message.message_table_index);
+        }
+    }
+    rows.shrink_to_fit();
+    return rows;
+}
+
+/** @return the record, or null */
+const DVC_PNL_RMG_IMPL_MESSAGE* find_message(std::int32_t id) {
+    static const MESSAGE_DIRECTORY& directory = make_message_directory();
+    return directory.find(id);
+}
+
+/** @return the row of a message, in one step for nearly every id; 0 when it takes find_message() to tell */
+int row_of_message(std::int32_t id) {
+    static const ROWS& rows = make_rows();
+    const std::size_t place = static_cast<std::uint32_t>(id);
+    return place < rows.size() ? rows[place] : 0;
 }
 
 /** @return whether the file has a size that a text can have */
@@ -112,26 +148,36 @@ void dvc_pnl_rmg_language_resource::initialize_language_information() {
 }
 
 QString dvc_pnl_rmg_language_resource::dvc_pnl_rmg_get_message(const char* key, int language_id) {
-    DVC_PNL_RMG_IMPL_MESSAGE wanted = {0, nullptr, 0};
-    if (!read_number(key, wanted.message_id)) {
-        std::string text;
-        int error = 0;
-        const int result = dvc_pnl_rmg_get_message_data(key, text, error);
-        return result == DVC_PNL_RMG_RESULT_OK ? dvc_pnl_utl_from_8bit(text.c_str()) : missing_message(key);
+    int id = 0;
+    if (!read_number(key, id)) {
+        return text_of_file(key);
     }
-    DVC_PNL_RMG_IMPL_MESSAGE message;
-    if (!search_message_element(wanted, message)) {
+    const int row = row_of_message(id);
+    const char* text =
+        row != 0 ? standard_language_manager_->get_standard_message(row, language_id) : nullptr;
+    return text ? QString::fromUtf8(text) : text_of_message(id, language_id, key);
+}
+
+/** The text of a message, found by all the steps of the search. */
+QString dvc_pnl_rmg_language_resource::text_of_message(int id, int language_id, const char* key) {
+    const DVC_PNL_RMG_IMPL_MESSAGE* message = find_message(id);
+    if (!message) {
         return missing_message(key);
     }
-    const char* text = choose_text(message.message_table_index, language_id);
-    if (!text) {
-        return dvc_pnl_utl_from_8bit(message.message_name);
-    }
-    return QString::fromUtf8(text);
+    const char* text = choose_text(message->message_table_index, language_id);
+    return text ? QString::fromUtf8(text) : dvc_pnl_utl_from_8bit(message->message_name);
 }
 
 QString dvc_pnl_rmg_language_resource::dvc_pnl_rmg_get_message(const char* key) {
     return dvc_pnl_rmg_get_message(key, dvc_pnl_rmg_get_language_id());
+}
+
+/** The contents of the message data file that a key names. */
+QString dvc_pnl_rmg_language_resource::text_of_file(const char* key) {
+    std::string text;
+    int error = 0;
+    const int result = dvc_pnl_rmg_get_message_data(key, text, error);
+    return result == DVC_PNL_RMG_RESULT_OK ? dvc_pnl_utl_from_8bit(text.c_str()) : missing_message(key);
 }
 
 /** The text of a row, null when there is none, in the language or in the one that stands in for it. */
@@ -195,17 +241,11 @@ int dvc_pnl_rmg_language_resource::dvc_pnl_rmg_get_message_data(const char* file
 
 bool dvc_pnl_rmg_language_resource::search_message_element(const DVC_PNL_RMG_IMPL_MESSAGE& key,
                                                            DVC_PNL_RMG_IMPL_MESSAGE& found) {
-    // Never freed: a host may still ask while its own objects are destroyed.
-    static const auto& directory = *new id_directory<DVC_PNL_RMG_IMPL_MESSAGE>(
-        dvc_pnl_rmg_impl_message_table, static_cast<std::size_t>(dvc_pnl_rmg_imple_message_table_size),
-        &DVC_PNL_RMG_IMPL_MESSAGE::message_id);
-    const auto range = directory.find(key.message_id);
-    const void* record = std::bsearch(&key, dvc_pnl_rmg_impl_message_table + range.first,
-                                      range.last - range.first, sizeof(DVC_PNL_RMG_IMPL_MESSAGE), compare);
-    if (!record) {
+    const DVC_PNL_RMG_IMPL_MESSAGE* message = find_message(key.message_id);
+    if (!message) {
         return false;
     }
-    found = *static_cast<const DVC_PNL_RMG_IMPL_MESSAGE*>(record);
+    found = *message;
     return true;
 }
 

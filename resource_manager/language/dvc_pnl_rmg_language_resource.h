@@ -237,6 +237,8 @@ private:
     ~dvc_pnl_rmg_language_resource();
 
     void initialize_language_information();
+    [[gnu::cold]] QString text_of_file(const char* key);
+    QString text_of_message(int id, int language_id, const char* key);
     const char* choose_text(int row, int language_id);
     bool get_text_in(int row, int language_id, const char*& text);
 

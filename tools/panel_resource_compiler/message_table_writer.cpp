@@ -1,6 +1,7 @@
 #include "message_table_writer.h"
 
 #include "source_writer.h"
+#include "text_pool.h"
 
 namespace velarion {
 
@@ -25,13 +26,21 @@ bool write_id_table(const message_catalogue& catalogue, const std::string& folde
 bool write_text_table(const message_catalogue& catalogue, const std::string& folder, std::string& fault) {
     source_writer writer(folder, "message_text_table.cpp");
     std::ostream& out = writer.stream();
+    const text_pool pool(catalogue);
     out << PREAMBLE
-        << "const char* const standard_language_message_table[DVC_PNL_RMG_STANDARD_MESSAGE_ROWS]"
+        << "#pragma GCC diagnostic ignored \"-Woverlength-strings\" // one array, whose order is the "
+           "memory's\n\n"
+           "static const char T[] =\n";
+    for (const std::string_view text : pool.texts()) {
+        out << cpp_literal(std::string(text) + '\0') << '\n';
+    }
+    out << ";\n\n"
+           "const char* const standard_language_message_table[DVC_PNL_RMG_STANDARD_MESSAGE_ROWS]"
            "[DVC_PNL_RMG_STANDARD_LANGUAGE_COUNT] = {\n";
     for (std::int32_t row = 0; row < NULL_ROW; ++row) {
         out << '{';
         for (const std::string& text : catalogue.rows[static_cast<std::size_t>(row)].texts) {
-            out << cpp_literal(text) << ", ";
+            out << "T + " << pool.place_of(text) << ", ";
         }
         out << "},\n";
     }

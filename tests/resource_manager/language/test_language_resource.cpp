@@ -85,7 +85,8 @@ TEST_F(language_resource, text_of_a_message_by_language) {
         const char* text;
     } rows[] = {
         {"key with sign and blanks", " +1 ", 1, 0, {0, 0}, "Copy"},
-        {"last message", "31395", 1, 0, {0, 0}, "Texts 1"},
+        {"last message of the sample's ids", "31395", 1, 0, {0, 0}, "Texts 1"},
+        {"id of more than 16 bits", "70001", 49, 0, {0, 0}, "Kopien"},
         {"last column", "1", 7, 0, {0, 0}, RUSSIAN_COPY},
         {"first column, and a line break", "8", 81, 0, {0, 0}, LOAD_PAPER},
         {"a row that another message shows", "5", 33, 0, {0, 0}, "Copie"},
@@ -109,7 +110,8 @@ TEST_F(language_resource, text_of_a_message_by_language) {
 }
 
 TEST_F(language_resource, missing_messages_are_empty_or_show_their_keys) {
-    const std::string keys[] = {"0", "-1", "31396", "4", "2147483647", "-2147483648", "no_such_file"};
+    const std::string keys[] = {"0",     "-1",         "31396",       "4",           "65537",
+                                "70002", "2147483647", "-2147483648", "no_such_file"};
     for (const std::string& key : keys) {
         unsetenv("TEST_ICON_MESSAGE");
         EXPECT_EQ(text_of(key, 1), "") << key;

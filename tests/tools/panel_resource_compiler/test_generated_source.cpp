@@ -59,7 +59,8 @@ template <typename TYPE> TYPE symbol(void* library, const char* name) {
 TEST(generated_source, message_tables_hold_what_the_catalogue_says) {
     const scratch_catalogue catalogue;
     catalogue.write("messages.tsv", "id\tname\trow\n7\tNAME \"\\\\ ?\?=\\t\t1\n2147483647\tLAST\t21998\n");
-    catalogue.write("texts/de.tsv", table_of_texts());
+    catalogue.write("texts/de.tsv",
+                    table_of_texts() + "30\t" + std::string(TEXTS[0].field).substr(4) + "\n31\tru\n");
     ASSERT_EQ(catalogue.run("message-tables", {"-Wno-placeholders", "-Wno-control-characters"}).exit_code, 0);
     void* library = load_compiled(catalogue, {"message_id_table.cpp", "message_text_table.cpp"});
     const auto* ids = symbol<const DVC_PNL_RMG_IMPL_MESSAGE*>(library, "dvc_pnl_rmg_impl_message_table");
@@ -75,9 +76,14 @@ TEST(generated_source, message_tables_hold_what_the_catalogue_says) {
     const int german = 2;
     int row = FIRST_ROW;
     for (const auto& text : TEXTS) {
-        EXPECT_STREQ(rows[row++][german], text.text);
+        EXPECT_STREQ(rows[row][german], text.text);
+        EXPECT_GT(rows[row][german], rows[FIRST_ROW][german - 1]) << "a language's own texts lie together";
+        EXPECT_LT(rows[row++][german], rows[FIRST_ROW][german + 1]);
     }
     EXPECT_STREQ(rows[FIRST_ROW][7], "ru");
+    EXPECT_EQ(rows[30][german], rows[FIRST_ROW][german] + 4) << "the end of another text";
+    EXPECT_EQ(rows[31][german], rows[FIRST_ROW][7]) << "another language's text";
+    EXPECT_LT(rows[31][german], rows[FIRST_ROW][0]) << "lies in front of all that is one language's";
     for (int language = 0; language < DVC_PNL_RMG_STANDARD_LANGUAGE_COUNT; ++language) {
         EXPECT_STREQ(rows[1][language], "");
         EXPECT_STREQ(rows[21998][language], "");

@@ -11,21 +11,20 @@ namespace velarion {
  *
  * @param text   not null, ended by NUL
  * @param value  receives the number; unchanged when the text begins with none
- * @return what follows these digits; null when the text begins with none
+ * @return what follows these digits; null when the text begins with none or with more
  */
 inline const char* read_plain_digits(const char* text, int& value) {
     const bool is_negative = *text == '-';
     const char* const first = is_negative ? text + 1 : text;
-    const char* const end = first + std::numeric_limits<int>::digits10;
-    int number = 0;
     const char* place = first;
-    for (; place != end && *place >= '0' && *place <= '9'; ++place) {
-        number = number * 10 + (*place - '0');
+    unsigned int number = 0; // of more digits: without meaning
+    for (unsigned int digit = 0; (digit = static_cast<unsigned char>(*place) - unsigned('0')) <= 9; ++place) {
+        number = number * 10 + digit;
     }
-    if (place == first) {
+    if (place == first || place - first > std::numeric_limits<int>::digits10) {
         return nullptr;
     }
-    value = is_negative ? -number : number;
+    value = is_negative ? -static_cast<int>(number) : static_cast<int>(number);
     return place;
 }
 
