@@ -144,6 +144,10 @@ void key_button::keyPressEvent(QKeyEvent* event) {
     case Qt::Key_Down:
         event->ignore();
         return;
+    case Qt::Key_Return:
+    case Qt::Key_Enter:
+        click();
+        return;
     default:
         QAbstractButton::keyPressEvent(event);
     }

@@ -32,6 +32,7 @@ public:
     void set_ground(bool has_ground);
     /** @param is_primary  the one button of a screen that does its work */
     void set_primary(bool is_primary);
+    bool is_primary() const { return is_primary_; }
     /** @param follows_direction  the picture is an arrow, mirrored from right to left */
     void set_picture_follows_direction(bool follows_direction);
     /** @param is_alert  it tells of a fault */

@@ -4,6 +4,7 @@
 #include "hard_key.h"
 #include "machine_state.h"
 #include "navigation_bar.h"
+#include "panel_button.h"
 #include "panel_dialog.h"
 #include "panel_element.h"
 #include "sleep_cover.h"
@@ -16,6 +17,8 @@
 #include <QEvent>
 #include <QPainter>
 #include <QVBoxLayout>
+
+#include <algorithm>
 
 namespace velarion {
 
@@ -30,16 +33,42 @@ constexpr screen_key SCREEN_KEYS[] = {{KEY_COPY, "copy"},     {KEY_SCAN, "scan"}
                                       {KEY_FAX, "fax"},       {KEY_DOCUMENTS, "documents"},
                                       {KEY_STATUS, "status"}, {KEY_HELP, "help"}};
 
-/** The widgets of an area that take the focus, in the order in which they were made. */
-QList<QWidget*> tab_stops(QWidget& area, const QWidget& panel) {
-    QList<QWidget*> stops;
-    for (QWidget* widget = area.nextInFocusChain(); widget != &area; widget = widget->nextInFocusChain()) {
-        if (area.isAncestorOf(widget) && widget->isEnabled() && widget->isVisibleTo(&panel) &&
-            (widget->focusPolicy() & Qt::TabFocus) != 0) {
-            stops.append(widget);
+void add_tab_stops(QWidget& widget, const QWidget& panel, QList<QWidget*>& stops);
+
+void add_tab_stops(const QLayout& layout, const QWidget& panel, QList<QWidget*>& stops) {
+    for (int i = 0; i < layout.count(); ++i) {
+        QLayoutItem* item = layout.itemAt(i);
+        if (item->widget()) {
+            add_tab_stops(*item->widget(), panel, stops);
+        } else if (item->layout()) {
+            add_tab_stops(*item->layout(), panel, stops);
         }
     }
+}
+
+/** What takes the focus, in the order in which it stands on the panel: that of the layouts. */
+void add_tab_stops(QWidget& widget, const QWidget& panel, QList<QWidget*>& stops) {
+    if (widget.isEnabled() && widget.isVisibleTo(&panel) && (widget.focusPolicy() & Qt::TabFocus) != 0) {
+        stops.append(&widget);
+    }
+    if (widget.layout()) {
+        add_tab_stops(*widget.layout(), panel, stops);
+    } else {
+        for (QWidget* child : widget.findChildren<QWidget*>(QString(), Qt::FindDirectChildrenOnly)) {
+            add_tab_stops(*child, panel, stops);
+        }
+    }
+}
+
+QList<QWidget*> tab_stops(QWidget& area, const QWidget& panel) {
+    QList<QWidget*> stops;
+    add_tab_stops(area, panel, stops);
     return stops;
+}
+
+bool is_primary(const QWidget* widget) {
+    const auto* button = dynamic_cast<const panel_button*>(widget);
+    return button && button->is_primary();
 }
 
 } // namespace
@@ -153,11 +182,13 @@ void panel_frame::close_dialog() {
     }
 }
 
-/** Gives the focus to the first widget of an area that takes it, if there is one. */
+/** Gives the focus to what does a screen's work, else to the first widget of the area that takes it. */
 void panel_frame::focus_first(QWidget& area) {
     const QList<QWidget*> widgets = tab_stops(area, *this);
-    if (!widgets.isEmpty()) {
-        widgets.first()->setFocus(Qt::TabFocusReason);
+    const auto primary = std::find_if(widgets.begin(), widgets.end(), is_primary);
+    QWidget* first = &area == screen_ && primary != widgets.end() ? *primary : widgets.value(0);
+    if (first) {
+        first->setFocus(Qt::TabFocusReason);
     }
     update();
 }

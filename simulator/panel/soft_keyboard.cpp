@@ -271,7 +271,8 @@ void soft_keyboard::resizeEvent(QResizeEvent*) {
 }
 
 void soft_keyboard::keyPressEvent(QKeyEvent* event) {
-    event->setAccepted(move_focus(event->key()));
+    const bool is_arrow = event->key() >= Qt::Key_Left && event->key() <= Qt::Key_Down;
+    event->setAccepted(is_arrow && move_focus(event->key()));
 }
 
 void soft_keyboard::changeEvent(QEvent* event) {
