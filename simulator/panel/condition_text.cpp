@@ -23,6 +23,9 @@ message_text condition_text(const machine_state& machine) {
     case machine_condition::READING:
         return {MSG_NORMAL_STATUS_SCANNING_ORIGINAL_NUMBER, {QString::number(job->original_in_work())}};
     case machine_condition::PRINTING:
+        if (job->kind == job_kind::PRINT) {
+            return MSG_NORMAL_STATUS_PRINTING;
+        }
         return {MSG_NORMAL_COPYSET_COPYING_SET,
                 {QString::number(job->set_in_work()), QString::number(job->copies)}};
     case machine_condition::SENDING:
