@@ -213,8 +213,11 @@ bool panel_frame::focusNextPrevChild(bool is_forward) {
     if (!widgets.isEmpty()) {
         const int all = widgets.size();
         const int place = widgets.indexOf(focusWidget());
-        const int next = place < 0 ? 0 : (place + (is_forward ? 1 : all - 1)) % all;
-        widgets[next]->setFocus(is_forward ? Qt::TabFocusReason : Qt::BacktabFocusReason);
+        // What had the focus may just have been disabled: it stays on the screen.
+        const QList<QWidget*> inner = place < 0 && !dialog_ ? tab_stops(*content_, *this) : widgets;
+        QWidget* next =
+            place < 0 ? inner.value(0, widgets[0]) : widgets[(place + (is_forward ? 1 : all - 1)) % all];
+        next->setFocus(is_forward ? Qt::TabFocusReason : Qt::BacktabFocusReason);
     }
     update();
     return true;

@@ -1,5 +1,6 @@
 #include "text_field.h"
 
+#include "focus_ring.h"
 #include "panel_view_ids.h"
 #include "theme.h"
 #include "units.h"
@@ -109,6 +110,8 @@ void text_field::paintEvent(QPaintEvent*) {
     layout.draw(&painter, QPointF(left, top));
     painter.fillRect(left + static_cast<int>(line.cursorToX(cursor_)), top, CURSOR_WIDTH, height,
                      colors::accent);
+    painter.setClipping(false);
+    draw_focus_ring(painter, *this, rect());
 }
 
 void text_field::mousePressEvent(QMouseEvent* event) {

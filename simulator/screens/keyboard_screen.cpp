@@ -47,6 +47,7 @@ keyboard_screen::keyboard_screen(const panel_context& context)
     , ok_(new panel_button("ok", button_form::TEXT, MSG_CMN_OK_TEXT))
     , keys_(new soft_keyboard(input_)) {
     make_layout();
+    field_->setFocusPolicy(Qt::StrongFocus);
     ok_->set_primary(true);
     connect(ok_, &QAbstractButton::clicked, this, [this] { accept(); });
     connect(keys_, &soft_keyboard::changed, this, [this] { refresh(); });

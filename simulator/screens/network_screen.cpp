@@ -7,6 +7,8 @@
 #include "panel_view_ids.h"
 #include "screen_layout.h"
 
+#include <algorithm>
+
 namespace velarion {
 
 namespace {
@@ -41,14 +43,17 @@ const entered_value ENTRIES[] = {
     {"host_name", MSG_NORMAL_NET_IF_ETHERNET_HOST, &network_settings::host_name, false},
 };
 
+/** From 0 to 255, in figures alone: the toolkit would take blanks and signs too. */
+bool is_byte(const QString& text) {
+    const bool has_figures = std::all_of(text.begin(), text.end(), [](QChar sign) {
+        return sign >= QLatin1Char('0') && sign <= QLatin1Char('9');
+    });
+    return has_figures && !text.isEmpty() && text.size() <= 3 && text.toUInt() <= 255;
+}
+
 bool is_address(const QString& text) {
     const QStringList parts = text.split(QLatin1Char('.'));
-    bool is_good = parts.size() == 4;
-    for (const QString& part : parts) {
-        bool is_number = false;
-        is_good = is_good && part.toUInt(&is_number) <= 255 && is_number && part.size() <= 3;
-    }
-    return is_good;
+    return parts.size() == 4 && std::all_of(parts.begin(), parts.end(), is_byte);
 }
 
 } // namespace

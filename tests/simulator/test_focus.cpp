@@ -5,6 +5,7 @@
 #include "panel_touch.h"
 #include "screen_table.h"
 #include "simulation.h"
+#include "text_field.h"
 
 #include <QAbstractButton>
 #include <QCoreApplication>
@@ -31,8 +32,10 @@ protected:
         QWidget& area =
             panel_.panel().dialog() ? static_cast<QWidget&>(*panel_.panel().dialog()) : panel_.panel();
         for (QWidget* widget : area.findChildren<QWidget*>()) {
-            const bool takes_touch =
-                qobject_cast<QAbstractButton*>(widget) || qobject_cast<panel_list*>(widget);
+            const bool takes_touch = qobject_cast<QAbstractButton*>(widget) ||
+                                     qobject_cast<panel_list*>(widget) ||
+                                     (qobject_cast<text_field*>(widget) &&
+                                      panel_.panel().screen_name() == QLatin1String("keyboard"));
             if (takes_touch && widget->isEnabled() && widget->isVisibleTo(&area)) {
                 found.append(widget);
             }

@@ -143,12 +143,88 @@ TEST_F(scripts, what_cannot_be_touched_is_told_apart) {
         {"view copy_running\nexpect job\nexpect no job", "\"job\" is so"},
         {"view status_jam\nexpect jam\nexpect no jam", "\"jam\" is so"},
         {"view copy_running\nview copy\nexpect no job", ""}, // as if just switched on
+        {"view copy\ntap stop", "\"stop\" is disabled"},
+        {"view copy_running\ntap start", "\"start\" is disabled"},
+        {"view copy_running\ntap nav_home\ntap scan\ntap destination\ntap destination_1\ntap start",
+         ""}, // waits
+        {"view copy\njam fuser\ntap start", "\"start\" is disabled"},
+        {"view copy\nkey 0\ntap copies_less", "\"copies_less\" is disabled"},
+        {"view copy\nkey 9\nkey 9\nkey 9\ntap copies_more", "\"copies_more\" is disabled"},
+        {"view scan\ntap start", "\"start\" is disabled"},
+        {"view fax\ntap start", "\"start\" is disabled"},
+        {"view documents\ntap print", "\"print\" is disabled"},
+        {"view documents\ntap document_1\ntap document_1\ntap delete", "\"delete\" is disabled"},
+        {"view documents\ntap select_all\ntap delete\ntap dialog_delete\ntap select_all",
+         "\"select_all\" is disabled"},
+        {"view guidance\ntap previous", "\"previous\" is disabled"},
+        {"view guidance\njam clear\ntap movie", "there is no \"movie\" to touch; there are "},
+        {"view status_running\ntap resume", "there is no \"resume\""},
+        {"view status_stopped\ntap resume\nexpect no text 141\nwait 100", ""},
+        {"view status_jam\ntap resume", "there is no \"resume\""},
+        {"view status\ntap stop", "there is no \"stop\""},
+        {"view status\ntap fault", "there is no \"fault\""},
+        {"view settings_sounds\ntap mute_all\ntap mute_all", "\"mute_all\" is disabled"},
+        {"view settings_sounds\ntap mute_all\ntap job_end_softer", "\"job_end_softer\" is disabled"},
+        {"view settings_sounds\ntap job_end_softer\nexpect no text 15667\ntap job_end_louder\nexpect text "
+         "15667\n"
+         "tap job_end_louder\nexpect text 15686\ntap job_end_louder",
+         "\"job_end_louder\" is disabled"},
+        {"view settings_sounds\ntap mute_all\nexpect no picture 4144\ntap job_end_louder\nexpect picture "
+         "4144",
+         ""},
+        {"view keyboard\ntap ok", "\"ok\" is disabled"},
+        {"view keyboard\ntap key_enter\nexpect screen keyboard", ""},
+        {"view keyboard\ntap key_q\ntap key_enter\nexpect screen home", ""},
+        {"view home\nkey energy_saver\ntap copy", "something lies above \"copy\""},
+        {"view home\nkey energy_saver\nkey home\ntap copy\nexpect screen copy", ""},
+        {"view copy_running\nkey energy_saver\ntap stop", ""}, // a job keeps it awake
+        {"view home\nkey energy_saver\njam fuser\ntap copy", ""},
+        {"view copy\nkey stop\ntap nav_home", ""}, // no job, nothing to ask
+        {"view copy_running\nkey stop\ntap nav_home", "something lies above \"nav_home\""},
+        {"view copy\ntap copy", "there is no \"copy\" to touch; there are back, "},
+        {"view home\ntap back", "there is no \"back\""},
+        {"view trays\nexpect text 9%\nexpect text !", ""}, // toner is low
+        {"view status_running\nexpect text 1\nexpect picture 533\ntap nav_home\nexpect text 1",
+         ""}, // its badge
     };
     for (const auto& row : rows) {
         EXPECT_EQ(run(std::string("language en\n") + row.script), row.told[0] == '\0' ? 0 : 1) << row.script;
         EXPECT_NE(errors().find(row.told), std::string::npos) << row.script << ": " << errors();
         EXPECT_EQ(row.told[0] == '\0', errors().empty()) << row.script << ": " << errors();
     }
+}
+
+TEST_F(scripts, an_address_is_four_numbers_and_a_name_has_its_limit) {
+    struct {
+        const char* typed;
+        bool is_good;
+    } const rows[] = {{"0.0.0.0", true},  {"255.255.255.255", true}, {"256.1.1.1", false},
+                      {"1.2.3", false},   {"1.2.3.4.5", false},      {"1..2.3", false},
+                      {"1.2.3.", false},  {"0001.2.3.4", false},     {"1.2.3.x", false},
+                      {"1.2.3.4 ", false}};
+    for (const auto& row : rows) {
+        std::string script = "language en\nview settings_network\ntap gateway\n";
+        for (int i = 0; i < 9; ++i) {
+            script += "tap key_backspace\n"; // 192.0.2.1
+        }
+        script += std::string("type \"") + row.typed + "\"\ntap ok\nexpect screen ";
+        script += row.is_good ? std::string("settings_network\nexpect text ") + row.typed
+                              : "keyboard\nexpect picture 177";
+        EXPECT_EQ(run(script), 0) << row.typed << ": " << errors();
+    }
+    const std::string name(63 - 13, 'n'); // panel-2-south
+    EXPECT_EQ(run("view settings_network\ntap host_name\ntype " + name +
+                  "\nexpect text \"Characters remaining: 0\"\ntype x\n"
+                  "expect text \"No more characters can be entered (maximum: 63).\"\nexpect picture 177\n"
+                  "tap key_backspace\nexpect no picture 177\ntap ok\nexpect text panel-2-south" +
+                  name.substr(1)),
+              0)
+        << errors();
+    EXPECT_EQ(run("view settings_network\nexpect text 47\ntap host_name\ntype x\ntap ok\ntap dhcp\ntap dhcp\n"
+                  "tap address\nexpect text 192.0.2.27\ntype 12345\nexpect text 192.0.2.2712345\n"
+                  "type 6\nexpect text 192.0.2.2712345\ntap key_5\ntap cancel\nexpect text 192.0.2.27"),
+              0)
+        << errors();
 }
 
 } // namespace
