@@ -207,12 +207,10 @@ bool inspector::eventFilter(QObject* watched, QEvent* event) {
         if (mouse->buttons() == Qt::NoButton && !is_pinned_) {
             inspection_.point_at(inspection_.element_at(parts_.view.panel_place(mouse->pos())));
         }
-    } else if (event->type() == QEvent::MouseButtonPress) {
+    } else if (event->type() == QEvent::MouseButtonPress || event->type() == QEvent::MouseButtonDblClick) {
         const auto* mouse = static_cast<const QMouseEvent*>(event);
         takes_release_ = take_click(parts_.view.panel_place(mouse->pos()), mouse->modifiers());
         return takes_release_;
-    } else if (event->type() == QEvent::MouseButtonDblClick && takes_release_) {
-        return true;
     } else if (event->type() == QEvent::MouseButtonRelease && takes_release_) {
         takes_release_ = false;
         return true;
