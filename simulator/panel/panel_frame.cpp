@@ -148,6 +148,7 @@ void panel_frame::show_screen() {
     }
     screen_ = find_screen(names_.last())->make({services_, *this});
     content_->layout()->addWidget(screen_);
+    screen_->show(); // the layout would do it later: what is hidden takes no focus
     title_->set_title(screen_->title(), names_.size() > 1);
     navigation_->set_current(names_.value(1, names_.first()));
     focus_first(*screen_);

@@ -59,6 +59,67 @@ TEST(panel, a_list_tells_a_tap_from_a_drag) {
     }
 }
 
+TEST(panel, a_list_follows_wheel_and_keys_within_its_rows) {
+    const simulation panel;
+    panel_list list;
+    std::vector<list_row> rows(20, list_row{QString(), {}, "1"});
+    for (int i = 0; i < 20; ++i) {
+        rows[static_cast<std::size_t>(i)].name = QString::number(i);
+    }
+    rows[12].is_chosen = true;
+    list.set_rows(rows);
+    const int row = px(grid::row);
+    list.resize(300, 4 * row);
+    int chosen = -1;
+    QObject::connect(&list, &panel_list::chosen, &list, [&chosen](int place) { chosen = place; });
+    const auto top = [&list, row] { // the first row that is seen
+        touch(list, QEvent::MouseButtonPress, 5);
+        int place = -1;
+        const auto told =
+            QObject::connect(&list, &panel_list::chosen, &list, [&place](int at) { place = at; });
+        touch(list, QEvent::MouseButtonRelease, 5);
+        QObject::disconnect(told);
+        return place;
+    };
+    const auto press = [&list, &chosen](int key, int times) {
+        for (int i = 0; i < times; ++i) {
+            QKeyEvent event(QEvent::KeyPress, key, Qt::NoModifier);
+            QCoreApplication::sendEvent(&list, &event);
+        }
+        QKeyEvent enter(QEvent::KeyPress, Qt::Key_Return, Qt::NoModifier);
+        QCoreApplication::sendEvent(&list, &enter);
+        return chosen;
+    };
+    const auto turn = [&list](int angle) {
+        QWheelEvent event(QPointF(5, 5), QPointF(5, 5), QPoint(), QPoint(0, angle), Qt::NoButton,
+                          Qt::NoModifier, Qt::NoScrollPhase, false);
+        QCoreApplication::sendEvent(&list, &event);
+    };
+    EXPECT_EQ(press(Qt::Key_Down, 1), 13); // from the chosen one on
+    EXPECT_EQ(top(), 10);
+    turn(-4 * row);
+    EXPECT_EQ(top(), 12);
+    list.set_rows(std::vector<list_row>(rows.begin(), rows.begin() + 19)); // stays where somebody scrolled to
+    EXPECT_EQ(top(), 12);
+    turn(2 * row);
+    EXPECT_EQ(top(), 11);
+    EXPECT_EQ(press(Qt::Key_Down, 30), 18);
+    EXPECT_EQ(top(), 15);
+    EXPECT_EQ(press(Qt::Key_Up, 30), 0);
+    EXPECT_EQ(top(), 0);
+    list.begin_anew();
+    EXPECT_EQ(top(), 9);
+    EXPECT_EQ(press(Qt::Key_Down, 9), 18);
+    list.set_rows(std::vector<list_row>(rows.begin(), rows.begin() + 5));
+    EXPECT_EQ(press(Qt::Key_Up, 1), 3); // of those that are left
+    panel_contents contents;
+    list.describe(contents);
+    EXPECT_EQ(contents.texts.size(), 4U);
+    touch(list, QEvent::MouseButtonPress, 5);
+    touch(list, QEvent::MouseButtonRelease, 2 * row + 5); // never moved, and yet elsewhere
+    EXPECT_EQ(chosen, 3);
+}
+
 TEST(panel, rows_are_mirrored_from_right_to_left) {
     const simulation panel;
     panel_list list;

@@ -212,6 +212,11 @@ TEST_F(scripts, an_address_is_four_numbers_and_a_name_has_its_limit) {
                               : "keyboard\nexpect picture 177";
         EXPECT_EQ(run(script), 0) << row.typed << ": " << errors();
     }
+    std::string digits = "view fax\n";
+    for (int i = 0; i < 26; ++i) {
+        digits += "key 7\n";
+    }
+    EXPECT_EQ(run(digits + "expect text " + std::string(24, '7')), 0) << errors();
     const std::string name(63 - 13, 'n'); // panel-2-south
     EXPECT_EQ(run("view settings_network\ntap host_name\ntype " + name +
                   "\nexpect text \"Characters remaining: 0\"\ntype x\n"
