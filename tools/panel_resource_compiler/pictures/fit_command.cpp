@@ -56,8 +56,11 @@ std::vector<misfit> check_language(const panel_language& language, const std::ve
         ++measured;
         misfit found;
         if (!fits_box(QString::fromStdString(text->second.text), language.family, box, found)) {
-            misfits.push_back(found);
+            const std::size_t counted = report.findings().size();
             report.add(found_misfit(language, text->second, found));
+            if (report.findings().size() > counted) {
+                misfits.push_back(found);
+            }
         }
     }
     if (!report.is_silent()) {
@@ -88,7 +91,8 @@ void declare(command_options& options, fit_line& line) {
     add_font_look_options(options, line.fonts);
     options.require("report", "FILE", line.report_file, "the simulator's report, panel_report/1");
     options.value("sheet", "DIR", line.sheets,
-                  "draws the texts that do not fit, into fit-LANGUAGE-01.png and so on");
+                  "draws the texts that do not fit, 1000 of a language at most, into\n"
+                  "fit-LANGUAGE-01.png and so on; removes what an earlier run left there");
 }
 
 } // namespace
