@@ -39,12 +39,13 @@ void convert_to_utf8(const QString& text, std::string& utf8) {
 
 /** Element names are ASCII as a rule: no detour through the toolkit's codec. */
 void convert_name(const QString& name, std::string& utf8) {
-    const QChar* const units = name.constData();
     utf8.resize(static_cast<std::string::size_type>(name.size()));
+    char* place = &utf8[0];
     unsigned int all = 0;
-    for (std::string::size_type i = 0; i < utf8.size(); ++i) {
-        all |= units[i].unicode();
-        utf8[i] = static_cast<char>(units[i].unicode());
+    const QChar* const end = name.constData() + name.size();
+    for (const QChar* c = name.constData(); c != end; ++c) {
+        all |= c->unicode();
+        *place++ = static_cast<char>(c->unicode());
     }
     if (all > 0x7f) {
         convert_to_utf8(name, utf8);
@@ -54,26 +55,26 @@ void convert_name(const QString& name, std::string& utf8) {
 /** Converts a text to UTF-8 with its white space simplified, as long as it is ASCII. @return whether it is */
 bool convert_simplified(const QString& text, std::string& utf8) {
     utf8.resize(static_cast<std::string::size_type>(text.size()));
-    std::string::size_type used = 0;
+    char* const first = &utf8[0];
+    char* place = first;
+    unsigned int all = 0;
     bool is_space_due = false;
     const QChar* const end = text.constData() + text.size();
     for (const QChar* c = text.constData(); c != end; ++c) {
         const ushort unit = c->unicode();
-        if (unit > 0x7f) {
-            return false;
-        }
+        all |= unit;
         if (is_ascii_space(unit)) {
-            is_space_due = used > 0;
+            is_space_due = place != first;
             continue;
         }
         if (is_space_due) {
-            utf8[used++] = ' ';
+            *place++ = ' ';
             is_space_due = false;
         }
-        utf8[used++] = static_cast<char>(unit);
+        *place++ = static_cast<char>(unit);
     }
-    utf8.resize(used);
-    return true;
+    utf8.resize(static_cast<std::string::size_type>(place - first));
+    return all <= 0x7f;
 }
 
 /** Replaces a text by its simplified form in its own memory, and converts that to UTF-8. */
