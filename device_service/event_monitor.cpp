@@ -26,6 +26,9 @@ void event_monitor::tell(event_function event, const std::vector<std::int32_t>& 
 }
 
 void event_monitor::tell(const std::vector<led_change>& changes) const {
+    if (interests_.empty()) {
+        return;
+    }
     for (const led_change& change : changes) {
         tell(change.is_edge ? EVENT_LED_EDGE : EVENT_LED, {change.led, change.status, change.is_lit ? 1 : 0});
     }

@@ -72,6 +72,9 @@ device_result led_board::run_timer(const led_timer& timer, std::int64_t now,
 void led_board::advance(std::int64_t now, std::vector<led_change>& changes) {
     for (std::int32_t number = 0; number < LED_COUNT; ++number) {
         led_state& led = leds_[index(number)];
+        if (led.next_change == NEVER || now < led.next_change) {
+            continue;
+        }
         const led_state before = led;
         bring_to(led, now);
         if (led.status != before.status) {

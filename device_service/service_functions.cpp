@@ -200,6 +200,7 @@ device_result carry_out(service_state& service, std::uint32_t connection, const 
         return result;
     }
     function_call call = {connection, header.host, {}, now};
+    call.values.reserve(request.records.size());
     for (const device_record& record : request.records) {
         call.values.push_back(record.value);
     }

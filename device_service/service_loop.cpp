@@ -49,8 +49,10 @@ bool service_loop::run(int stop) {
 }
 
 std::vector<pollfd> service_loop::watched(int stop) const {
-    std::vector<pollfd> descriptors = {{stop, POLLIN, 0},
-                                       {can_accept() ? listener_.descriptor() : -1, POLLIN, 0}};
+    std::vector<pollfd> descriptors;
+    descriptors.reserve(FIRST_PEER + peers_.size());
+    descriptors.push_back({stop, POLLIN, 0});
+    descriptors.push_back({can_accept() ? listener_.descriptor() : -1, POLLIN, 0});
     for (const auto& [number, peer] : peers_) {
         const int events = peer.unsent.empty() ? POLLIN : POLLIN | POLLOUT;
         descriptors.push_back({peer.socket.get(), static_cast<short>(events), 0});
@@ -76,8 +78,11 @@ void service_loop::serve(const std::vector<pollfd>& events) {
 }
 
 int service_loop::milliseconds_to_wait() const {
-    const std::int64_t now = monotonic_milliseconds();
     std::int64_t deadline = service_.next_deadline();
+    if (deadline < 0 && accepts_from_ == 0 && !has_more_to_log_) {
+        return -1;
+    }
+    const std::int64_t now = monotonic_milliseconds();
     if (accepts_from_ > now && (deadline < 0 || accepts_from_ < deadline)) {
         deadline = accepts_from_;
     }
@@ -156,7 +161,7 @@ void service_loop::accept() {
 }
 
 bool service_loop::can_accept() const {
-    return peers_.size() < MOST_PEERS && monotonic_milliseconds() >= accepts_from_;
+    return peers_.size() < MOST_PEERS && (accepts_from_ == 0 || monotonic_milliseconds() >= accepts_from_);
 }
 
 /** Closes a connection before the next wait. @param reason  null when the other end closed it */

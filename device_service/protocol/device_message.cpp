@@ -30,6 +30,7 @@ device_result decode_message(const char* bytes, std::size_t length, device_messa
     }
     message.result = dvc_pnl_dec_load(bytes + DVC_PNL_DEC_RESULT_OFFSET);
     message.records.clear();
+    message.records.reserve(static_cast<std::size_t>(count));
     const char* record = bytes + DVC_PNL_DEC_PARAMETERS_OFFSET;
     for (std::int32_t i = 0; i < count; ++i, record += DVC_PNL_DEC_RECORD_LENGTH) {
         message.records.push_back(

@@ -1,5 +1,6 @@
 #include "message_socket.h"
 
+#include "own_process.h"
 #include "platform_codes.h"
 #include "platform_folder.h"
 
@@ -16,7 +17,6 @@
 #include <sys/random.h>
 #include <sys/socket.h>
 #include <sys/stat.h>
-#include <sys/uio.h>
 #include <sys/un.h>
 
 namespace velarion {
@@ -139,14 +139,12 @@ platform_code send_message(int socket, ipc_header header, const void* payload, s
         return PLATFORM_TOO_LARGE;
     }
     header.length = static_cast<std::uint32_t>(IPC_HEADER_LENGTH + payload_length);
-    gen_ipc_msghdr head;
-    write_ipc_header(header, head.bytes);
-    iovec parts[2] = {{head.bytes, sizeof head.bytes}, {const_cast<void*>(payload), payload_length}};
-    msghdr message = {};
-    message.msg_iov = parts;
-    message.msg_iovlen = payload_length > 0 ? 2 : 1;
-    const ssize_t sent = ::sendmsg(socket, &message, MSG_NOSIGNAL | MSG_DONTWAIT);
-    return sent >= 0 ? PLATFORM_OK : code_of_transfer_error(errno);
+    char message[IPC_LONGEST_MESSAGE];
+    write_ipc_header(header, message);
+    if (payload_length > 0) {
+        std::memcpy(message + IPC_HEADER_LENGTH, payload, payload_length);
+    }
+    return send_whole_message(socket, message, header.length);
 }
 
 platform_code send_whole_message(int socket, const void* message, std::size_t length) {
@@ -157,8 +155,9 @@ platform_code send_whole_message(int socket, const void* message, std::size_t le
     return sent >= 0 ? PLATFORM_OK : code_of_transfer_error(errno);
 }
 
-platform_code receive_message(int socket, char* buffer, ipc_header& header) {
-    const ssize_t length = ::recv(socket, buffer, IPC_LONGEST_MESSAGE, MSG_DONTWAIT | MSG_TRUNC);
+platform_code receive_message(int socket, char* buffer, ipc_header& header, bool waits) {
+    const int flags = waits ? MSG_TRUNC : MSG_TRUNC | MSG_DONTWAIT;
+    const ssize_t length = ::recv(socket, buffer, IPC_LONGEST_MESSAGE, flags);
     if (length < 0) {
         return code_of_transfer_error(errno);
     }
@@ -167,6 +166,15 @@ platform_code receive_message(int socket, char* buffer, ipc_header& header) {
     }
     return read_ipc_header(buffer, static_cast<std::size_t>(length), header) ? PLATFORM_OK
                                                                              : PLATFORM_BAD_MESSAGE;
+}
+
+void let_receiving_wait(int socket, std::int64_t milliseconds) {
+    const timeval longest = {static_cast<time_t>(milliseconds / 1000),
+                             static_cast<suseconds_t>(milliseconds % 1000 * 1000)};
+    const int flags = ::fcntl(socket, F_GETFL);
+    if (flags >= 0 && ::setsockopt(socket, SOL_SOCKET, SO_RCVTIMEO, &longest, sizeof longest) == 0) {
+        ::fcntl(socket, F_SETFL, flags & ~O_NONBLOCK);
+    }
 }
 
 std::int64_t monotonic_milliseconds() {
@@ -195,8 +203,8 @@ std::uint64_t host_number() {
     static pid_t owner = 0;
     static std::uint64_t number = 0;
     const std::lock_guard<std::mutex> lock(*drawing);
-    if (owner != ::getpid()) {
-        owner = ::getpid();
+    if (owner != own_process()) {
+        owner = own_process();
         number = random_number();
     }
     return number;

@@ -37,14 +37,20 @@ PANEL_PLATFORM_EXPORT platform_code send_message(int socket, ipc_header header, 
 PANEL_PLATFORM_EXPORT platform_code send_whole_message(int socket, const void* message, std::size_t length);
 
 /**
- * Receives one message; never waits.
+ * Receives one message.
  *
  * @param buffer  room for IPC_LONGEST_MESSAGE bytes; undefined on failure
  * @param header  receives the header, which agrees with what arrived; undefined on failure
+ * @param waits   for a message as long as let_receiving_wait() said of the socket, unless a signal comes;
+ *                otherwise never
  * @return PLATFORM_OK; PLATFORM_WOULD_BLOCK; PLATFORM_CONNECTION_LOST; PLATFORM_BAD_MESSAGE for bytes that
  * are no message of the message layer
  */
-PANEL_PLATFORM_EXPORT platform_code receive_message(int socket, char* buffer, ipc_header& header);
+PANEL_PLATFORM_EXPORT platform_code receive_message(int socket, char* buffer, ipc_header& header,
+                                                    bool waits = false);
+
+/** Lets receive_message() wait where it is asked to; where that cannot be, it does not wait. */
+void let_receiving_wait(int socket, std::int64_t milliseconds);
 
 /** Milliseconds of a clock that only ever goes forward. */
 PANEL_PLATFORM_EXPORT std::int64_t monotonic_milliseconds();

@@ -1,8 +1,10 @@
 #include "service_connection.h"
 
 #include "message_socket.h"
+#include "own_process.h"
 #include "platform_codes.h"
 
+#include <atomic>
 #include <chrono>
 #include <cstring>
 #include <map>
@@ -69,11 +71,13 @@ bool service_connection::is_ready() {
         use_ = IN_CHECK;
     }
     const turn mine(*this);
+    is_looked_through_ = false;
     const std::int64_t now = monotonic_milliseconds();
     const bool is_first = !std::exchange(has_waited_, true);
     if (!wait_until_greeted(is_first ? now + LONGEST_START : now)) {
         return false;
     }
+    is_looked_through_ = true;
     if (is_silent_) {
         probe(now);
     }
@@ -113,8 +117,8 @@ platform_code service_connection::exchange(std::int32_t func_id, const char* req
 
 /** With the mutex held. Threads of the parent do not exist here, so that none of them has the turn. */
 void service_connection::start_anew_after_fork() {
-    if (owner_ != ::getpid()) {
-        owner_ = ::getpid();
+    if (owner_ != own_process()) {
+        owner_ = own_process();
         use_ = FREE;
         was_ready_ = false;
         has_waited_ = false;
@@ -143,6 +147,7 @@ void service_connection::close() {
     socket_.reset();
     is_greeted_ = false;
     is_silent_ = false;
+    is_looked_through_ = false;
 }
 
 /** Only a service that is not there, or not ready yet, is worth waiting for. */
@@ -188,7 +193,7 @@ void service_connection::probe(std::int64_t now) {
 }
 
 platform_code service_connection::make_ready(std::int64_t deadline) {
-    if (is_greeted_) {
+    if (is_greeted_ && !std::exchange(is_looked_through_, false)) {
         take_what_came();
     }
     if (socket_.get() < 0) {
@@ -204,7 +209,9 @@ platform_code service_connection::make_ready(std::int64_t deadline) {
     ipc_header header;
     const platform_code code = receive_whole(message, header, deadline);
     is_greeted_ = code == PLATFORM_OK && header.kind == IPC_GREETING;
-    if (!is_greeted_ && code != PLATFORM_NO_ANSWER) {
+    if (is_greeted_) {
+        let_receiving_wait(socket_.get(), LONGEST_EXCHANGE);
+    } else if (code != PLATFORM_NO_ANSWER) {
         close();
     }
     return is_greeted_ ? PLATFORM_OK : PLATFORM_NOT_READY;
@@ -242,8 +249,11 @@ platform_code service_connection::send_request(const ipc_header& header, const c
 }
 
 platform_code service_connection::receive_whole(char* message, ipc_header& header, std::int64_t deadline) {
+    // The socket knows one time; whoever has less left waits in another way.
+    bool waits = is_greeted_ && deadline - monotonic_milliseconds() >= LONGEST_EXCHANGE;
     for (;;) {
-        const platform_code code = receive_message(socket_.get(), message, header);
+        const platform_code code =
+            receive_message(socket_.get(), message, header, std::exchange(waits, false));
         if (code != PLATFORM_WOULD_BLOCK) {
             return code;
         }
@@ -274,7 +284,12 @@ platform_code service_connection::receive_answer(const ipc_header& request, char
     return PLATFORM_NO_ANSWER;
 }
 
-service_connection& connection_to_service(const std::string& name) {
+service_connection& connection_to_service(const char* name) {
+    static std::atomic<service_connection*> last{nullptr};
+    service_connection* const known = last.load(std::memory_order_acquire);
+    if (known && known->name() == name) {
+        return *known;
+    }
     static std::mutex* const opening = new std::mutex;
     static auto* const connections = new std::map<std::string, std::unique_ptr<service_connection>>;
     const std::lock_guard<std::mutex> lock(*opening);
@@ -282,6 +297,7 @@ service_connection& connection_to_service(const std::string& name) {
     if (!connection) {
         connection = std::make_unique<service_connection>(name);
     }
+    last.store(connection.get(), std::memory_order_release);
     return *connection;
 }
 

@@ -21,6 +21,8 @@ class service_connection {
 public:
     explicit service_connection(std::string name);
 
+    const std::string& name() const { return name_; }
+
     /**
      * Tells whether a request is worth sending: the service has greeted this process on a connection that
      * still stands, and has said something since it last left a request without an answer.
@@ -74,13 +76,14 @@ private:
     bool has_waited_ = false;
     file_descriptor socket_;
     bool is_greeted_ = false;
-    bool is_silent_ = false; ///< left a request without an answer, and nothing has come since
+    bool is_silent_ = false;         ///< left a request without an answer, and nothing has come since
+    bool is_looked_through_ = false; ///< by a check, since the last request
     std::int64_t next_probe_ = 0;
     std::uint32_t last_sequence_ = 0;
 };
 
-/** @return the connection to a service, the same for the same name; never destroyed */
-service_connection& connection_to_service(const std::string& name);
+/** @param name  not null. @return the connection to a service, the same for the same name; never destroyed */
+service_connection& connection_to_service(const char* name);
 
 } // namespace velarion
 

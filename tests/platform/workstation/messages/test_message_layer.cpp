@@ -6,6 +6,7 @@
 #include "scratch_platform.h"
 
 #include <atomic>
+#include <csignal>
 #include <cstring>
 #include <filesystem>
 #include <future>
@@ -259,6 +260,40 @@ TEST_F(test_message_layer, a_check_does_not_wait_for_the_request_of_another_thre
     EXPECT_TRUE(is_ready());
     has_checked.set_value();
     asking.join();
+}
+
+TEST_F(test_message_layer, signals_do_not_end_the_wait_for_a_reply) {
+    struct sigaction handling = {};
+    handling.sa_handler = [](int) {};
+    struct sigaction before = {};
+    ASSERT_EQ(sigaction(SIGUSR1, &handling, &before), 0);
+    {
+        const scripted_service service({[asking = pthread_self()](const ipc_header& request) {
+            for (int i = 0; i < 5; ++i) {
+                pthread_kill(asking, SIGUSR1);
+                emwOSWSleep(2000); // so that the wait is under way at one of them
+            }
+            return answer_well(request);
+        }});
+        ASSERT_TRUE(becomes_ready());
+        EXPECT_TRUE(exchange().is_answered());
+    }
+    sigaction(SIGUSR1, &before, nullptr);
+}
+
+/** Nothing that a check found a moment ago may stand in for the next one. */
+TEST_F(test_message_layer, every_check_looks_anew) {
+    auto service = std::make_unique<scripted_service>();
+    ASSERT_TRUE(becomes_ready());
+    ASSERT_TRUE(is_ready());
+    service.reset();
+    EXPECT_FALSE(is_ready());
+    service = std::make_unique<scripted_service>();
+    ASSERT_TRUE(becomes_ready());
+    service.reset(); // between a check and its request
+    service = std::make_unique<scripted_service>();
+    EXPECT_TRUE(exchange().is_answered());
+    EXPECT_TRUE(exchange().is_answered());
 }
 
 TEST_F(test_message_layer, readiness_is_the_truth) {
