@@ -1,6 +1,7 @@
 #include "device_tree.h"
 #include "headless_run.h"
 #include "simulator_options.h"
+#include "start_phases.h"
 #include "window_run.h"
 #include "window_style.h"
 
@@ -40,6 +41,7 @@ bool choose_platform(int argc, char** argv) {
 
 int main(int argc, char** argv) {
     using namespace velarion;
+    end_start_phase("to main");
     const bool has_display = choose_platform(argc, argv);
     qInstallMessageHandler(drop_start_up_remark);
     const QApplication application(argc, argv);

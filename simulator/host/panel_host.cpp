@@ -4,6 +4,7 @@
 #include "dvc_pnl_rmg_image_resource_manager.h"
 #include "dvc_pnl_rmg_language_resource.h"
 #include "panel_fonts.h"
+#include "picture_requests.h"
 #include "start_phases.h"
 
 namespace velarion {
@@ -21,6 +22,7 @@ panel_host::~panel_host() {
 }
 
 void panel_host::start_images_anew() {
+    picture_requests::start_anew();
     dvc_pnl_rmg_image_resource_manager::dvc_pnl_rmg_delete_instance();
     dvc_pnl_rmg_image_resource_manager::dvc_pnl_rmg_create_instance()->dvc_pnl_rmg_initialize();
 }

@@ -26,8 +26,12 @@ void picture_block::set_picture(const QString& id, const QString& suffix) {
     if (id != id_ || suffix != suffix_) {
         id_ = id;
         suffix_ = suffix;
-        reload();
+        is_loaded_ = false;
     }
+}
+
+void picture_block::reload() {
+    is_loaded_ = is_loaded_ && generation_ == picture_requests::generation();
 }
 
 void picture_block::load(const QSize& size) const {
@@ -35,6 +39,7 @@ void picture_block::load(const QSize& size) const {
         return;
     }
     is_loaded_ = true;
+    generation_ = picture_requests::generation();
     size_ = size;
     pixmap_ = QPixmap();
     int result =

@@ -21,7 +21,8 @@ public:
     void set_picture(const QString& id, const QString& suffix = QString());
     const QString& id() const { return id_; }
     bool is_empty() const { return id_.isEmpty(); }
-    void reload() { is_loaded_ = false; }
+    /** Reads the picture anew if it may be another one since: no language changes it. */
+    void reload();
 
     /** Draws the picture, filling the box, which is px; mirrored from right to left. */
     void draw(QPainter& painter, const QRect& box, Qt::LayoutDirection direction = Qt::LeftToRight) const;
@@ -37,6 +38,7 @@ private:
     QString id_;
     QString suffix_;
     mutable bool is_loaded_ = false;
+    mutable int generation_ = 0; ///< of picture_requests when it was loaded
     mutable QSize size_;
     mutable QPixmap pixmap_;
     mutable shown_picture shown_;

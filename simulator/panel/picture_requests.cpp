@@ -17,6 +17,7 @@ dvc_pnl_rmg_image_resource_manager& images() {
 } // namespace
 
 picture_counts picture_requests::counts_;
+int picture_requests::generation_ = 0;
 
 int picture_requests::get_image(const QString& id, const QString& suffix, const QSize& size, QPixmap& pixmap,
                                 QString& found_name, bool& was_cached) {

@@ -27,6 +27,11 @@ public:
     static int get_image(const QString& id, const QString& suffix, const QSize& size, QPixmap& pixmap,
                          QString& found_name, bool& was_cached);
 
+    /** Pictures may be others from here on. */
+    static void start_anew() { ++generation_; }
+    /** Another one after each start_anew(). */
+    static int generation() { return generation_; }
+
     static const picture_counts& counts() { return counts_; }
     static void set_counts(const picture_counts& counts) { counts_ = counts; }
 
@@ -37,6 +42,7 @@ private:
     static bool is_answered_by_cache(const QString& id, const QString& suffix, const QSize& size);
 
     static picture_counts counts_;
+    static int generation_;
 };
 
 } // namespace velarion

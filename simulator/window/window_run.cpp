@@ -127,6 +127,7 @@ int run_window(const simulator_options& options) {
     device_link link;
     service_keeper service(link);
     simulation panel(&link);
+    end_start_phase("panel");
     if (!show_start_view(panel, options)) {
         return SIMULATOR_USAGE;
     }
@@ -158,6 +159,7 @@ int run_window(const simulator_options& options) {
         }
         window.pulse().take_longest();
     });
+    end_start_phase("window");
     service.begin(options.service.value_or(service_source::AUTO));
     window.show();
     const int result = QApplication::exec();

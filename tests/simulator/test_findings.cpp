@@ -146,6 +146,21 @@ TEST_F(findings, tell_the_file_of_a_picture_and_whether_the_cache_had_it) {
     }
 }
 
+TEST_F(findings, pictures_are_asked_for_again_only_when_they_may_be_others) {
+    picture_block block("4");
+    const auto requests = [&block] {
+        picture_requests::set_counts({});
+        block.reload();
+        panel_contents contents;
+        block.describe(QRect(), contents);
+        return picture_requests::counts().hits + picture_requests::counts().misses;
+    };
+    EXPECT_EQ(requests(), 1);
+    EXPECT_EQ(requests(), 0);
+    host_.start_images_anew();
+    EXPECT_EQ(requests(), 1);
+}
+
 TEST_F(findings, tell_texts_that_overflow_overlap_or_lack_glyphs) {
     panel_contents contents;
     const auto add = [&contents](const QString& text, const QRect& box, const QSize& needed) {
