@@ -5,16 +5,12 @@
 #include "dvc_pnl_rmg_image_cache.h"
 #include "dvc_pnl_rmg_image_resource_manager.h"
 #include "measured_cases.h"
+#include "picture_peers.h"
 
 #include <QApplication>
 #include <QCache>
 #include <QIcon>
-#include <QPainter>
 #include <QPixmapCache>
-#include <QSvgRenderer>
-
-#include <cairo.h>
-#include <librsvg/rsvg.h>
 
 #include <cstdio>
 #include <cstring>
@@ -27,6 +23,8 @@
 namespace {
 
 using velarion::add_case;
+using velarion::draw;
+using velarion::draw_with_librsvg;
 using velarion::dvc_pnl_rmg_image_resource_manager;
 using velarion::keep;
 
@@ -42,31 +40,6 @@ constexpr char BITMAP[] = "gra_help_1_1.png";
 QString path_of(const char* file_name) {
     return QString::fromUtf8(dvc_pnl_rmg_image_resource_manager::RESOURCE_DIR.c_str()) +
            QString::fromLatin1(file_name);
-}
-
-/** What a drawing cannot do without. An edge of 0 is the natural size. */
-QPixmap draw(const QString& path, int edge) {
-    QSvgRenderer renderer(path);
-    QPixmap pixmap(edge > 0 ? QSize(edge, edge) : renderer.viewBox().size());
-    pixmap.fill(Qt::transparent);
-    QPainter painter(&pixmap);
-    renderer.render(&painter);
-    return pixmap;
-}
-
-QPixmap draw_with_librsvg(const QString& path, int edge) {
-    RsvgHandle* const handle = rsvg_handle_new_from_file(path.toUtf8().constData(), nullptr);
-    QImage image(edge, edge, QImage::Format_ARGB32_Premultiplied);
-    image.fill(Qt::transparent);
-    cairo_surface_t* const surface = cairo_image_surface_create_for_data(image.bits(), CAIRO_FORMAT_ARGB32,
-                                                                         edge, edge, image.bytesPerLine());
-    cairo_t* const painter = cairo_create(surface);
-    const RsvgRectangle viewport = {0, 0, static_cast<double>(edge), static_cast<double>(edge)};
-    rsvg_handle_render_document(handle, painter, &viewport, nullptr);
-    cairo_destroy(painter);
-    cairo_surface_destroy(surface);
-    g_object_unref(handle);
-    return QPixmap::fromImage(image);
 }
 
 QPixmap scaled(const QPixmap& picture, int edge) {

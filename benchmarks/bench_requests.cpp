@@ -7,15 +7,13 @@
 #include "dvc_pnl_dec_communication.h"
 #include "dvc_pnl_dec_facade.h"
 #include "measured_cases.h"
+#include "other_process.h"
 
 #include <sched.h>
-#include <sys/prctl.h>
 #include <sys/socket.h>
-#include <sys/wait.h>
 #include <systemd/sd-bus.h>
 #include <unistd.h>
 
-#include <csignal>
 #include <cstdio>
 #include <cstdlib>
 #include <filesystem>
@@ -26,34 +24,13 @@
 namespace {
 
 using velarion::add_case;
+using velarion::other_process;
 
 constexpr std::size_t REQUEST_LENGTH = 104;
 constexpr std::size_t REPLY_LENGTH = 88;
 constexpr int MANY = 100;
 constexpr char BUS_NAME[] = "org.example.PanelBench";
 constexpr char BUS_PATH[] = "/led";
-
-/** A process that ends with this one, at the latest. */
-class other_process {
-public:
-    explicit other_process(const std::function<void()>& work)
-        : id_(fork()) {
-        if (id_ == 0) {
-            prctl(PR_SET_PDEATHSIG, SIGTERM);
-            work();
-            _exit(127);
-        }
-    }
-    other_process(const other_process&) = delete;
-    other_process& operator=(const other_process&) = delete;
-    ~other_process() {
-        kill(id_, SIGTERM);
-        waitpid(id_, nullptr, 0);
-    }
-
-private:
-    pid_t id_;
-};
 
 void expect(bool is_true, const char* what) {
     if (!is_true) {
@@ -154,7 +131,7 @@ int run(int argc, char** argv) {
     });
     sd_bus* const bus = open_bus();
     add_requests("dbus", [bus] { expect(call_bus(bus) >= 0, "the bus gives no answer"); });
-    return velarion::run_cases(argc, argv);
+    return velarion::run_cases(argc, argv, velarion::measured_time::PASSING); // the other processes' too
 }
 
 } // namespace

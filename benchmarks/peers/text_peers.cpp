@@ -1,6 +1,7 @@
 #include "text_peers.h"
 
 #include <QCoreApplication>
+#include <QFile>
 #include <QTranslator>
 
 #include <clocale>
@@ -28,6 +29,9 @@ text_peers::text_peers(const std::string& folder)
     bindtextdomain(DOMAIN, folder.c_str());
     bind_textdomain_codeset(DOMAIN, "UTF-8");
 
+    if (!QFile::exists(QString::fromStdString(folder + "/root.res"))) {
+        return;
+    }
     UErrorCode error = U_ZERO_ERROR;
     bundle_.reset(ures_openDirect(folder.c_str(), "root", &error));
     if (U_FAILURE(error)) {

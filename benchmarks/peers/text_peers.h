@@ -16,15 +16,16 @@ namespace velarion {
 class text_peers {
 public:
     /**
-     * Opens texts.qm, de/LC_MESSAGES/panel.mo and root.res of a folder.
+     * Opens texts.qm, de/LC_MESSAGES/panel.mo and root.res of a folder; it may have no root.res.
      *
-     * @throws std::runtime_error a catalogue is not there
+     * @throws std::runtime_error another catalogue is not there, or it is none
      */
     explicit text_peers(const std::string& folder);
     ~text_peers();
 
     static QString by_gettext(const char* key);
     static QString by_translator(const char* key);
+    bool has_icu() const { return static_cast<bool>(bundle_); }
     QString by_icu(const char* key) const;
 
 private:

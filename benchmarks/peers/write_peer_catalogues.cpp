@@ -1,6 +1,7 @@
 /*
  * Writes the compiled-in texts of a language for the peers: texts.po for msgfmt, texts.ts for lrelease,
- * root.txt for genrb. The key of a text is the message's id in each of them.
+ * root.txt for genrb. The key of a text is the message's id in each of them; texts.keys holds the keys, a
+ * line each.
  */
 #include "dvc_pnl_rmg_language_resource.h"
 #include "dvc_pnl_rmg_message_table.h"
@@ -60,10 +61,12 @@ int main(int argc, char** argv) {
         folder + QLatin1String("texts.ts"),
         "<?xml version=\"1.0\" encoding=\"utf-8\"?>\n<TS version=\"2.1\"><context><name>panel</name>\n");
     catalogue_file icu(folder + QLatin1String("root.txt"), "root:table(nofallback) {\n");
+    catalogue_file keys(folder + QLatin1String("texts.keys"), "");
     auto& texts = *velarion::dvc_pnl_rmg_language_resource::dvc_pnl_rmg_create_instance();
     for (int i = 0; i < dvc_pnl_rmg_imple_message_table_size; ++i) {
         const QByteArray key = QByteArray::number(dvc_pnl_rmg_impl_message_table[i].message_id);
         const QString text = texts.dvc_pnl_rmg_get_message(key.constData(), language);
+        keys.stream() << key << '\n';
         po.stream() << "msgid \"" << key << "\"\nmsgstr " << quoted(text) << '\n';
         ts.stream() << "<message><source>" << key << "</source><translation>" << text.toHtmlEscaped()
                     << "</translation></message>\n";
@@ -73,7 +76,7 @@ int main(int argc, char** argv) {
     const bool is_po = po.close("");
     const bool is_ts = ts.close("</context></TS>\n");
     const bool is_icu = icu.close("}\n");
-    if (!is_po || !is_ts || !is_icu) {
+    if (!is_po || !is_ts || !is_icu || !keys.close("")) {
         std::fprintf(stderr, "write_peer_catalogues: %s cannot be written\n", argv[1]);
         return 3;
     }

@@ -84,7 +84,7 @@ void add_case(const std::string& name, int items, std::function<void()> prepare,
     all_cases().push_back({name, items, std::move(prepare), std::move(run)});
 }
 
-int run_cases(int argc, char** argv) {
+int run_cases(int argc, char** argv, measured_time time) {
     if (argc == 4 && std::strcmp(argv[1], "--count") == 0) {
         return count(argv[2], std::atoi(argv[3]));
     }
@@ -93,8 +93,11 @@ int run_cases(int argc, char** argv) {
         return 1;
     }
     for (const measured_case& measured : all_cases()) {
-        benchmark::RegisterBenchmark(measured.name.c_str(),
-                                     [&measured](benchmark::State& state) { measure(state, measured); });
+        auto* const registered = benchmark::RegisterBenchmark(
+            measured.name.c_str(), [&measured](benchmark::State& state) { measure(state, measured); });
+        if (time == measured_time::PASSING) {
+            registered->UseRealTime();
+        }
     }
     benchmark::RunSpecifiedBenchmarks();
     return 0;

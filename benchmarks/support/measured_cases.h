@@ -22,13 +22,16 @@ void add_case(const std::string& name, int items, std::function<void()> run);
 /** The same, with what has to be so before each call and is not measured. */
 void add_case(const std::string& name, int items, std::function<void()> prepare, std::function<void()> run);
 
+/** What counts as the time of a case: that of this thread at work, or that which passes. */
+enum class measured_time { OF_THREAD, PASSING };
+
 /**
  * Measures the cases as the options of Google Benchmark say, or with "--count NAME CALLS" does @p CALLS calls
  * of one case between callgrind's marks, and nothing else.
  *
  * @return the exit code: 0, 1 an option is wrong, 2 there is no such case
  */
-int run_cases(int argc, char** argv);
+int run_cases(int argc, char** argv, measured_time time = measured_time::OF_THREAD);
 
 /** Keeps the work behind a value from being optimised away. */
 void keep(std::size_t value);
