@@ -1,4 +1,5 @@
 """Draws the plots of docs/images from what bench_sizes.py measured: small, the same bytes for the same figures, text as text."""
+import math
 from pathlib import Path
 
 import matplotlib
@@ -18,7 +19,7 @@ LINES = {
 }
 matplotlib.use("svg")
 pyplot.rcParams.update({
-    "svg.fonttype": "none", "svg.hashsalt": "panel", "font.family": "sans-serif", "font.sans-serif": ["DejaVu Sans", "Arial"],
+    "xtick.minor.bottom": False, "svg.fonttype": "none", "svg.hashsalt": "panel", "font.family": "sans-serif", "font.sans-serif": ["DejaVu Sans", "Arial"],
     "font.size": 10, "axes.edgecolor": QUIET, "axes.labelcolor": INK, "axes.titlesize": 11, "axes.titleweight": "bold",
     "axes.titlecolor": INK, "axes.titlelocation": "left", "xtick.color": QUIET, "ytick.color": QUIET, "axes.spines.top": False,
     "axes.spines.right": False, "axes.grid": True, "grid.color": GRID, "axes.axisbelow": True, "figure.facecolor": PAPER,
@@ -26,14 +27,16 @@ pyplot.rcParams.update({
 
 
 def in_words(value, _=None):
-    if value >= 1e6:
-        return f"{value / 1e6:g}M"
-    return f"{value / 1e3:g}k" if value >= 1e4 else f"{value:,.0f}" if value >= 1 else f"{value:g}"
+    return f"{value / 1e6:g} million" if value >= 1e6 else f"{value:,.0f}" if value >= 1e3 else f"{value:g}"
 
 
 def label_ends(axes, ends):
-    """Names at the ends of lines, moved apart where they would touch."""
-    pixels = sorted((axes.transData.transform((x, y))[1], x, name, color) for x, y, name, color in ends)
+    """Names at the ends of lines, moved apart where they would touch; above the end of a line that is shorter than others."""
+    last = max(x for x, *_ in ends)
+    for x, y, name, color in ends:
+        if x < last:
+            axes.annotate(name, (x, y), xytext=(0, 7), textcoords="offset points", color=color, ha="center", fontsize=9.5)
+    pixels = sorted((axes.transData.transform((x, y))[1], x, name, color) for x, y, name, color in ends if x == last)
     least = 13.0
     places = []
     for place, *_ in pixels:
@@ -46,15 +49,20 @@ def label_ends(axes, ends):
                       fontweight="bold" if name == "ours" else "normal", annotation_clip=False)
 
 
+def decades(lines):
+    values = [y for _, _, points in lines for _, y in points]
+    return math.log10(max(values) / min(values))
+
+
 def panel(axes, title, size, unit, lines, ticks=None, is_log=True):
     """One diagram. Lines are (name, style, points); ticks are the sizes that are marked."""
     axes.set_title(title, pad=10)
-    axes.set_xscale("log", base=2 if ticks and ticks[0] * 2 == ticks[1] else 10)
+    axes.set_xscale("log")
     axes.set_xlabel(size)
     axes.set_ylabel(unit)
     if is_log:
         axes.set_yscale("log")
-        axes.yaxis.set_major_locator(LogLocator(numticks=8))
+        axes.yaxis.set_major_locator(LogLocator(subs=(1, 2, 5), numticks=12) if decades(lines) < 2 else LogLocator(numticks=12))
         axes.yaxis.set_minor_formatter(NullFormatter())
     else:
         axes.set_ylim(0, 1.1 * max(y for _, _, points in lines for _, y in points))
@@ -103,13 +111,14 @@ def draw_catalogue(figures):
                              [("both", "ours", both), ("compiled", "third peer", of("making", "compiled")),
                               ("generated", "first peer", of("making", "generated"))], ticks, False),
                             ("Loading the library", "messages in the catalogue", "milliseconds",
-                             [("ours", "ours", of("loading", "ours", 1e-6))], ticks, False)])
+                             [("ours", "ours", of("loading", "ours", 1e-6)),
+                              ("not packed", "floor", of("loading", "plain", 1e-6))], ticks, False)])
 
 
 def draw_pictures(figures):
     def of(what, who, factor):
         return scaled(figures, ("pictures", what, who), factor)
-    ticks = [16, 32, 64, 128, 256, 512, 1024]
+    ticks = [16, 64, 256, 1024]
     figure_of("pictures", [("An SVG picture, drawn", "edge, px", "milliseconds",
                             [("ours", "ours", of("svg", "ours", 1e-6)), ("QSvgRenderer", "floor", of("svg", "floor", 1e-6)),
                              ("QIcon", "first peer", of("svg", "icon", 1e-6)),
@@ -136,7 +145,7 @@ def draw_hosts(figures):
                          ticks, False),
                         ("Time of a request", "hosts at once", "microseconds",
                          [("ours", "ours", of("median", "ours", 1e-3)), ("bare socket", "floor", of("median", "floor", 1e-3)),
-                          ("ours, slowest 1 %", "first peer", of("slowest", "ours", 1e-3))], ticks)])
+                          ("slowest 1 %", "first peer", of("slowest", "ours", 1e-3))], ticks)])
 
 
 def draw(figures):

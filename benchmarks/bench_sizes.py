@@ -8,7 +8,7 @@ import tempfile
 from pathlib import Path
 
 from measurements import PROJECT
-from table_making import TableMaking
+from table_making import LIBRARY, PLAIN_LIBRARY, TableMaking
 
 FIGURES = PROJECT / "benchmarks" / "sizes.tsv"
 HEAD = "series\twhat\twho\tsize\tfigure"
@@ -63,10 +63,10 @@ def measure_catalogue(bench):
             environment = ["env", f"LD_LIBRARY_PATH={folder}"]
             make_peers(bench, folder / "peers", environment, messages)
             times, _ = bench.rates("bench_texts", "text_any", ROUNDS, environment, PEER_CATALOGUES=str(folder / "peers"))
-            loading = bench.loading(f"ours={folder}/libpanel_view_support.so.0")
+            loading = bench.loading(f"ours={folder}/{LIBRARY}.0", f"plain={folder}/{PLAIN_LIBRARY}")
             yield from (("lookup", case.split("/")[1], messages, median(rounds)) for case, rounds in times.items())
             yield from (("making", what, messages, seconds) for what, (seconds, _) in zip(("generated", "compiled"), costs))
-            yield "loading", "ours", messages, median(loading["loading/ours"])
+            yield from (("loading", who, messages, median(loading["loading/" + who])) for who in ("ours", "plain"))
 
 
 def measure_pictures(bench):
@@ -118,15 +118,12 @@ def exponent(points, least):
 
 def run(bench, wanted):
     """Measures the series wanted, none for None, and draws all. Returns the exit code."""
-    figures = read()
     for series in wanted or ():
         print(f"bench: {series}", file=sys.stderr)
         measured = {}
         for what, who, size, figure in SERIES[series](bench):
             measured.setdefault((series, what, who), []).append((size, figure))
-        figures = {key: points for key, points in figures.items() if key[0] != series}
-        figures.update(measured)
-        write(figures)
+        write({**{key: points for key, points in read().items() if key[0] != series}, **measured})
     figures = read()
     for who in ("ours", "floor", "expat"):
         if ("documents", "whole", who) in figures:

@@ -7,6 +7,8 @@ import tempfile
 from pathlib import Path
 
 LIBRARY = "libpanel_view_support.so"
+PLAIN_LIBRARY = "libpanel_view_support_plain.so"
+PACKING = "-Wl,-z,pack-relative-relocs"
 MEGABYTE = 1024.0  # of the kilobytes that the system counts
 
 
@@ -48,10 +50,14 @@ class TableMaking:
         return self.run(self.generation, folder, catalogue), self.run(self.compilation, folder, catalogue)
 
     def make_library(self, folder, catalogue):
-        """Makes the library with the tables of a catalogue; a program finds it in LD_LIBRARY_PATH. Returns as make()."""
+        """
+        Makes the library with the tables of a catalogue, which a program finds in LD_LIBRARY_PATH, and one without packed
+        relocations beside it. Returns as make().
+        """
         cost = self.make(folder, catalogue)
         link = re.sub(rf" -o lib/{re.escape(LIBRARY)}\S*", f" -o {folder}/{LIBRARY}.0", self.link)
-        self.run([link], folder, catalogue)
+        plain = link.replace(PACKING, "").replace(f"{folder}/{LIBRARY}.0", f"{folder}/{PLAIN_LIBRARY}")
+        self.run([link, plain], folder, catalogue)
         return cost
 
     def costs(self, rounds):
