@@ -31,11 +31,12 @@ def in_words(value, _=None):
 
 
 def label_ends(axes, ends):
-    """Names at the ends of lines, moved apart where they would touch; above the end of a line that is shorter than others."""
+    """Names at the ends of lines, moved apart where they would touch; below the end of a line that is shorter than others."""
     last = max(x for x, *_ in ends)
     for x, y, name, color in ends:
         if x < last:
-            axes.annotate(name, (x, y), xytext=(0, 7), textcoords="offset points", color=color, ha="center", fontsize=9.5)
+            axes.annotate(name, (x, y), xytext=(4, -13), textcoords="offset points", color=color, fontsize=9.5,
+                          bbox={"facecolor": PAPER, "edgecolor": "none", "alpha": 0.8, "pad": 0.5})
     pixels = sorted((axes.transData.transform((x, y))[1], x, name, color) for x, y, name, color in ends if x == last)
     least = 13.0
     places = []
@@ -123,17 +124,23 @@ def draw_pictures(figures):
                             [("ours", "ours", of("svg", "ours", 1e-6)), ("QSvgRenderer", "floor", of("svg", "floor", 1e-6)),
                              ("QIcon", "first peer", of("svg", "icon", 1e-6)),
                              ("librsvg", "second peer", of("svg", "librsvg", 1e-6))], ticks),
-                           ("The same, from the cache", "edge, px", "nanoseconds",
+                           ("One from the cache", "edge, px", "nanoseconds",
                             [("ours", "ours", of("svg_cached", "ours", 1)), ("QCache", "floor", of("svg_cached", "floor", 1)),
                              ("QIcon", "first peer", of("svg_cached", "icon", 1))], ticks)])
 
 
 def draw_documents(figures):
-    def of(who):
+    def whole(who):
         return scaled(figures, ("documents", "whole", who), 1e-6)
+
+    def each(who):
+        return [(size, 1e3 * milliseconds / size) for size, milliseconds in whole(who)]
+    peers = (("ours", "ours", "ours"), ("bare SAX", "floor", "floor"), ("expat", "first peer", "expat"))
+    ticks = [10, 1000, 100000]
     figure_of("documents", [("A document, read and collected", "entries in the document", "milliseconds",
-                             [("ours", "ours", of("ours")), ("bare SAX handler", "floor", of("floor")),
-                              ("expat", "first peer", of("expat"))], [10, 100, 1000, 10000, 100000, 1000000])])
+                             [(name, style, whole(who)) for name, style, who in peers], ticks),
+                            ("Each of its entries", "entries in the document", "microseconds",
+                             [(name, style, each(who)) for name, style, who in peers], ticks, False)])
 
 
 def draw_hosts(figures):
