@@ -167,6 +167,9 @@ void measure(const char* work, int hosts, const std::function<bool(int host)>& r
         all.insert(all.end(), reports.of(host).nanoseconds, reports.of(host).nanoseconds + count);
         close(controls[static_cast<std::size_t>(host)].host);
     }
+    if (all.empty()) {
+        throw std::runtime_error("no host had a request to make");
+    }
     std::sort(all.begin(), all.end());
     std::printf("%s %d %.0f %.0f %.0f\n", work, hosts, static_cast<double>(all.size()) / seconds,
                 all[all.size() / 2], all[all.size() * 99 / 100]);

@@ -30,21 +30,29 @@ def in_words(value, _=None):
     return f"{value / 1e6:g} million" if value >= 1e6 else f"{value:,.0f}" if value >= 1e3 else f"{value:g}"
 
 
+def spread(wanted, distance=13.0):
+    """Places that keep a distance, in the order of those wanted and about there."""
+    groups = []
+    for place in wanted:
+        group = [place]
+        while groups:
+            needed = distance * (len(group) + len(groups[-1])) / 2
+            if sum(group) / len(group) - sum(groups[-1]) / len(groups[-1]) >= needed:
+                break
+            group = groups.pop() + group
+        groups.append(group)
+    return [sum(group) / len(group) + distance * (i - (len(group) - 1) / 2) for group in groups for i in range(len(group))]
+
+
 def label_ends(axes, ends):
-    """Names at the ends of lines, moved apart where they would touch; below the end of a line that is shorter than others."""
+    """Names at the ends of lines, moved apart where they would touch; above the end of a line that is shorter than others."""
     last = max(x for x, *_ in ends)
     for x, y, name, color in ends:
         if x < last:
-            axes.annotate(name, (x, y), xytext=(4, -13), textcoords="offset points", color=color, fontsize=9.5,
+            axes.annotate(name, (x, y), xytext=(0, 7), textcoords="offset points", color=color, ha="center", fontsize=9.5,
                           bbox={"facecolor": PAPER, "edgecolor": "none", "alpha": 0.8, "pad": 0.5})
     pixels = sorted((axes.transData.transform((x, y))[1], x, name, color) for x, y, name, color in ends if x == last)
-    least = 13.0
-    places = []
-    for place, *_ in pixels:
-        places.append(max(place, places[-1] + least) if places else place)
-    excess = sum(placed - wanted for placed, (wanted, *_) in zip(places, pixels)) / len(places)
-    for place, (wanted, x, name, color) in zip(places, pixels):
-        height = place - min(excess, least) if excess > 0 else place
+    for height, (_, x, name, color) in zip(spread([place for place, *_ in pixels]), pixels):
         at = axes.transData.inverted().transform((0, height))[1]
         axes.annotate(name, (x, at), xytext=(6, 0), textcoords="offset points", color=color, va="center", fontsize=9.5,
                       fontweight="bold" if name == "ours" else "normal", annotation_clip=False)
@@ -63,6 +71,7 @@ def panel(axes, title, size, unit, lines, ticks=None, is_log=True):
     axes.set_ylabel(unit)
     if is_log:
         axes.set_yscale("log")
+        axes.margins(y=0.12)
         axes.yaxis.set_major_locator(LogLocator(subs=(1, 2, 5), numticks=12) if decades(lines) < 2 else LogLocator(numticks=12))
         axes.yaxis.set_minor_formatter(NullFormatter())
     else:
@@ -87,7 +96,7 @@ def figure_of(name, panels):
     """Draws diagrams beside each other: of each the arguments of panel()."""
     figure, all_axes = pyplot.subplots(1, len(panels), figsize=(WIDTH, HEIGHT), squeeze=False)
     ends = [panel(axes, *arguments) for axes, arguments in zip(all_axes[0], panels)]
-    figure.subplots_adjust(left=0.085, right=0.875, top=0.87, bottom=0.16, wspace=0.62)
+    figure.subplots_adjust(left=0.1, right=0.875, top=0.87, bottom=0.16, wspace=0.62)
     figure.canvas.draw()
     for axes, ends_of_axes in zip(all_axes[0], ends):
         label_ends(axes, ends_of_axes)
