@@ -25,7 +25,7 @@ protected:
 TEST_F(keyboard_file, keys_functions_and_single_signs) {
     keyboard board;
     ASSERT_TRUE(
-        read_keyboard(path_of("# x\r\nname = N = M\r\ndirection = rtl\n\n[base]\n: { } [ ] a:bc {up*2.5}\n"
+        read_keyboard(path_of("# x\r\nname = N = M\r\ndirection = rtl\n\n[base]\n: { } [ ] a:bc  {up*2.5}\n"
                               "[ ] <\n[up]\n{base}\n[composition]\n= = ==\n"),
                       board, fault_))
         << fault_.toStdString();
@@ -57,6 +57,20 @@ TEST_F(keyboard_file, faults_name_their_line) {
         {"[base]\na {up}\n", "file: layer \"base\": {up} is neither a function nor a layer"},
         {"[base]\n\xFF\n", "file: is larger than 1 MiB or no UTF-8"},
         {"[base]\na\n", ""},
+        {"[base]\n {} [] {base*20}  {backspace} {enter} {left} {next} {right} {space}\n", ""},
+        {"direction = ltr\n[base]\na\n", ""},
+        {"direction = up\n[base]\na\n",
+         "file:1: is neither \"name = TEXT\" nor \"direction = ltr\" or \"rtl\""},
+        {"side = rtl\n[base]\na\n", "file:1: is neither \"name = TEXT\" nor \"direction = ltr\" or \"rtl\""},
+        {"name = \n[base]\na\n", "file:1: is neither \"name = TEXT\" nor \"direction = ltr\" or \"rtl\""},
+        {"[base a]\na\n", "file:1: is neither \"name = TEXT\" nor \"direction = ltr\" or \"rtl\""},
+        {"[]\n[base]\na\n", "file:1: is neither \"name = TEXT\" nor \"direction = ltr\" or \"rtl\""},
+        {"[base]\n{base*20.5}\n", "file:2: \"{base*20.5}\" is no key"},
+        {"[base]\n{base*1*1}\n", "file:2: \"{base*1*1}\" is no key"},
+        {"[base]\n{base*x}\n", "file:2: \"{base*x}\" is no key"},
+        {"[base]\n{*2}\n", "file:2: \"{*2}\" is no key"},
+        {"[composition]\n = b\n", "file:2: is no \"KEYS = TEXT\""},
+        {"[composition]\na = \n", "file:2: is no \"KEYS = TEXT\""},
     };
     for (const auto& row : rows) {
         keyboard board;
@@ -74,10 +88,23 @@ TEST_F(keyboard_file, prohibitions_of_all_languages_and_of_one) {
     ASSERT_TRUE(read_prohibitions(path, 81, rules, fault_)) << fault_.toStdString();
     EXPECT_EQ(rules.size(), 2U);
     EXPECT_EQ(rules[QStringLiteral("file")].toStdString(), "/ABC-\xF0\x9F\x98\x80");
-    for (const char* bad : {"[1]\nf = ab\n", "[1]\nf = U+110000\n", "[1]\nf = U+0043-U+0041\n",
-                            "[1]\nf = U+0000-U+FFFF\n", "f = a\n"}) {
+    for (const char* bad :
+         {"[1]\nf = ab\n", "[1]\nf = U+110000\n", "[1]\nf = U+0043-U+0041\n", "[1]\nf = U+0000-U+FFFF\n",
+          "f = a\n", "[1]\nf = U+004G\n", "[1]\nf = a-b-c\n", "[1]\nf = U+0000-U+0100\n"}) {
         EXPECT_FALSE(read_prohibitions(path_of(bad), 1, rules, fault_)) << bad;
     }
+}
+
+TEST_F(keyboard_file, limits) {
+    keyboard board;
+    const std::string start = "[base]\na\n";
+    const std::string full = start + std::string((1 << 20) - start.size(), '\n');
+    EXPECT_TRUE(read_keyboard(path_of(full), board, fault_)) << fault_.toStdString();
+    EXPECT_FALSE(read_keyboard(path_of(full + '\n'), board, fault_));
+    EXPECT_TRUE(fault_.endsWith(QLatin1String("file: is larger than 1 MiB or no UTF-8")));
+    prohibitions rules;
+    EXPECT_TRUE(read_prohibitions(path_of("[*]\nf = U+0100-U+01FF\n"), 1, rules, fault_));
+    EXPECT_EQ(rules[QStringLiteral("f")].size(), 256);
 }
 
 TEST_F(keyboard_file, language_information_keeps_the_order_of_the_keyboards) {
