@@ -29,14 +29,14 @@ protected:
     /** What can be touched, however the focus goes. */
     QList<QWidget*> touchable() {
         QList<QWidget*> found;
-        QWidget& area =
-            panel_.panel().dialog() ? static_cast<QWidget&>(*panel_.panel().dialog()) : panel_.panel();
-        for (QWidget* widget : area.findChildren<QWidget*>()) {
+        QWidget* area = &panel_.panel();
+        area = panel_.panel().dialog() ? panel_.panel().dialog() : area;
+        for (QWidget* widget : area->findChildren<QWidget*>()) {
             const bool takes_touch = qobject_cast<QAbstractButton*>(widget) ||
                                      qobject_cast<panel_list*>(widget) ||
                                      (qobject_cast<text_field*>(widget) &&
                                       panel_.panel().screen_name() == QLatin1String("keyboard"));
-            if (takes_touch && widget->isEnabled() && widget->isVisibleTo(&area)) {
+            if (takes_touch && widget->isEnabled() && widget->isVisibleTo(area)) {
                 found.append(widget);
             }
         }

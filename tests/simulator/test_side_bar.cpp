@@ -216,29 +216,29 @@ TEST_F(side_bar, each_button_of_the_device_tab_is_a_command_whose_fault_is_told)
 
 TEST_F(side_bar, the_fields_above_the_tabs_turn_the_panel) {
     const auto boxes = bar_.findChildren<QComboBox*>();
-    choose(boxes[0], 49);
+    choose(boxes.at(0), 49);
     EXPECT_EQ(text_of("1"), "Kopie");
-    choose(boxes[1], 33);
+    choose(boxes.at(1), 33);
     EXPECT_EQ(text_of("1"), "Kopie");
-    choose(boxes[0], 0);
+    choose(boxes.at(0), 0);
     EXPECT_EQ(text_of("1"), "Copie");
     panel_.choose_preferred_language({1, 0}); // from elsewhere
-    EXPECT_EQ(boxes[0]->currentData().toInt(), 1);
-    EXPECT_EQ(boxes[1]->currentData().toInt(), 33);
+    EXPECT_EQ(boxes.at(0)->currentData().toInt(), 1);
+    EXPECT_EQ(boxes.at(1)->currentData().toInt(), 33);
     panel_.choose_preferred_language({5, 0}); // in no list
-    EXPECT_EQ(boxes[0]->currentData().toInt(), 5);
+    EXPECT_EQ(boxes.at(0)->currentData().toInt(), 5);
     panel_.choose_preferred_language({1, 0});
-    boxes[2]->setCurrentIndex(2);
-    Q_EMIT boxes[2]->activated(2);
+    boxes.at(2)->setCurrentIndex(2);
+    Q_EMIT boxes.at(2)->activated(2);
     EXPECT_TRUE(panel_.panel().isRightToLeft());
-    choose(boxes[0], 49); // a language does not turn it back
+    choose(boxes.at(0), 49); // a language does not turn it back
     EXPECT_TRUE(panel_.panel().isRightToLeft());
     EXPECT_FALSE(bar_.isRightToLeft());
-    boxes[2]->setCurrentIndex(0);
-    Q_EMIT boxes[2]->activated(0);
+    boxes.at(2)->setCurrentIndex(0);
+    Q_EMIT boxes.at(2)->activated(0);
     EXPECT_FALSE(panel_.panel().isRightToLeft());
 
-    choose(boxes[0], 1);
+    choose(boxes.at(0), 1);
     auto* pseudo = labelled<QToolButton>(bar_, "Pseudo-texts");
     pseudo->click();
     EXPECT_GT(text_of("1").size(), 5U);
@@ -249,7 +249,7 @@ TEST_F(side_bar, the_fields_above_the_tabs_turn_the_panel) {
     EXPECT_TRUE(qEnvironmentVariableIsSet("TEST_ICON_MESSAGE"));
     names->click();
     EXPECT_FALSE(qEnvironmentVariableIsSet("TEST_ICON_MESSAGE"));
-    choose(boxes[1], 1);
+    choose(boxes.at(1), 1);
 }
 
 TEST_F(side_bar, a_search_jumps_to_the_screen_and_marks_what_was_found) {
