@@ -242,19 +242,6 @@ TEST(machine, only_a_job_at_work_is_paused_and_only_a_paused_one_goes_on) {
     EXPECT_EQ(machine.clock(), QLatin1String("10:06"));
 }
 
-TEST(machine, what_was_set_is_taken_back_by_the_reset_key) {
-    machine_state machine;
-    want(machine, 3, copy_sides::TWO_TO_TWO, 7);
-    machine.set_fax({QStringLiteral("1"), fax_resolution::FINE});
-    scan_settings scan;
-    scan.resolution = 600;
-    machine.set_scan(scan);
-    machine.take_key(KEY_RESET);
-    EXPECT_EQ(machine.copy().copies, 1);
-    EXPECT_EQ(machine.fax().number, QString());
-    EXPECT_EQ(machine.scan().resolution, 300);
-}
-
 TEST(machine, supplies_are_shown_as_full_as_they_are) {
     struct {
         int percent;

@@ -185,8 +185,6 @@ TEST_F(side_bar, the_list_of_elements_is_worked_without_a_mouse) {
     EXPECT_TRUE(
         wait_until([this] { return !list().findItems(QStringLiteral("127"), Qt::MatchExactly).isEmpty(); }));
     EXPECT_TRUE(list().findItems(QStringLiteral("Fax"), Qt::MatchExactly, 1).isEmpty());
-    panel_.start_anew(); // as another panel
-    panel_.panel().open(QStringLiteral("trays"));
 }
 
 TEST_F(side_bar, each_button_of_the_device_tab_is_a_command_whose_fault_is_told) {
