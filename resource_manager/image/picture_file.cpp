@@ -5,6 +5,8 @@
 #include <QImageReader>
 #include <QList>
 
+#include <algorithm>
+
 namespace velarion {
 
 picture_file find_picture_file(const QString& path) {
@@ -23,11 +25,16 @@ picture_file find_picture_file(const QString& path) {
 }
 
 bool read_file(const QString& path, qint64 limit, QByteArray& bytes) {
+    const QFileInfo info(path);
     QFile file(path);
-    if (!QFileInfo(path).isFile() || !file.open(QIODevice::ReadOnly | QIODevice::Unbuffered)) {
+    if (!info.isFile() || !file.open(QIODevice::ReadOnly | QIODevice::Unbuffered)) {
         return false;
     }
-    bytes = file.read(limit + 1);
+    // Memory is taken for what is asked for: that is the file's size, and the rest only if it grew.
+    bytes = file.read(std::min(info.size(), limit) + 1);
+    if (bytes.size() > info.size()) {
+        bytes += file.read(limit + 1 - bytes.size());
+    }
     return bytes.size() <= limit && file.error() == QFile::NoError;
 }
 

@@ -1,7 +1,10 @@
 #include "svg_quick_scan.h"
 
+#include "ascii_letters.h"
 #include "svg_limits.h"
 
+#include <algorithm>
+#include <cstddef>
 #include <cstring>
 
 namespace velarion {
@@ -9,34 +12,25 @@ namespace velarion {
 namespace {
 
 constexpr char DECLARATION[] = "<?xml version=\"1.0\" encoding=\"UTF-8\"?>";
+constexpr char UNDECIDED[] = {'&', '\\', '\0'};
 
-/** What the next bytes have to be compared for. */
-enum byte_class : unsigned char { PLAIN, TAG, EQUALS, WORD_D, WORD_H, UNDECIDED };
+/** Bytes to search with memchr, which looks at many at once. */
+struct byte_range {
+    const char* begin;
+    const char* end;
 
-struct byte_classes {
-    byte_classes() {
-        std::memset(classes, PLAIN, sizeof classes);
-        classes['<'] = TAG;
-        classes['='] = EQUALS;
-        classes['d'] = classes['D'] = WORD_D;
-        classes['h'] = classes['H'] = WORD_H;
-        classes['&'] = classes['\\'] = classes[0] = UNDECIDED;
+    const char* find(char byte, const char* from) const {
+        return static_cast<const char*>(std::memchr(from, byte, static_cast<std::size_t>(end - from)));
     }
-    unsigned char classes[256];
 };
 
-/** Bit 5 is what distinguishes the cases of ASCII letters. */
-bool is_word(const char* at, const char* end, const char* lower, std::size_t size) {
-    const unsigned char lower_case = 0x20;
-    if (static_cast<std::size_t>(end - at) < size) {
-        return false;
-    }
-    for (std::size_t i = 0; i < size; ++i) {
-        if ((static_cast<unsigned char>(at[i]) | lower_case) != static_cast<unsigned char>(lower[i])) {
-            return false;
+bool has_undecided_bytes(const byte_range& bytes) {
+    for (const char byte : UNDECIDED) {
+        if (bytes.find(byte, bytes.begin)) {
+            return true;
         }
     }
-    return true;
+    return false;
 }
 
 /** @return whether what follows a '<' is an element, its end or a comment */
@@ -47,49 +41,45 @@ bool is_plain_tag(const char* at, const char* end) {
     return end - at > 1 && at[1] != '?' && at[1] != '!';
 }
 
-} // namespace
-
-bool is_surely_harmless(const QByteArray& document) {
-    static const byte_classes table;
-    const char* at = document.constData();
-    const char* const end = at + document.size();
-    if (document.startsWith(DECLARATION)) {
-        at += sizeof DECLARATION - 1;
-    }
-    if (at == end || document.size() > SVG_BYTES_LIMIT || static_cast<unsigned char>(*at) >= 0x80) {
-        return false; // a byte order mark, for one
-    }
+bool has_few_plain_tags(const byte_range& bytes) {
     int tags = 0;
-    int equals = 0;
-    for (; at != end; ++at) {
-        switch (table.classes[static_cast<unsigned char>(*at)]) {
-        case TAG:
-            if (++tags > SVG_DEPTH_LIMIT || !is_plain_tag(at, end)) {
-                return false;
-            }
-            break;
-        case EQUALS:
-            if (++equals > SVG_ATTRIBUTE_LIMIT) {
-                return false;
-            }
-            break;
-        case WORD_D:
-            if (is_word(at, end, "dash", 4)) {
-                return false;
-            }
-            break;
-        case WORD_H:
-            if (is_word(at, end, "href", 4)) {
-                return false;
-            }
-            break;
-        case UNDECIDED:
+    for (const char* at = bytes.find('<', bytes.begin); at; at = bytes.find('<', at + 1)) {
+        if (++tags > SVG_DEPTH_LIMIT || !is_plain_tag(at, bytes.end)) {
             return false;
-        default:
-            break;
         }
     }
     return true;
+}
+
+bool has_few_attributes(const byte_range& bytes) {
+    return bytes.end - bytes.begin <= SVG_ATTRIBUTE_LIMIT ||
+           std::count(bytes.begin, bytes.end, '=') <= SVG_ATTRIBUTE_LIMIT;
+}
+
+/** @return whether "dash" or "href" stands there in any case: "h" is the letter that they share */
+bool has_dashes_or_references(const byte_range& bytes) {
+    for (const char letter : {'h', 'H'}) {
+        for (const char* at = bytes.find(letter, bytes.begin); at; at = bytes.find(letter, at + 1)) {
+            if ((at - bytes.begin >= 3 && are_letters(at - 3, "das")) ||
+                (bytes.end - at > 3 && are_letters(at + 1, "ref"))) {
+                return true;
+            }
+        }
+    }
+    return false;
+}
+
+} // namespace
+
+bool is_surely_harmless(const QByteArray& document) {
+    const int declared = document.startsWith(DECLARATION) ? static_cast<int>(sizeof DECLARATION) - 1 : 0;
+    const byte_range bytes = {document.constData() + declared, document.constData() + document.size()};
+    if (bytes.begin == bytes.end || document.size() > SVG_BYTES_LIMIT ||
+        static_cast<unsigned char>(*bytes.begin) >= 0x80) {
+        return false; // a byte order mark, for one
+    }
+    return !has_undecided_bytes(bytes) && has_few_plain_tags(bytes) && has_few_attributes(bytes) &&
+           !has_dashes_or_references(bytes);
 }
 
 } // namespace velarion

@@ -6,8 +6,8 @@
 namespace velarion {
 
 /**
- * Tells by one pass over its bytes that an SVG document can break no limit: it refers to nothing, dashes
- * nothing, has no entities, instructions or escapes, and is small enough for all else.
+ * Tells from its bytes, without reading it, that an SVG document can break no limit: it refers to nothing,
+ * dashes nothing, has no entities, instructions or escapes, and is small enough for all else.
  *
  * @return false also where that cannot be told
  */

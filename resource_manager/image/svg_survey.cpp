@@ -50,8 +50,8 @@ public:
     svg_survey(const QByteArray& document, const QString& path, const QSize& size, svg_budget& budget)
         : markup_(document)
         , reader_(document)
-        , tree_(may_have_dashes(document))
         , may_have_dashes_(may_have_dashes(document))
+        , tree_(may_have_dashes_)
         , path_(path)
         , size_(size)
         , budget_(budget) {
@@ -67,8 +67,8 @@ private:
 
     svg_markup markup_;
     QXmlStreamReader reader_;
-    svg_tree tree_;
     bool may_have_dashes_;
+    svg_tree tree_;
     const QString& path_;
     const QSize& size_;
     svg_budget& budget_;
@@ -141,7 +141,7 @@ bool is_drawable_svg(const QByteArray& document, const QString& path, const QSiz
     if (!path.isEmpty()) {
         budget.open_files.append(QFileInfo(path).canonicalFilePath());
     }
-    return is_drawable_svg(document, path, size, budget);
+    return svg_survey(document, path, size, budget).is_drawable();
 }
 
 bool is_drawable_svg(const QByteArray& document, const QString& path, const QSize& size, svg_budget& budget) {

@@ -19,7 +19,7 @@ namespace velarion {
  * @return false also for what is no SVG document
  */
 [[nodiscard]] bool is_drawable_svg(const QByteArray& document, const QString& path, const QSize& size);
-/** The same for a document within others. @param budget  what it takes is added */
+/** The same for a document within others, the quick scan before it. @param budget  what it takes is added */
 [[nodiscard]] bool is_drawable_svg(const QByteArray& document, const QString& path, const QSize& size,
                                    svg_budget& budget);
 
