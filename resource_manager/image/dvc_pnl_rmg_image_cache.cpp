@@ -24,6 +24,10 @@ int saturated(std::int64_t value) {
     return static_cast<int>(value);
 }
 
+/** Exports what callers take from the header, for those that link to it. */
+[[gnu::used]] QPixmap* (dvc_pnl_rmg_image_cache::*const EXPORTED)(const QString&) const =
+    &dvc_pnl_rmg_image_cache::dvc_pnl_rmg_image_get_pixmap;
+
 /** Equals the sum in 32 bits wherever that does not overflow. */
 int cost_of(const QPixmap& pixmap) {
     const std::int64_t pixels = static_cast<std::int64_t>(pixmap.width()) * pixmap.height();
@@ -47,11 +51,6 @@ bool dvc_pnl_rmg_image_cache::dvc_pnl_rmg_image_insert(const QString& key, QPixm
     }
     const int cost = cost_of(*pixmap);
     return cache_.insert(key, new dvc_pnl_rmg_image_cache_entry(pixmap), cost);
-}
-
-QPixmap* dvc_pnl_rmg_image_cache::dvc_pnl_rmg_image_get_pixmap(const QString& key) const {
-    const dvc_pnl_rmg_image_cache_entry* entry = cache_.object(key);
-    return !entry ? nullptr : entry->get_pixmap();
 }
 
 void dvc_pnl_rmg_image_cache::dvc_pnl_rmg_set_no_cache() {

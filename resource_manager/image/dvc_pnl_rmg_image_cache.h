@@ -5,10 +5,9 @@
 #include "dvc_pnl_rmg_image_cache_entry.h"
 
 #include <QCache>
+#include <QPixmap>
 #include <QString>
 #include <QStringList>
-
-class QPixmap;
 
 namespace velarion {
 
@@ -40,7 +39,10 @@ public:
     bool dvc_pnl_rmg_image_insert(const QString& key, QPixmap* pixmap, int cost);
 
     /** @return the cached picture, the cache's own and valid until the next insertion or limit; or null */
-    QPixmap* dvc_pnl_rmg_image_get_pixmap(const QString& key) const;
+    DVC_PNL_EXPORT QPixmap* dvc_pnl_rmg_image_get_pixmap(const QString& key) const {
+        const dvc_pnl_rmg_image_cache_entry* entry = cache_.object(key);
+        return !entry ? nullptr : entry->get_pixmap();
+    }
 
     /** Takes no further pictures, for good. What is cached stays. */
     void dvc_pnl_rmg_set_no_cache();

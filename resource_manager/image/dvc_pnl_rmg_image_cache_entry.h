@@ -3,6 +3,8 @@
 
 #include "dvc_pnl_export.h"
 
+#include <cstddef>
+
 class QPixmap;
 
 namespace velarion {
@@ -19,6 +21,10 @@ public:
 
     /** @return the pixmap, still owned by the entry */
     QPixmap* get_pixmap() const { return pixmap_; }
+
+    /** Takes the memory of the entry that went last: a full cache drops one for each that it takes. */
+    static void* operator new(std::size_t size);
+    static void operator delete(void* memory, std::size_t size);
 
 private:
     QPixmap* pixmap_;
