@@ -1,22 +1,25 @@
 #include "dvc_pnl_rmg_image_resource_manager.h"
 
-#include "dvc_pnl_common_utility.h"
+#include "ascii_letters.h"
 #include "dvc_pnl_rmg_data_file_access.h"
 #include "dvc_pnl_rmg_image_cache.h"
 #include "dvc_pnl_rmg_image_inspection.h"
 #include "dvc_pnl_utl_toolkit.h"
+#include "plain_number.h"
 #include "trace.h"
 
 #include <QStringList>
 
 #include <cstring>
+#include <limits>
 #include <memory>
 
 namespace velarion {
 
 namespace {
 
-constexpr char SVG_EXTENSION[] = ".svg";
+constexpr char SVG_LETTERS[] = "svg";
+constexpr int SVG_EXTENSION_SIZE = 4; // with its dot
 constexpr char PRELOADED_NAME[] = "ico_globalnavi";
 constexpr const char* CACHED_NAMES[] = {"background_setting_i", "list_globalnavi"};
 
@@ -29,8 +32,41 @@ std::string to_utf8(const QString& text) {
     return std::string(bytes.constData(), static_cast<std::size_t>(bytes.size()));
 }
 
+/** Reads in place what nearly every number is. @return whether it is one; it holds no external mark then */
+bool is_plain_number(const QString& id, int& number) {
+    char text[std::numeric_limits<int>::digits10 + 2]; // with a sign and the end
+    const int size = id.size();
+    if (size >= static_cast<int>(sizeof text)) {
+        return false;
+    }
+    for (int i = 0; i < size; ++i) {
+        const unsigned int code = code_of(id[i]);
+        if (code > '9') {
+            return false;
+        }
+        text[i] = static_cast<char>(code);
+    }
+    text[size] = '\0';
+    const char* const rest = read_plain_digits(text, number);
+    return rest && *rest == '\0';
+}
+
 bool is_number(const QString& id, int& number) {
-    return dvc_pnl_common_utility::string_to_int(to_utf8(id), number);
+    return is_plain_number(id, number) || read_number(id.toUtf8().constData(), number);
+}
+
+/** The text of a name, nearly always of ASCII characters. */
+void write_utf8(const QString& text, std::string& utf8) {
+    const int size = text.size();
+    utf8.resize(static_cast<std::size_t>(size));
+    for (int i = 0; i < size; ++i) {
+        const unsigned int code = code_of(text[i]);
+        if (code > 0x7F) {
+            utf8 = to_utf8(text);
+            return;
+        }
+        utf8[static_cast<std::size_t>(i)] = static_cast<char>(code);
+    }
 }
 
 bool is_empty(const char* text) {
@@ -38,7 +74,9 @@ bool is_empty(const char* text) {
 }
 
 bool is_svg(const QString& file_name) {
-    return file_name.toLower().endsWith(QLatin1String(SVG_EXTENSION));
+    const int extension = file_name.size() - SVG_EXTENSION_SIZE;
+    return extension >= 0 && file_name[extension] == QLatin1Char('.') &&
+           are_letters(file_name.constData() + extension + 1, SVG_LETTERS);
 }
 
 bool is_cached_name(const QString& name) {
@@ -75,7 +113,13 @@ struct dvc_pnl_rmg_image_resource_manager::image_request {
     int width;
     int height;
     QPixmap& pixmap;
-    std::string& found_name;
+    std::string* found_name; ///< null when nobody asks for it
+
+    void tell_found_name(const QString& name) const {
+        if (found_name) {
+            write_utf8(name, *found_name);
+        }
+    }
 };
 
 const std::string dvc_pnl_rmg_image_resource_manager::DARKER_IMAGE_NAME_PREFIX = "d_";
@@ -136,9 +180,7 @@ void dvc_pnl_rmg_image_resource_manager::preload(const QString& file_name) {
         static_cast<void>(dvc_pnl_rmg_load_image_file(resource_dir_ + file_name, *picture));
     }
     if (!picture->isNull()) {
-        QString key;
-        dvc_pnl_rmg_create_image_id(file_name, 0, 0, key);
-        image_cache_->dvc_pnl_rmg_image_insert(key, picture.release(), 0);
+        image_cache_->dvc_pnl_rmg_image_insert(image_key(file_name, 0, 0), picture.release(), 0);
     }
 }
 
@@ -146,18 +188,26 @@ int dvc_pnl_rmg_image_resource_manager::dvc_pnl_rmg_get_image(const QString& id,
                                                               const QString& suffix, std::string& found_name,
                                                               int width, int height) {
     found_name.clear();
-    image_request request = {id, suffix, width, height, *pixmap, found_name};
-    if (id.contains(QLatin1Char(EXTERNAL_MARK))) {
-        return get_external_image(request);
-    }
-    int number = 0;
-    return is_number(id, number) ? get_table_image(request, number) : get_file_image(request);
+    image_request request = {id, suffix, width, height, *pixmap, &found_name};
+    return get_image(request);
 }
 
 int dvc_pnl_rmg_image_resource_manager::dvc_pnl_rmg_get_image(const QString& id, QPixmap* pixmap, int width,
                                                               int height) {
-    std::string found_name;
-    return dvc_pnl_rmg_get_image(id, pixmap, QString(), found_name, width, height);
+    const QString no_suffix;
+    image_request request = {id, no_suffix, width, height, *pixmap, nullptr};
+    return get_image(request);
+}
+
+int dvc_pnl_rmg_image_resource_manager::get_image(image_request& request) {
+    int number = 0;
+    if (is_plain_number(request.id, number)) {
+        return get_table_image(request, number);
+    }
+    if (request.id.contains(QLatin1Char(EXTERNAL_MARK))) {
+        return get_external_image(request);
+    }
+    return is_number(request.id, number) ? get_table_image(request, number) : get_file_image(request);
 }
 
 int dvc_pnl_rmg_image_resource_manager::get_external_image(image_request& request) {
@@ -168,7 +218,7 @@ int dvc_pnl_rmg_image_resource_manager::get_external_image(image_request& reques
     }
     request.pixmap = image->second;
     dvc_pnl_rmg_qpixmap_size_convert(request.pixmap, request.width, request.height);
-    request.found_name = id;
+    request.tell_found_name(request.id);
     dvc_pnl_rmg_clear_external_image(id);
     return DVC_PNL_RMG_IMAGE_OK;
 }
@@ -193,7 +243,7 @@ int dvc_pnl_rmg_image_resource_manager::get_file_image(image_request& request) {
 }
 
 int dvc_pnl_rmg_image_resource_manager::get_table_image(image_request& request, int number) {
-    if (!find_current_image(request.id, number)) {
+    if (!find_current_image(number)) {
         return fail(request, DVC_PNL_RMG_IMAGE_NOT_FOUND);
     }
     if (is_empty(current_image_.image_name)) {
@@ -203,7 +253,8 @@ int dvc_pnl_rmg_image_resource_manager::get_table_image(image_request& request, 
         return fail(request, DVC_PNL_RMG_IMAGE_LOAD_FAILED);
     }
     const QString file_name = dvc_pnl_utl_from_8bit(current_image_.file_name);
-    const QString name = get_image_name_with_state_suffix(file_name, request.suffix);
+    const QString name =
+        request.suffix.isEmpty() ? file_name : get_image_name_with_state_suffix(file_name, request.suffix);
     if (take_cached(request, name)) {
         return DVC_PNL_RMG_IMAGE_OK;
     }
@@ -221,20 +272,18 @@ int dvc_pnl_rmg_image_resource_manager::get_table_image(image_request& request, 
 }
 
 /** Makes the row of a number the current image element, unless it is so already. */
-bool dvc_pnl_rmg_image_resource_manager::find_current_image(const QString& id, int number) {
-    return number == current_image_.image_id ||
-           dvc_pnl_rmg_search_image_id_info(id.toUtf8().constData()) != DVC_PNL_RMG_IMAGE_TYPE_NONE;
+bool dvc_pnl_rmg_image_resource_manager::find_current_image(int number) {
+    return number == current_image_.image_id || take_table_row(number) != DVC_PNL_RMG_IMAGE_TYPE_NONE;
 }
 
 bool dvc_pnl_rmg_image_resource_manager::take_cached(image_request& request, const QString& name) {
-    QString key;
-    dvc_pnl_rmg_create_image_id(name, request.width, request.height, key);
-    const QPixmap* cached = image_cache_->dvc_pnl_rmg_image_get_pixmap(key);
+    const QPixmap* cached =
+        image_cache_->dvc_pnl_rmg_image_get_pixmap(image_key(name, request.width, request.height));
     if (!cached) {
         return false;
     }
     request.pixmap = *cached;
-    request.found_name = to_utf8(name);
+    request.tell_found_name(name);
     return true;
 }
 
@@ -245,11 +294,10 @@ bool dvc_pnl_rmg_image_resource_manager::take_rendered(image_request& request, c
         return false;
     }
     request.pixmap = *picture;
-    request.found_name = to_utf8(name);
+    request.tell_found_name(name);
     if (is_cacheable && is_cached_name(name)) {
-        QString key;
-        dvc_pnl_rmg_create_image_id(name, request.width, request.height, key);
-        image_cache_->dvc_pnl_rmg_image_insert(key, picture.release(), 0);
+        image_cache_->dvc_pnl_rmg_image_insert(image_key(name, request.width, request.height),
+                                               picture.release(), 0);
     }
     return true;
 }
@@ -265,7 +313,7 @@ bool dvc_pnl_rmg_image_resource_manager::take_loaded(image_request& request, con
         return false;
     }
     request.pixmap = picture;
-    request.found_name = to_utf8(name);
+    request.tell_found_name(name);
     return true;
 }
 
@@ -280,7 +328,7 @@ int dvc_pnl_rmg_image_resource_manager::dvc_pnl_rmg_get_movie_filepath(const QSt
         path = resource_dir_ + id;
         return DVC_PNL_RMG_IMAGE_OK;
     }
-    const bool is_found = find_current_image(id, number);
+    const bool is_found = find_current_image(number);
     if (is_found && !is_empty(current_image_.image_name)) {
         path = resource_dir_ + dvc_pnl_utl_from_8bit(current_image_.file_name);
         return DVC_PNL_RMG_IMAGE_OK;

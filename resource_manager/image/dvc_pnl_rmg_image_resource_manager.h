@@ -246,16 +246,19 @@ private:
     dvc_pnl_rmg_image_resource_manager();
     ~dvc_pnl_rmg_image_resource_manager() override;
 
+    int get_image(image_request& request);
     int get_external_image(image_request& request);
     int get_file_image(image_request& request);
     int get_table_image(image_request& request, int number);
-    bool find_current_image(const QString& id, int number);
+    bool find_current_image(int number);
+    int take_table_row(int number);
     bool take_cached(image_request& request, const QString& name);
     bool take_rendered(image_request& request, const QString& name, bool is_cacheable);
     bool take_loaded(image_request& request, const QString& directory, const QString& name);
     int fail(image_request& request, int result);
     static bool is_requested_size(int width, int height);
     static QSize requested_size(int width, int height);
+    static QString image_key(const QString& name, int width, int height);
     QString error_movie_path() const;
     void preload(const QString& file_name);
 

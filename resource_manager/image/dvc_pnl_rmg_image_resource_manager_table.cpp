@@ -1,26 +1,44 @@
 // The image table: identifiers, types, and the keys of the cache.
 #include "dvc_pnl_rmg_image_resource_manager.h"
 
+#include "ascii_letters.h"
 #include "dvc_pnl_utl_toolkit.h"
 #include "id_directory.h"
 #include "plain_number.h"
 
-#include <cstdio>
 #include <cstring>
+#include <limits>
 
 namespace velarion {
 
 namespace {
 
 struct file_type {
-    const char* extension;
+    const char* letters; ///< of the extension, lower case
     int type;
 };
 constexpr file_type FILE_TYPES[] = {
-    {".png", DVC_PNL_RMG_IMAGE_TYPE_STILL},
-    {".gif", DVC_PNL_RMG_IMAGE_TYPE_MOVIE},
-    {".svg", DVC_PNL_RMG_IMAGE_TYPE_STILL},
+    {"png", DVC_PNL_RMG_IMAGE_TYPE_STILL},
+    {"gif", DVC_PNL_RMG_IMAGE_TYPE_MOVIE},
+    {"svg", DVC_PNL_RMG_IMAGE_TYPE_STILL},
 };
+constexpr std::size_t EXTENSION_SIZE = 4; // with its dot
+
+constexpr int LEAST_DIGITS = 6; // of an edge in a key
+
+/** Writes a positive number of pixels and a hyphen. @return the place behind them */
+char* write_edge(int pixels, char* at) {
+    char digits[std::numeric_limits<int>::digits10 + 1];
+    int count = 0;
+    for (; pixels > 0 || count < LEAST_DIGITS; pixels /= 10) {
+        digits[count++] = static_cast<char>('0' + pixels % 10);
+    }
+    while (count > 0) {
+        *at++ = digits[--count];
+    }
+    *at++ = '-';
+    return at;
+}
 
 } // namespace
 
@@ -46,9 +64,12 @@ bool dvc_pnl_rmg_image_resource_manager::search_image_element(const DVC_PNL_RMG_
 }
 
 int dvc_pnl_rmg_image_resource_manager::judgement_image_type(const DVC_PNL_RMG_IMPL_IMAGE_NAME& image) {
-    const QString name = dvc_pnl_utl_from_8bit(image.file_name).toLower();
+    const char* const extension = !image.file_name ? nullptr : std::strrchr(image.file_name, '.');
+    if (!extension || std::strlen(extension) != EXTENSION_SIZE) {
+        return DVC_PNL_RMG_IMAGE_TYPE_NONE;
+    }
     for (const file_type& known : FILE_TYPES) {
-        if (name.endsWith(QLatin1String(known.extension))) {
+        if (are_letters(extension + 1, known.letters)) {
             return known.type;
         }
     }
@@ -64,16 +85,17 @@ int dvc_pnl_rmg_image_resource_manager::dvc_pnl_rmg_search_image_id_info(const c
         current_image_ = {NO_IMAGE_ID, nullptr, external_name_.c_str()};
         return DVC_PNL_RMG_IMAGE_TYPE_STILL;
     }
-    DVC_PNL_RMG_IMPL_IMAGE_NAME wanted = {NO_IMAGE_ID, nullptr, id};
     int number = 0;
     if (!read_number(id, number)) {
-        return judgement_image_type(wanted);
+        return judgement_image_type({NO_IMAGE_ID, nullptr, id});
     }
-    wanted.image_id = number;
-    if (!search_image_element(wanted, current_image_)) {
-        return DVC_PNL_RMG_IMAGE_TYPE_NONE;
-    }
-    return judgement_image_type(current_image_);
+    return take_table_row(number);
+}
+
+/** Makes the row of a number the current image element. @return its type, or that there is none */
+int dvc_pnl_rmg_image_resource_manager::take_table_row(int number) {
+    const bool is_found = search_image_element({number, nullptr, nullptr}, current_image_);
+    return is_found ? judgement_image_type(current_image_) : DVC_PNL_RMG_IMAGE_TYPE_NONE;
 }
 
 int dvc_pnl_rmg_image_resource_manager::dvc_pnl_rmg_get_image_type(const char* id) {
@@ -87,12 +109,20 @@ void dvc_pnl_rmg_image_resource_manager::dvc_pnl_rmg_get_icon_file_mame(const QS
 
 void dvc_pnl_rmg_image_resource_manager::dvc_pnl_rmg_create_image_id(QString name, int width, int height,
                                                                      QString& key) {
-    key = name;
-    if (is_requested_size(width, height)) {
-        char size[32];
-        std::snprintf(size, sizeof size, "%06d-%06d-", width, height);
-        key.prepend(QString::fromLatin1(size));
+    key = image_key(name, width, height);
+}
+
+QString dvc_pnl_rmg_image_resource_manager::image_key(const QString& name, int width, int height) {
+    if (!is_requested_size(width, height)) {
+        return name;
     }
+    char size[2 * (std::numeric_limits<int>::digits10 + 2) + 1];
+    *write_edge(height, write_edge(width, size)) = '\0';
+    QString key;
+    key.reserve(static_cast<int>(sizeof size) + name.size());
+    key += QLatin1String(size);
+    key += name;
+    return key;
 }
 
 } // namespace velarion

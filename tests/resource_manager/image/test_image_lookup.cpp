@@ -69,6 +69,52 @@ TEST_F(image_lookup, tells_identifiers_apart_and_moves_the_current_element_or_no
     EXPECT_EQ(current_file(), "ext:a rather long identifier, not to be held in place");
 }
 
+TEST_F(image_lookup, tells_numbers_from_names_as_the_toolkit_does) {
+    write_file(IMAGES + QUICK_FILE, svg_picture(8, 8));
+    const struct {
+        QString id;
+        int result; ///< 0 is that of 2, others those of what is not there
+    } rows[] = {
+        {QString::fromLatin1("2"), 0},          {QString::fromLatin1("00000000000000000002"), 0},
+        {QString::fromLatin1("\t+2 "), 0},      {QString::fromLatin1("2\0x", 3), 0},
+        {QString::fromLatin1("2\0:", 3), 5},    {QString::fromLatin1("-2"), 5},
+        {QString::fromLatin1("2147483647"), 5}, {QString::fromLatin1("2147483648"), 2},
+        {QString::fromLatin1("--2"), 2},        {QString::fromLatin1("2a"), 2},
+        {QString::fromLatin1(""), 2},           {QString::fromUtf8("\xD9\xA2"), 2}, // an Arabic 2
+        {QString::fromUtf8("\xC4\xB2"), 2},                                         // ends in the byte of a 2
+        {QString::fromUtf8("\xEF\xBC\x92"), 2},                                     // a wide 2
+    };
+    for (const auto& row : rows) {
+        QPixmap pixmap;
+        manager_->dvc_pnl_rmg_get_image_type("550"); // so that no number is the last one
+        EXPECT_EQ(manager_->dvc_pnl_rmg_get_image(row.id, &pixmap, 6, 6), row.result)
+            << row.id.toUtf8().constData();
+        EXPECT_EQ(pixmap.width(), row.result == 0 ? 6 : 0);
+    }
+}
+
+/** Every byte in each place of an extension, and characters that end in the bytes of one. */
+TEST_F(image_lookup, tells_extensions_as_the_toolkit_does) {
+    for (const char* name : {"a.png", "a.gif", "a.svg"}) {
+        for (std::size_t i = 0; i < 5 * 255; ++i) {
+            std::string id = name;
+            id[i / 255] = static_cast<char>(i % 255 + 1);
+            const QString lower = QString::fromLatin1(id.c_str()).toLower();
+            const bool is_external = id.find(':') != std::string::npos;
+            const bool is_svg = lower.endsWith(QLatin1String(".svg"));
+            const bool is_still = is_external || is_svg || lower.endsWith(QLatin1String(".png"));
+            const int type = is_still ? 1 : (lower.endsWith(QLatin1String(".gif")) ? 2 : 0);
+            EXPECT_EQ(manager_->dvc_pnl_rmg_get_image_type(id.c_str()), type) << id;
+        }
+    }
+    for (const char* id : {"a.\xC5\xB3vg", "a.\xC5\xBFvg", "a\xC4\xAEsvg", "svg", "a.svgz", "a.svg."}) {
+        EXPECT_EQ(answer(id), "2  3x3") << id;
+    }
+    for (const char* id : {".svg", "a.SVG", "\xC3\x96.sVg"}) {
+        EXPECT_EQ(answer(id), "4  3x3") << id;
+    }
+}
+
 /** Every likely place holds a picture of a width of its own; each is taken away once it was found. */
 TEST_F(image_lookup, tries_names_and_directories_in_their_order) {
     const std::string background = "d_gra_component_background_globalnavi";
@@ -193,7 +239,10 @@ TEST_F(image_lookup, builds_names_and_keys_that_are_not_null) {
     const struct {
         int width, height;
         const char* key;
-    } rows[] = {{7, 48, "000007-000048-a.svg"}, {1234567, 99999, "1234567-099999-a.svg"}, {7, 0, "a.svg"}};
+    } rows[] = {{7, 48, "000007-000048-a.svg"},
+                {1234567, 99999, "1234567-099999-a.svg"},
+                {2147483647, 2147483647, "2147483647-2147483647-a.svg"},
+                {7, 0, "a.svg"}};
     for (const auto& row : rows) {
         QString key;
         manager_->dvc_pnl_rmg_create_image_id(QString::fromLatin1("a.svg"), row.width, row.height, key);
