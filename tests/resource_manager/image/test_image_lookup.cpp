@@ -109,10 +109,12 @@ TEST_F(image_lookup, tells_extensions_as_the_toolkit_does) {
     }
     for (const char* id : {"a.\xC5\xB3vg", "a.\xC5\xBFvg", "a\xC4\xAEsvg", "svg", "a.svgz", "a.svg."}) {
         EXPECT_EQ(answer(id), "2  3x3") << id;
+        EXPECT_EQ(manager_->dvc_pnl_rmg_get_image_type(id), 0) << id;
     }
     for (const char* id : {".svg", "a.SVG", "\xC3\x96.sVg"}) {
         EXPECT_EQ(answer(id), "4  3x3") << id;
     }
+    EXPECT_EQ(manager_->judgement_image_type({1, "", nullptr}), 0);
 }
 
 /** Every likely place holds a picture of a width of its own; each is taken away once it was found. */
