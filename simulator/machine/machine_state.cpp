@@ -71,9 +71,6 @@ void machine_state::take_key(int key) {
     case KEY_ENERGY_SAVER:
         set_asleep(!is_asleep_);
         break;
-    case KEY_STOP:
-        pause_job();
-        break;
     case KEY_START:
         resume_job();
         break;

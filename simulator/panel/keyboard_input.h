@@ -40,7 +40,6 @@ public:
     const QString& board_name(int board) const { return boards_[static_cast<std::size_t>(board)].name; }
     int board_count() const { return static_cast<int>(boards_.size()); }
     const keyboard_layer& layer() const { return board().layers[static_cast<std::size_t>(layer_)]; }
-    bool is_locked() const { return is_locked_; }
 
     const QString& text() const { return text_; }
     int cursor() const { return cursor_; }

@@ -79,7 +79,6 @@ void soft_keyboard::make_keys() {
     }
     shown_board_ = input_.board_number();
     shown_layer_ = input_.layer().name;
-    was_locked_ = input_.is_locked();
     place_keys();
     const auto row = static_cast<std::size_t>(focus.y());
     if (focus.y() >= 0 && row < rows_.size() && !rows_[row].empty()) {
@@ -182,8 +181,7 @@ bool soft_keyboard::take_pc_key(const QKeyEvent& event) {
 }
 
 void soft_keyboard::take_change() {
-    const bool is_other = shown_board_ != input_.board_number() || shown_layer_ != input_.layer().name ||
-                          was_locked_ != input_.is_locked();
+    const bool is_other = shown_board_ != input_.board_number() || shown_layer_ != input_.layer().name;
     if (is_other) {
         make_keys();
     }

@@ -57,7 +57,6 @@ private:
     std::vector<std::vector<key_button*>> rows_;
     int shown_board_ = -1;
     QString shown_layer_;
-    bool was_locked_ = false;
     QPointer<key_button> down_;
     int steps_down_ = 0;
     QPointer<key_popup> popup_;

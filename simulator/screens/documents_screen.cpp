@@ -114,8 +114,6 @@ void documents_screen::ask_to_delete() {
 
 void documents_screen::print() {
     machine().print_documents(chosen_);
-    chosen_.clear();
-    refresh();
     frame().open(QStringLiteral("status"));
 }
 

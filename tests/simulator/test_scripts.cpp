@@ -144,6 +144,9 @@ TEST_F(scripts, what_cannot_be_touched_is_told_apart) {
         {"view status_jam\nexpect jam\nexpect no jam", "\"jam\" is so"},
         {"view copy_running\nview copy\nexpect no job", ""}, // as if just switched on
         {"view copy\ntap stop", "\"stop\" is disabled"},
+        {"view copy_running\nexpect no text 127", ""}, // no more ready
+        {"language none\nview settings_language\ntap none",
+         "there is no \"none\""}, // the machine's list first
         {"view copy_running\ntap start", "\"start\" is disabled"},
         {"view copy_running\ntap nav_home\ntap scan\ntap destination\ntap destination_1\ntap start",
          ""}, // waits
@@ -203,7 +206,7 @@ TEST_F(scripts, an_address_is_four_numbers_and_a_name_has_its_limit) {
                       {"1.2.3.", false},  {"0001.2.3.4", false},     {"1.2.3.x", false},
                       {"1.2.3.4 ", false}};
     for (const auto& row : rows) {
-        std::string script = "language en\nview settings_network\ntap gateway\n";
+        std::string script = "language en\nview settings_network\ntap gateway\nexpect text 10859\n";
         for (int i = 0; i < 9; ++i) {
             script += "tap key_backspace\n"; // 192.0.2.1
         }

@@ -60,6 +60,7 @@ std::string row_of(const QTreeWidgetItem* item) {
 class side_bar : public testing::Test {
 protected:
     side_bar() {
+        QGuiApplication::clipboard()->clear();
         view_.resize(PANEL_SIZE);
         view_.show();
         bar_.show();
@@ -352,6 +353,7 @@ TEST(records, are_filtered_held_and_dropped_from_their_beginning) {
     EXPECT_TRUE(shows(1, "10:05|Message 2"));
     table.setCurrentItem(table.topLevelItem(0));
     EXPECT_EQ(tab.findChild<QLabel*>()->text(), QStringLiteral("10:05  Message 2"));
+    EXPECT_TRUE(tab.findChild<QLabel*>()->isVisible());
     tab.findChild<QLineEdit*>()->clear();
     EXPECT_FALSE(tab.findChild<QLabel*>()->isVisible());
     auto* hold = labelled<QPushButton>(tab, "Hold");
