@@ -28,6 +28,7 @@ int main(int argc, char** argv) {
     try {
         const char* const folder = std::getenv("PEER_CATALOGUES");
         const auto keys = velarion::message_keys(folder ? folder : ".");
+        // cppcheck-suppress variableScope ; it is there without a text being touched, too
         auto& texts = *velarion::dvc_pnl_rmg_language_resource::dvc_pnl_rmg_create_instance();
         if (what == "all") {
             for (const std::string& key : keys) {
