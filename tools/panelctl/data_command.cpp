@@ -150,6 +150,9 @@ int run_data_command(const QStringList& arguments) {
         return usage_fault(COMMAND,
                            QStringLiteral("%1 takes a name%2").arg(action, takes_file ? " and a file" : ""));
     }
+    if (words.at(1).isEmpty()) {
+        return usage_fault(COMMAND, QStringLiteral("the name is empty"));
+    }
     image_session session;
     if (takes_file) {
         return action == QLatin1String("put") ? put_file(session.images(), words.at(1), words.at(2))
