@@ -145,6 +145,13 @@ const struct {
      "texts/de.tsv:3:7: warning: row 3: ends with a full stop; the English text ends with an ellipsis "
      "[end-punctuation]\n"},
     {"quoted-names", {{"en", "a"}, {"de", "„Farbe“ x“"}, {"nl", "‘Kleur’ x’"}}, ""},
+    {"quoted-names",
+     {{"en", "“%0 kind” “%9 kind”"}},
+     "texts/en.tsv:3:4: warning: row 3: quotes \"%0 kind\", which is no text [quoted-names]\n"},
+    {"quoted-names",
+     {{"en", "a"}, {"nl", "‘Foto’s’"}},
+     "texts/nl.tsv:3:4: warning: row 3: quotes \"Foto’s\", which is no text [quoted-names]\n"},
+    {"quoted-names", {{"en", "a"}, {"fr", "«\u00A0Couleur\u00A0?\u00A0!\u00A0»"}}, ""},
     {"end-punctuation", {{"en", "Go…"}, {"ja", "中です。"}, {"de", "Geht..."}, {"fr", "Va…"}}, ""},
     {"end-punctuation",
      {{"en", "%1 minutes"}, {"de", "%1 Min."}, {"ru", "Вы ждёте минуту."}},

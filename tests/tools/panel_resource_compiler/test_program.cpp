@@ -33,6 +33,69 @@ TEST(program, tells_wrong_usage) {
     }
 }
 
+TEST(program, tells_which_word_of_which_command_is_wrong) {
+    const scratch_catalogue catalogue;
+    const struct {
+        const char* command;
+        std::vector<std::string> arguments;
+        std::string fault;
+    } rows[] = {
+        {"export",
+         {"--language=de", "--format", "xliff", "--output", "file"},
+         "--format \"xliff\" is not one of po|ts"},
+        {"export", {"--language=de", "--output", "file"}, "--format is missing"},
+        {"export", {"--language=pl", "--format=po", "--output=file"}, "the catalogue has no language \"pl\""},
+        {"import", {"--language=de"}, "FILE is missing"},
+        {"import", {"--language=de", "file.xlf"}, "\"file.xlf\" ends neither in .po nor in .ts"},
+        {"rename", {"1"}, "NEW is missing"},
+        {"rename", {"1", "NEW", "more"}, "unexpected \"more\""},
+        {"remove", {}, "ENTRY is missing"},
+        {"find", {}, "PATTERN is missing"},
+        {"find",
+         {"a", "--language=972"},
+         "--language \"972\" is neither a standard language nor a pack of this catalogue"},
+        {"find", {"(", "--regex"}, "--regex \"(\": missing closing parenthesis at character 2"},
+        {"add", {"--name=M", "--row", "2x"}, "--row \"2x\" is not a whole number"},
+        {"add",
+         {"--name=M", "--id", "2147483648"},
+         "--id \"2147483648\" is above 2147483647, the highest number"},
+        {"add",
+         {"--name=M", "--id", "-2147483649"},
+         "--id \"-2147483649\" is below -2147483648, the lowest number"},
+        {"add", {"--name=M", "--picture"}, "--file is missing"},
+        {"add", {"--name=M", "--file=a.png"}, "--file needs --picture"},
+        {"confirm", {"--language=en"}, "--language \"en\" is no language that is translated here"},
+        {"confirm", {"--language=de", "2", "3"}, "row 3 has no text in de"},
+        {"confirm", {"--language=de", "x"}, "ROW \"x\" is not a whole number"},
+        {"check", {"--fail-on=all"}, "--fail-on \"all\" is not one of broken|missing|stale|suspicious"},
+        {"check", {"--language=x"}, "--language \"x\" is no language of the catalogue"},
+        {"pseudo", {"--output=a", "--language-id=999"}, "--language-id 999 is none of 1 to 65535 except 999"},
+        {"stats", {"more"}, "unexpected \"more\""},
+        {"sort", {"-x"}, "unknown option \"-x\""},
+    };
+    for (const auto& row : rows) {
+        const process_result result = catalogue.run(row.command, row.arguments);
+        EXPECT_EQ(result.exit_code, 2) << row.fault;
+        EXPECT_EQ(result.errors, "panel_resource_compiler: " + row.fault + "; see panel_resource_compiler " +
+                                     row.command + " --help\n");
+        EXPECT_EQ(result.output, "");
+    }
+}
+
+TEST(program, output_that_cannot_be_written_is_no_success) {
+    const scratch_catalogue catalogue;
+    for (const char* arguments : {"check --json", "stats", "stats --json", "find --json en", "sort",
+                                  "add --name N --text en=x --dry-run"}) {
+        const process_result result = run_process(
+            {"/bin/sh", "-c", std::string("exec \"$0\" ") + arguments + " --catalogue \"$1\" >/dev/full",
+             RESOURCE_COMPILER, catalogue.path("")});
+        EXPECT_EQ(result.exit_code, 3) << arguments;
+        EXPECT_NE(result.errors.find("panel_resource_compiler: standard output cannot be written\n"),
+                  std::string::npos)
+            << result.errors;
+    }
+}
+
 TEST(program, every_command_tells_what_it_takes) {
     const process_result list = run_process({RESOURCE_COMPILER, "--help"});
     std::istringstream lines(list.output);
