@@ -3,6 +3,7 @@
 #include "picture_files.h"
 #include "process.h"
 #include "scratch_folder.h"
+#include "stroke_font.h"
 
 #include <gtest/gtest.h>
 
@@ -13,6 +14,7 @@
 #include <iostream>
 #include <set>
 #include <sstream>
+#include <sys/stat.h>
 
 using namespace velarion;
 
@@ -77,6 +79,31 @@ TEST(sample_images, names_are_read_as_words) {
     EXPECT_EQ(tray.state, picture_state::OFF);
     // A word of state is the thing itself where there is nothing else.
     EXPECT_EQ(read_picture_name("ico_status_error.svg", book()).glyphs, std::vector<std::string>{"error"});
+}
+
+TEST(sample_images, words_qualify_a_picture) {
+    const picture_name tray = read_picture_name("ico_tray_1_2_A4_B5_l_up.svg", book());
+    EXPECT_EQ(tray.number + ' ' + tray.label + ' ' + tray.size, "1 A4 l");
+    EXPECT_TRUE(tray.top && !tray.bottom && !tray.left && !tray.right);
+    EXPECT_TRUE(read_picture_name("ico_tray_lower.svg", book()).bottom);
+    EXPECT_EQ(read_picture_name("ico_fax_sending.png", book()).motion, picture_motion::RING);
+    EXPECT_EQ(read_picture_name("ico_fax_sending.gif", book()).motion, picture_motion::OUTWARD);
+    EXPECT_EQ(number_of("12345", -1), 1234);
+    EXPECT_EQ(colors_of(read_picture_name("ico_toner_cyan.svg", book())).accent, "#2bb5d8");
+    EXPECT_EQ(colors_of(read_picture_name("ico_toner_cyan_off.svg", book())).accent, palette().dim);
+    EXPECT_EQ(colors_of(read_picture_name("d_ico_fax.svg", book())).accent, darker_palette().accent);
+    EXPECT_EQ(title_of(read_picture_name("d_ico_paper_a.svg", book())), "Paper a, darker");
+    const scratch_folder folder;
+    folder.write("glyphs.tsv", "words\tdrawing\na\tl M0 0h9\na_b_c\tl M0 0h8\nd\tl M\n");
+    std::ostringstream output;
+    diagnostics report(output);
+    const glyph_book other(folder.path("glyphs.tsv"), report);
+    EXPECT_EQ(read_picture_name("ico_a_b_c.svg", other).glyphs, std::vector<std::string>{"a_b_c"});
+    EXPECT_NE(output.str().find(":4: error: the shape \"l M\""), std::string::npos) << output.str();
+    EXPECT_EQ(stroke_text("LI", 0, 0, 6), "M-5 -3L-5 3L-1 3M2 -3L4 -3M3 -3L3 3M2 3L4 3");
+    const std::string button =
+        draw_document(read_picture_name("gra_component_button.svg", book()), book(), 0);
+    EXPECT_NE(button.find("non-scaling-stroke"), std::string::npos) << "stretched by the panel";
 }
 
 TEST(sample_images, what_is_not_the_same_looks_different) {
@@ -163,6 +190,102 @@ TEST(sample_images, the_builder_takes_drawn_pictures_first_and_removes_its_old_o
     EXPECT_EQ(files, (std::set<std::string>{"ERROR_IMAGE.png", "ERROR_MOVIE.gif", "ico_softkey_ok.svg",
                                             "ico_softkey_ok_off.svg", "ico_softkey_ok_on.svg", "own.png",
                                             "written_files.txt"}));
+}
+
+TEST(sample_images, files_are_what_their_names_ask_for) {
+    const scratch_folder folder;
+    const struct {
+        const char* file;
+        QSize size;
+    } bitmaps[] = {
+        {"ico_fax.png", {64, 64}},
+        {"ico_fax_s.png", {32, 32}},
+        {"ico_fax_l.png", {96, 96}},
+        {"ABC.png", {320, 240}},
+        {"ABCD.png", {64, 64}},
+        {"gra_component_progress_bar.png", {200, 16}},
+        {"gra_component_separator.png", {160, 2}},
+        {"gra_component_separator_vertical.png", {2, 160}},
+        {"gra_component_tab_x.png", {112, 40}},
+        {"gra_key_popup_A.png", {64, 80}},
+        {"d_ico_globalnavi_home_s.png", {32, 32}},
+    };
+    const std::pair<std::string, bool> documents[] = {
+        {"ico_softkey_a", true}, {"ico_common_a", true},  {"ico_function_a", true},
+        {"ico_copy_a", true},    {"ico_status_a", false}, {"ico_function_a_disable", false},
+    };
+    std::string rows =
+        "id\tname\tfile\n1\tA\tico_fax_waiting.gif\n2\tB\tico_softkey_b.png\n3\tC\tico_globalnavi_home.svg\n";
+    int id = 4;
+    for (const auto& bitmap : bitmaps) {
+        rows += std::to_string(id) + "\tN" + std::to_string(id) + '\t' + bitmap.file + '\n';
+        ++id;
+    }
+    for (const auto& document : documents) {
+        rows += std::to_string(id) + "\tN" + std::to_string(id) + '\t' + document.first + ".svg\n";
+        ++id;
+    }
+    folder.write("c/images.tsv", rows);
+    const auto draw = [&folder](const std::string& file, const std::string& color) {
+        folder.write("d/" + file,
+                     "<svg xmlns=\"http://www.w3.org/2000/svg\" viewBox=\"0 0 48 48\"><title>t</title>\n"
+                     "<rect width=\"48\" height=\"48\" fill=\"" +
+                         color + "\"/></svg>\n");
+    };
+    draw("ico_globalnavi_home.svg", "#123456");
+    draw("d_ico_globalnavi_home.svg", "#654321");
+    const process_result result =
+        run_process({IMAGES_BUILDER, "--catalogue", folder.path("c"), "--glyphs", GLYPH_TABLE, "--drawn",
+                     folder.path("d"), "--output", folder.path("o/new")});
+    ASSERT_EQ(result.exit_code, 0) << result.errors;
+    for (const auto& bitmap : bitmaps) {
+        EXPECT_EQ(QImage(toolkit_path(folder.path("o/new/") + bitmap.file)).size(), bitmap.size)
+            << bitmap.file;
+    }
+    for (const auto& [stem, has_states] : documents) {
+        EXPECT_EQ(std::filesystem::exists(folder.path("o/new/" + stem + "_on.svg")), has_states) << stem;
+        EXPECT_EQ(std::filesystem::exists(folder.path("o/new/" + stem + "_off.svg")), has_states) << stem;
+    }
+    EXPECT_FALSE(std::filesystem::exists(folder.path("o/new/ico_softkey_b_on.png")));
+    EXPECT_EQ(QImage(toolkit_path(folder.path("o/new/d_ico_globalnavi_home_s.png"))).pixel(9, 9), 0xFF654321);
+    const std::string selected = folder.read("o/new/ico_globalnavi_home_on.svg");
+    EXPECT_EQ(selected.find("#123456"), std::string::npos) << "ink on a plate";
+    EXPECT_TRUE(QSvgRenderer(QByteArray(selected.c_str())).isValid()) << selected;
+    QImageReader movie(toolkit_path(folder.path("o/new/ico_fax_waiting.gif")), "gif");
+    const QImage first = movie.read();
+    EXPECT_EQ(qAlpha(first.pixel(0, 0)), 255) << "on the panel's ground";
+    EXPECT_NE(movie.read().convertToFormat(first.format()), first);
+    EXPECT_EQ(movie.imageCount(), 8);
+}
+
+TEST(sample_images, what_cannot_be_built_is_told) {
+    const scratch_folder folder;
+    folder.write("c/images.tsv", "id\tname\tfile\n1\tA\ta.svg\n");
+    folder.write("bad/images.tsv", "id\tname\tfile\n1\tA\n");
+    folder.write("empty/a.svg", "");
+    std::filesystem::create_directory(folder.path("pipe"));
+    ASSERT_EQ(mkfifo(folder.path("pipe/a.svg").c_str(), 0600), 0);
+    const struct {
+        std::vector<std::string> words;
+        int exit_code;
+        std::string fault;
+    } rows[] = {
+        {{"--colour", "x"}, 2, "sample_images_builder: unknown option \"--colour\"; see --help\n"},
+        {{"--drawn"}, 2, "sample_images_builder: --drawn is missing or has no value; see --help\n"},
+        {{"--catalogue", folder.path("bad")}, 1, "images.tsv:2: error: has 2 fields instead of 3"},
+        {{"--drawn", folder.path("empty")}, 3, "empty/a.svg: cannot be read, or is empty\n"},
+        {{"--drawn", folder.path("pipe")}, 3, "pipe/a.svg: cannot be read, or is empty\n"},
+    };
+    for (const auto& row : rows) {
+        std::vector<std::string> command = {IMAGES_BUILDER,   "--glyphs",       GLYPH_TABLE,
+                                            "--output",       folder.path("o"), "--catalogue",
+                                            folder.path("c"), "--drawn",        folder.path("c")};
+        command.insert(command.end(), row.words.begin(), row.words.end());
+        const process_result result = run_process(command);
+        EXPECT_EQ(result.exit_code, row.exit_code) << row.fault;
+        EXPECT_NE(result.errors.find(row.fault), std::string::npos) << result.errors;
+        EXPECT_EQ(std::filesystem::exists(folder.path("o")), row.exit_code == 3) << row.fault;
+    }
 }
 
 TEST(sample_images, own_pictures_stand_before_all_others_and_stay) {
