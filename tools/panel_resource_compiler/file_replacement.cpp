@@ -80,6 +80,7 @@ public:
     pending_file(pending_file&& other) noexcept
         : target_(std::move(other.target_))
         , made_folders_(std::move(other.made_folders_))
+        , folder_fault_(std::move(other.folder_fault_))
         , is_pending_(other.is_pending_) {
         other.made_folders_.clear();
         other.is_pending_ = false;
@@ -98,6 +99,10 @@ public:
     const std::string& target() const { return target_; }
 
     bool write(const std::string& contents, std::string& fault) {
+        if (!folder_fault_.empty()) {
+            fault = folder_fault_;
+            return false;
+        }
         ::unlink(name().c_str()); // of a process that was ended
         const file_descriptor file(
             open(name().c_str(), O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC, NEW_FILE_MODE));
@@ -126,6 +131,8 @@ private:
             make_folder(folder.parent_path());
             if (::mkdir(folder.c_str(), NEW_FOLDER_MODE) == 0) {
                 made_folders_.push_back(folder.string());
+            } else if (errno != EEXIST && folder_fault_.empty()) {
+                folder_fault_ = describe_system_fault(folder.string()) + "; make the folder";
             }
         }
     }
@@ -134,6 +141,7 @@ private:
 
     std::string target_;
     std::vector<std::string> made_folders_; ///< from the outermost on
+    std::string folder_fault_;              ///< why one of them cannot be made
     bool is_pending_ = false;
 };
 

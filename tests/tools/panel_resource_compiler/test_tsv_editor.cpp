@@ -103,4 +103,12 @@ TEST(tsv_editor, files_are_replaced_together_or_not_at_all) {
     }
 }
 
+TEST(tsv_editor, a_folder_that_cannot_be_made_is_named) {
+    file_replacement files;
+    files.add("/proc/no_folder/deeper/a.tsv", "", "a\n", true);
+    std::string fault;
+    EXPECT_FALSE(files.commit(fault));
+    EXPECT_EQ(fault, "/proc/no_folder: No such file or directory; make the folder\nnothing was changed");
+}
+
 } // namespace velarion
