@@ -66,16 +66,14 @@ files siblings(const std::string& twin, const std::string& state, files more, in
 } // namespace
 
 TEST_F(images, what_is_found_of_a_folder) {
-    const std::string summary = "0 errors, 0 warnings, 1 remark\n";
     const struct {
         const char* name;
-        std::vector<std::string> listed;
         files pictures;
         const char* check;
-        const char* found;
+        const char* found = "";
+        std::vector<std::string> listed = {" "}; ///< one row each
     } rows[] = {
         {"every state and twin belongs to its row",
-         {"a.svg", " ", "_on.svg"},
          {{"a.svg", svg(1)},
           {"a_on.svg", svg(2)},
           {"a_selected.svg", svg(3)},
@@ -86,95 +84,86 @@ TEST_F(images, what_is_found_of_a_folder) {
           {"written_files.txt", "a.svg"},
           {"folder/b.svg", ""}},
          "",
-         ""},
+         "",
+         {"a.svg", " ", "_on.svg"}},
         {"a row may name a state or a twin",
-         {"a_on.svg", "d_b.svg"},
          {{"a_on.svg", svg(1)}, {"d_a_on.svg", svg(2)}, {"d_b.svg", svg(3)}, {"d_b_off.svg", svg(4)}},
          "no-row",
-         ""},
-        {"a twin alone serves a row", {"a.svg"}, {{"d_a.svg", svg(1)}}, "no-file", ""},
+         "",
+         {"a_on.svg", "d_b.svg"}},
+        {"a twin alone serves a row", {{"d_a.svg", svg(1)}}, "no-file", "", {"a.svg"}},
         {"files without rows",
-         {"a.svg"},
          {{"a.svg", svg(1)}, {"on.svg", svg(2)}, {"a_x.svg", svg(3)}},
          "no-row",
          "p/a_x.svg: warning: no row of the image list names it, nor the picture whose state or twin it is "
          "[no-row]\n"
          "p/on.svg: warning: no row of the image list names it, nor the picture whose state or twin it is "
-         "[no-row]\n"},
+         "[no-row]\n",
+         {"a.svg"}},
         {"rows without files",
-         {"b.svg", "A.svg"},
          {{"a.svg", svg(1)}},
          "no-file",
          "images.tsv:2:6: error: image 1 N1: \"b.svg\" is not in p [no-file]\n"
          "images.tsv:3:6: error: image 2 N2: \"A.svg\" is not in p; \"a.svg\" is, in other letters "
-         "[no-file]\n"},
-        {"a plain sibling may have no states", {}, siblings("", "_on", {}), "no-state", ""},
-        {"one with another state lacks this one",
-         {},
-         siblings("", "_on", {{"ico_key_5_off.svg", svg(9)}}),
+         "[no-file]\n",
+         {"b.svg", "A.svg"}},
+        {"a plain sibling may have no states", siblings("", "_on", {}), "no-state"},
+        {"one with another state lacks this one", siblings("", "_on", {{"ico_key_5_off.svg", svg(9)}}),
          "no-state",
          "p/ico_key_5.svg: warning: has no \"ico_key_5_on.svg\"; 4 of 5 pictures that begin alike have "
          "theirs [no-state]\n"},
-        {"three siblings tell nothing",
-         {},
-         siblings("", "_on", {{"ico_key_4_off.svg", svg(9)}}, 4),
-         "no-state",
-         ""},
+        {"three siblings tell nothing", siblings("", "_on", {{"ico_key_4_off.svg", svg(9)}}, 4), "no-state"},
         {"another extension is no sibling",
-         {},
          siblings("", "_on", {{"ico_key_9.png", png(1, 1)}, {"ico_key_9_off.png", png(1, 2)}}, 7),
-         "no-state",
-         ""},
+         "no-state"},
         {"a twin whose picture is gone",
-         {},
          {{"d_a_on.svg", svg(1)}, {"a.svg", svg(2)}},
          "no-state",
          "p/d_a_on.svg: warning: is the darker twin of \"a_on.svg\", which is not there [no-state]\n"},
-        {"states of twins",
-         {},
-         siblings("d_", "_off", siblings("d_", "", {{"d_ico_key_5.svg", svg(8)}})),
+        {"states of twins", siblings("d_", "_off", siblings("d_", "", {{"d_ico_key_5.svg", svg(8)}})),
          "no-twin",
          "p/d_ico_key_5.svg: warning: has no \"d_ico_key_5_off.svg\"; 4 of 5 pictures that begin alike have "
          "theirs [no-twin]\n"},
         {"titles and comments change nothing",
-         {},
          {{"a.svg", svg(1)}, {"b.svg", svg(1, "48 48", "<title>b</title><desc>x\ny</desc><!-- < -->")}},
          "same-picture",
          "p/b.svg: remark: is the same as \"a.svg\"; one row may name the other's file [same-picture]\n"},
         {"what is off and what is disabled may look alike",
-         {},
          {{"a_disable.svg", svg(1)}, {"a_off.svg", svg(1)}},
-         "same-state",
-         ""},
+         "same-state"},
         {"states look alike",
-         {},
          {{"a.png", png(2, 2)}, {"a_off.png", png(2, 2)}},
          "same-state",
          "p/a_off.png: warning: looks like \"a.png\" [same-state]\n"},
         {"one picture in two formats",
-         {},
          {{"a.gif", png(2, 2)}, {"a.png", png(2, 2)}},
          "same-picture",
          "p/a.png: remark: is the same as \"a.gif\"; one row may name the other's file [same-picture]\n"},
-        {"sizes within half a pixel",
-         {},
-         {{"a.svg", svg(1)}, {"a_on.svg", svg(2, "48.4 47.6")}},
-         "variant-size",
-         ""},
+        {"sizes within half a pixel", {{"a.svg", svg(1)}, {"a_on.svg", svg(2, "48.4 47.6")}}, "variant-size"},
         {"another height",
-         {},
          {{"a.png", png(9, 9)}, {"a_on.png", png(9, 8)}},
          "variant-size",
          "p/a_on.png: warning: is 9 x 8, \"a.png\" is 9 x 9 [variant-size]\n"},
         {"bitmaps are what their names say",
-         {},
          {{"a.gif", png(2, 2)}, {"b.PNG", png(3, 3)}, {"c.png", "GIF89a\xFF\xFF\xFF\xFF\x80"}, {"d.png", ""}},
          "bitmap",
          "p/a.gif: warning: is of the format png [bitmap]\n"
          "p/c.png: error: is larger than the panel draws [bitmap]\n"
          "p/d.png: error: cannot be read: Unsupported image format [bitmap]\n"},
+        {"general pictures",
+         {{"a.svg", svg(1)}, {"generic_pictures.txt", "a.svg\n"}},
+         "generic",
+         "images.tsv:2:6: warning: image 1 N1: \"a.svg\" is a general picture: no word of its name has a "
+         "pictogram [generic]\n",
+         {"a.svg"}},
+        {"what has no end is not drawn", // a path that takes half a minute
+         {{"a.svg",
+           svg(1, "48 48",
+               "<path d=\"M16 24 A 3 1e20 5 0 1 9 9\" stroke=\"#000\" stroke-dasharray=\"3 1.5\"/>")}},
+         "svg-load",
+         "p/a.svg: error: the panel refuses to draw it: it holds too much, too deep, or what has no end "
+         "[svg-load]\n"},
         {"what is not well-formed is told once",
-         {},
          {{"a.svg", "<svg viewBox='0 0 9 9'>\n<g><symbol/></svg>"}},
          "svg-load",
          "p/a.svg:2:19: error: is not well-formed: Opening and ending tag mismatch. [svg-load]\n"},
@@ -184,7 +173,7 @@ TEST_F(images, what_is_found_of_a_folder) {
         for (const auto& [name, contents] : row.pictures) {
             folder_.write("p/" + name, contents);
         }
-        list(row.listed.empty() ? std::vector<std::string>{" "} : row.listed);
+        list(row.listed);
         const std::string report = run({"--all"}).errors;
         std::string found;
         for (std::size_t at = 0, end = 0; (end = report.find('\n', at)) != std::string::npos; at = end + 1) {

@@ -1,11 +1,8 @@
-#include "process.h"
-#include "scratch_folder.h"
 #include "svg_faults.h"
 
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <filesystem>
 
 using namespace velarion;
 
@@ -14,13 +11,6 @@ namespace {
 const std::string SVG =
     "<svg xmlns=\"http://www.w3.org/2000/svg\" xmlns:xlink=\"http://www.w3.org/1999/xlink\" "
     "viewBox=\"0 0 48 48\">";
-
-process_result images(const scratch_folder& folder, const std::vector<std::string>& more = {}) {
-    std::vector<std::string> command = {RESOURCE_COMPILER, "images",     "--catalogue",
-                                        folder.path("c"),  "--pictures", folder.path("p")};
-    command.insert(command.end(), more.begin(), more.end());
-    return run_process(command);
-}
 
 /** What is drawn otherwise than elsewhere was measured with the toolkit and with librsvg. */
 struct svg_row {
@@ -152,73 +142,4 @@ TEST(pictures, documents_as_a_whole) {
     EXPECT_EQ(faults[0].text.size(), 303U);
     EXPECT_NE(faults[1].text.find(" (2 times)"), std::string::npos);
     EXPECT_TRUE(faults[200].is_fatal);
-}
-
-TEST(pictures, a_folder_is_compared_with_the_list) {
-    const scratch_folder folder;
-    folder.write(
-        "c/images.tsv",
-        "id\tname\tfile\n1\tA\tico_a.svg\n2\tB\tico_gone.svg\n3\tC\tico_only.svg\n4\tD\tico_E.png\n");
-    std::string stroke = "1";
-    for (const std::string name : {"ico_a.svg", "ico_a_on.svg", "d_ico_only.svg", "ico_stray_on.svg"}) {
-        folder.write("p/" + name,
-                     SVG + "<title>" + name + "</title><path d=\"M1 " + (stroke += '1') + "h5\"/></svg>");
-    }
-    folder.write("p/ico_a_off.svg", folder.read("p/ico_a.svg"));
-    folder.write("p/d_ico_a.svg", "<svg xmlns=\"http://www.w3.org/2000/svg\" viewBox=\"0 0 9 48\"/>");
-    folder.write("p/ico_e.png", "no picture");
-    folder.write("p/ico_dashes.svg", SVG + "<path d=\"M16 24 A 3 1e20 5 0 1 9 9\" stroke=\"#000\" "
-                                           "stroke-dasharray=\"3 1.5\"/></svg>"); // takes half a minute
-    const process_result result = images(folder);
-    EXPECT_EQ(result.exit_code, 1);
-    const std::string p = folder.path("p/");
-    for (const std::string& line :
-         {folder.path("c/images.tsv") + ":3:5: error: image 2 B: \"ico_gone.svg\" is not in ",
-          std::string("; \"ico_e.png\" is, in other letters [no-file]"),
-          p + "ico_stray_on.svg: warning: no row",
-          p + "ico_a_off.svg: warning: looks like \"ico_a.svg\" [same-state]",
-          p + "d_ico_a.svg: warning: is 9 x 48, \"ico_a.svg\" is 48 x 48 [variant-size]",
-          p + "ico_e.png: error: cannot be read",
-          p + "ico_dashes.svg: error: the panel refuses to draw it"}) {
-        EXPECT_NE(result.errors.find(line), std::string::npos) << line << '\n' << result.errors;
-    }
-    EXPECT_EQ(result.errors.find("ico_only"), result.errors.find("d_ico_only") + 2) << result.errors;
-}
-
-TEST(pictures, a_state_or_twin_that_siblings_have_is_missed) {
-    const scratch_folder folder;
-    std::string rows = "id\tname\tfile\n";
-    const auto draw = [&folder](const std::string& name) {
-        folder.write("p/" + name, SVG + "<path d=\"M1 " + std::to_string(name.size()) + "h5" +
-                                      (name.find("_o") != std::string::npos ? "v1" : "") +
-                                      name[name.size() - 5] + "\"/></svg>");
-    };
-    for (int i = 1; i <= 6; ++i) {
-        const std::string base = "ico_key_" + std::string(static_cast<std::size_t>(i), 'k');
-        rows += std::to_string(i) + "\tN" + std::to_string(i) + '\t' + base + ".svg\n";
-        draw(base + ".svg");
-        draw("d_" + base + ".svg");
-        draw(base + "_on.svg");
-    }
-    folder.write("c/images.tsv", rows);
-    EXPECT_EQ(images(folder).errors.find("[no-"), std::string::npos);
-    std::filesystem::remove(folder.path("p/ico_key_kk_on.svg"));
-    std::filesystem::remove(folder.path("p/d_ico_key_kkk.svg"));
-    const std::vector<std::string> failing = {"--fail-on", "no-state"};
-    process_result result = images(folder, failing);
-    EXPECT_EQ(result.exit_code, 1);
-    EXPECT_NE(result.errors.find("ico_key_kk.svg: warning: has no \"ico_key_kk_on.svg\"; 5 of 6"),
-              std::string::npos);
-    EXPECT_NE(result.errors.find("ico_key_kkk.svg: warning: has no \"d_ico_key_kkk.svg\"; 5 of 6"),
-              std::string::npos);
-    folder.write("c/ignore.tsv",
-                 "check\tsubject\tlanguage\treason\nno-state\tico_key_kk.svg\t*\thas one state\n");
-    result = images(folder, failing);
-    EXPECT_EQ(result.exit_code, 0) << result.errors;
-    EXPECT_EQ(images(folder, {"-Werror=no-twin"}).exit_code, 1);
-    EXPECT_EQ(images(folder, {"--fail-on", "no-such"}).exit_code, 2);
-    folder.write("p/generic_pictures.txt", "ico_key_k.svg\n");
-    EXPECT_NE(
-        images(folder).errors.find("images.tsv:2:6: warning: image 1 N1: \"ico_key_k.svg\" is a general"),
-        std::string::npos);
 }
