@@ -118,7 +118,6 @@ TEST_F(fit, a_text_fits_a_box_of_its_very_size) {
         screen("room",
                sized("box", none) + sized("room", plain) + R"("id":"1","font":{"px":20},"weight":1,)"),
         screen("room of one number", sized("box", {1, 3}) + "\"room\":[999]," + PLAIN)};
-    const std::string line_start = ": warning: message ";
     std::string expected = "texts/de.tsv:2:3: warning: message 1 on screen \"room of one number\": needs " +
                            std::to_string(plain.width) + " x " + std::to_string(plain.height) +
                            ", has 1 x 3 at 20 pixels, on one line, where language 1 is laid out [fit]\n";
