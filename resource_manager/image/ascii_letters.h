@@ -14,10 +14,10 @@ inline unsigned int code_of(QChar character) {
 }
 
 /**
- * Compares ASCII letters in any case. As in a toolkit text made lower case, no other character counts as one.
+ * Compares ASCII letters in any case, as the toolkit does with a text made lower case.
  *
  * @param at     at least as many characters
- * @param lower  lower-case letters alone
+ * @param lower  lower-case letters alone; not k, which the toolkit makes of another character too
  */
 template <typename CHARACTER> bool are_letters(const CHARACTER* at, const char* lower) {
     const unsigned int case_bit = 0x20; // what distinguishes the cases

@@ -1,10 +1,11 @@
 #include "dvc_pnl_rmg_image_cache.h"
 
+#include "saturated.h"
+
 #include <QPixmap>
 #include <QPixmapCache>
 
 #include <cstdint>
-#include <limits>
 
 namespace velarion {
 
@@ -13,16 +14,6 @@ namespace {
 constexpr int DEFAULT_LIMIT = 16777216;
 constexpr int BYTES_PER_KILOBYTE = 1024;
 constexpr int BITS_PER_BYTE = 8;
-
-int saturated(std::int64_t value) {
-    if (value > std::numeric_limits<int>::max()) {
-        return std::numeric_limits<int>::max();
-    }
-    if (value < std::numeric_limits<int>::min()) {
-        return std::numeric_limits<int>::min();
-    }
-    return static_cast<int>(value);
-}
 
 /** Exports what callers take from the header, for those that link to it. */
 [[gnu::used]] QPixmap* (dvc_pnl_rmg_image_cache::*const EXPORTED)(const QString&) const =

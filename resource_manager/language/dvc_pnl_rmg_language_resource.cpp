@@ -37,16 +37,17 @@ using FILE_POINTER = std::unique_ptr<FILE, int (*)(FILE*)>;
     return dvc_pnl_utl_from_8bit(!std::getenv(DVC_PNL_RMG_TEST_AID) ? "" : key);
 }
 
-// Neither is ever freed: a host may still ask while its own objects are destroyed.
 using MESSAGE_DIRECTORY = id_directory<DVC_PNL_RMG_IMPL_MESSAGE, &DVC_PNL_RMG_IMPL_MESSAGE::message_id>;
-[[gnu::cold]] const MESSAGE_DIRECTORY& make_message_directory() {
-    return *new MESSAGE_DIRECTORY(dvc_pnl_rmg_impl_message_table,
-                                  static_cast<std::size_t>(dvc_pnl_rmg_imple_message_table_size));
+[[gnu::cold]] MESSAGE_DIRECTORY make_message_directory() {
+    return MESSAGE_DIRECTORY(dvc_pnl_rmg_impl_message_table,
+                             static_cast<std::size_t>(dvc_pnl_rmg_imple_message_table_size));
 }
+
+/** The row of each message by its id; 0 for an id that none has. */
 using ROWS = std::vector<std::uint16_t>;
 static_assert(DVC_PNL_RMG_STANDARD_MESSAGE_ROWS - 1 <= std::numeric_limits<ROWS::value_type>::max(), "");
-[[gnu::cold]] const ROWS& make_rows() {
-    ROWS& rows = *new ROWS;
+[[gnu::cold]] ROWS make_rows() {
+    ROWS rows;
     for (int i = 0; i < dvc_pnl_rmg_imple_message_table_size; ++i) {
         const DVC_PNL_RMG_IMPL_MESSAGE& message = dvc_pnl_rmg_impl_message_table[i];
         if (message.message_id >= 0 && message.message_id <= LAST_ID_WITH_ROW) {
@@ -54,19 +55,21 @@ static_assert(DVC_PNL_RMG_STANDARD_MESSAGE_ROWS - 1 <= std::numeric_limits<ROWS:
             rows.back() = static_cast<ROWS::value_type>(message.message_table_index);
         }
     }
-    rows.shrink_to_fit();
     return rows;
 }
 
+// Neither the directory nor the rows are ever freed: a host may still ask while its own objects are
+// destroyed.
+
 /** @return the record, or null */
 const DVC_PNL_RMG_IMPL_MESSAGE* find_message(std::int32_t id) {
-    static const MESSAGE_DIRECTORY& directory = make_message_directory();
+    static const MESSAGE_DIRECTORY& directory = *new MESSAGE_DIRECTORY(make_message_directory());
     return directory.find(id);
 }
 
 /** @return the row of a message, in one step for nearly every id; 0 when it takes find_message() to tell */
 int row_of_message(std::int32_t id) {
-    static const ROWS& rows = make_rows();
+    static const ROWS& rows = *new ROWS(make_rows());
     const std::size_t place = static_cast<std::uint32_t>(id);
     return place < rows.size() ? rows[place] : 0;
 }
@@ -155,6 +158,9 @@ QString dvc_pnl_rmg_language_resource::dvc_pnl_rmg_get_message(const char* key, 
     const int row = row_of_message(id);
     const char* text =
         row != 0 ? standard_language_manager_->get_standard_message(row, language_id) : nullptr;
+    if (!text && row != 0) {
+        text = choose_text(row, language_id);
+    }
     return text ? QString::fromUtf8(text) : text_of_message(id, language_id, key);
 }
 

@@ -19,7 +19,8 @@ known_process* make_room() {
     if (page == MAP_FAILED) {
         return nullptr;
     }
-    if (::madvise(page, size, MADV_WIPEONFORK) != 0) {
+    const int no_advice = -1; // an emulator of processors may accept every advice and follow none
+    if (::madvise(page, size, no_advice) == 0 || ::madvise(page, size, MADV_WIPEONFORK) != 0) {
         ::munmap(page, size);
         return nullptr;
     }

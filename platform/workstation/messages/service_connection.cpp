@@ -20,6 +20,8 @@ constexpr std::int64_t LONGEST_EXCHANGE = 3000; // milliseconds
 constexpr std::int64_t LONGEST_START = 2500;    // the first check waits for a service so long
 constexpr int START_PAUSE = 10;                 // between its attempts to connect
 constexpr std::int64_t PROBE_PAUSE = 100;
+constexpr std::int64_t LOOK_LASTS =
+    1;                          // what a check has seen of a connection serves the request that follows it
 constexpr int MOST_LATE = 1024; // messages taken at once from a connection that should be idle
 
 /** What an earlier request or a probe may still bring. */
@@ -71,13 +73,13 @@ bool service_connection::is_ready() {
         use_ = IN_CHECK;
     }
     const turn mine(*this);
-    is_looked_through_ = false;
+    looked_through_ = NEVER;
     const std::int64_t now = monotonic_milliseconds();
     const bool is_first = !std::exchange(has_waited_, true);
     if (!wait_until_greeted(is_first ? now + LONGEST_START : now)) {
         return false;
     }
-    is_looked_through_ = true;
+    looked_through_ = now;
     if (is_silent_) {
         probe(now);
     }
@@ -147,7 +149,7 @@ void service_connection::close() {
     socket_.reset();
     is_greeted_ = false;
     is_silent_ = false;
-    is_looked_through_ = false;
+    looked_through_ = NEVER;
 }
 
 /** Only a service that is not there, or not ready yet, is worth waiting for. */
@@ -193,7 +195,8 @@ void service_connection::probe(std::int64_t now) {
 }
 
 platform_code service_connection::make_ready(std::int64_t deadline) {
-    if (is_greeted_ && !std::exchange(is_looked_through_, false)) {
+    const std::int64_t now = deadline - LONGEST_EXCHANGE; // of a request
+    if (is_greeted_ && now - std::exchange(looked_through_, NEVER) > LOOK_LASTS) {
         take_what_came();
     }
     if (socket_.get() < 0) {

@@ -7,6 +7,7 @@
 
 #include <condition_variable>
 #include <cstdint>
+#include <limits>
 #include <mutex>
 #include <string>
 #include <sys/types.h>
@@ -48,6 +49,7 @@ public:
 
 private:
     enum usage { FREE, IN_CHECK, IN_EXCHANGE };
+    static constexpr std::int64_t NEVER = std::numeric_limits<std::int64_t>::min() / 2;
 
     struct turn;
 
@@ -76,8 +78,8 @@ private:
     bool has_waited_ = false;
     file_descriptor socket_;
     bool is_greeted_ = false;
-    bool is_silent_ = false;         ///< left a request without an answer, and nothing has come since
-    bool is_looked_through_ = false; ///< by a check, since the last request
+    bool is_silent_ = false;              ///< left a request without an answer, and nothing has come since
+    std::int64_t looked_through_ = NEVER; ///< when a check took what had come; no request since
     std::int64_t next_probe_ = 0;
     std::uint32_t last_sequence_ = 0;
 };

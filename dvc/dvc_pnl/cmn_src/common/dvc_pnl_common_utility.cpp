@@ -2,8 +2,8 @@
 
 #include "dvc_pnl_utl_toolkit.h"
 #include "plain_number.h"
+#include "saturated.h"
 
-#include <algorithm>
 #include <cmath>
 #include <limits>
 
@@ -32,12 +32,6 @@ int saturated(double value) {
         return std::numeric_limits<int>::min();
     }
     return static_cast<int>(value);
-}
-
-int limited(std::int64_t number) {
-    const std::int64_t least = std::numeric_limits<int>::min();
-    const std::int64_t most = std::numeric_limits<int>::max();
-    return static_cast<int>(std::clamp(number, least, most));
 }
 
 /** @return the first "+", where there is none the first "-"; null without both */
@@ -152,7 +146,7 @@ std::string dvc_pnl_common_utility::pixeldip2pixel(const std::string& expression
         return FAILURE_TEXT;
     }
     const std::int64_t result = std::int64_t(left) + (*sign == '+' ? right : -std::int64_t(right));
-    return std::to_string(limited(result));
+    return std::to_string(saturated(result));
 }
 
 std::string dvc_pnl_common_utility::pixel2dip(int px) {

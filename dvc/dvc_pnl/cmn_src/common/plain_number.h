@@ -18,7 +18,11 @@ inline const char* read_plain_digits(const char* text, int& value) {
     const char* const first = is_negative ? text + 1 : text;
     const char* place = first;
     unsigned int number = 0; // of more digits: without meaning
-    for (unsigned int digit = 0; (digit = static_cast<unsigned char>(*place) - unsigned('0')) <= 9; ++place) {
+    for (;; ++place) {
+        const unsigned int digit = static_cast<unsigned char>(*place) - unsigned('0');
+        if (digit > 9) {
+            break;
+        }
         number = number * 10 + digit;
     }
     if (place == first || place - first > std::numeric_limits<int>::digits10) {
@@ -28,7 +32,7 @@ inline const char* read_plain_digits(const char* text, int& value) {
     return place;
 }
 
-/** What read_number() does with every other text: the toolkit reads it. */
+/** What read_number() does with every other text: the toolkit reads it. In dvc_pnl_common_utility.cpp. */
 bool read_number_by_toolkit(const char* text, int& value);
 
 /**

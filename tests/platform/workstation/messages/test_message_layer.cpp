@@ -68,6 +68,9 @@ public:
         thread_.join();
     }
 
+    /** Sends on the connection that it has. */
+    void say(const std::string& bytes) { EXPECT_TRUE(send(connection_, bytes)); }
+
 private:
     bool wait_for(int descriptor) {
         pollfd watched[2] = {{stop_.get(), POLLIN, 0}, {descriptor, POLLIN, 0}};
@@ -81,6 +84,7 @@ private:
             pid_t process = 0;
             bool goes_on = listener_.accept(socket, process) == PLATFORM_OK &&
                            send(socket.get(), message_of({}, IPC_GREETING, ""));
+            connection_ = socket.get();
             while (goes_on && wait_for(socket.get())) {
                 goes_on = answer_next(socket.get());
             }
@@ -110,6 +114,7 @@ private:
     const std::vector<answering> behaviours_;
     const answering afterwards_;
     std::size_t next_ = 0;
+    std::atomic<int> connection_{-1};
     file_descriptor stop_;
     message_listener listener_;
     std::thread thread_;
@@ -293,7 +298,11 @@ TEST_F(test_message_layer, every_check_looks_anew) {
     service.reset(); // between a check and its request
     service = std::make_unique<scripted_service>();
     EXPECT_TRUE(exchange().is_answered());
-    EXPECT_TRUE(exchange().is_answered());
+    ASSERT_TRUE(exchange().is_answered());
+    ASSERT_TRUE(is_ready());
+    service->say(message_of({}, IPC_NOTIFICATION, "")); // nothing that this connection should get
+    std::this_thread::sleep_for(std::chrono::milliseconds(20));
+    EXPECT_TRUE(exchange().is_answered()) << "the request comes later than right after the check";
 }
 
 TEST_F(test_message_layer, readiness_is_the_truth) {
