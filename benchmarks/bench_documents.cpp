@@ -17,14 +17,15 @@
 #include <expat.h>
 
 #include <charconv>
+#include <cmath>
 #include <cstdio>
 #include <cstdlib>
 #include <fstream>
-#include <iterator>
 #include <map>
 #include <sstream>
 #include <stdexcept>
 #include <string>
+#include <string_view>
 
 #pragma GCC diagnostic ignored "-Wdeprecated-declarations" // the floor is the SAX reader of both toolkits
 
@@ -74,7 +75,7 @@ struct expat_collector {
 
     static void end_element(void* data, const char* element) {
         auto& self = *static_cast<expat_collector*>(data);
-        const std::string name = element;
+        const std::string_view name = element;
         const std::size_t first = self.text.find_first_not_of(" \n\t");
         const std::string word =
             first == std::string::npos
@@ -128,8 +129,9 @@ std::size_t collect_bare(const std::string& path) {
 }
 
 std::size_t collect_with_expat(const std::string& path) {
-    std::ifstream file(path, std::ios::binary);
-    const std::string document{std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
+    std::ifstream file(path, std::ios::binary | std::ios::ate);
+    std::string document(static_cast<std::size_t>(file.tellg()), '\0');
+    file.seekg(0).read(&document[0], static_cast<std::streamsize>(document.size()));
     XML_Parser parser = XML_ParserCreate(nullptr);
     expat_collector collector;
     XML_SetUserData(parser, &collector);
@@ -154,11 +156,25 @@ void add_documents(const std::string& path, std::size_t entries) {
     add_collection("xml/expat", path, entries, collect_with_expat);
 }
 
-void add_dip2pixel(const char* name, int first) {
-    add_case(name, MANY, [first] {
+int rounded_by_table(int dp) {
+    return dvc_pnl_common_utility::dip2pixel(dp, dvc_pnl_common_utility::ROUNDING_ROUND);
+}
+
+/** The same computed by a call. */
+[[gnu::noinline]] int rounded(int dp) {
+    return static_cast<int>(std::round(dp * (9.0 / 7.0)));
+}
+
+template <typename FUNCTION> void add_dip2pixel(const char* name, FUNCTION dip2pixel) {
+    for (int dp = 0; dp < MANY; ++dp) {
+        if (dip2pixel(dp) != rounded_by_table(dp)) {
+            throw std::runtime_error(std::string(name) + " computes something else");
+        }
+    }
+    add_case(name, MANY, [dip2pixel] {
         int sum = 0;
-        for (int dp = first; dp < first + MANY; ++dp) {
-            sum += dvc_pnl_common_utility::dip2pixel(dp, dvc_pnl_common_utility::ROUNDING_ROUND) & 1;
+        for (int dp = 0; dp < MANY; ++dp) {
+            sum += dip2pixel(dp) & 1;
         }
         keep(static_cast<std::size_t>(sum));
     });
@@ -175,8 +191,8 @@ std::string computed(const std::string& text) {
 }
 
 void add_units() {
-    add_dip2pixel("dip2pixel/ours", 0);
-    add_dip2pixel("dip2pixel/floor", 100000); // beyond the table, where it is computed
+    add_dip2pixel("dip2pixel/ours", [](int dp) { return rounded_by_table(dp); });
+    add_dip2pixel("dip2pixel/floor", [](int dp) { return rounded(dp); });
     add_case("pixeldip2pixel/ours", MANY, [text = std::string("10dp+4")] {
         for (int i = 0; i < MANY; ++i) {
             keep(dvc_pnl_common_utility::pixeldip2pixel(text, dvc_pnl_common_utility::ROUNDING_FLOOR).size());

@@ -2,7 +2,6 @@
  * What an SVG picture costs at several sizes: drawn the first time, and from the cache, beside the toolkit
  * alone, its icons and librsvg. Cases are "svg_PX/who" and "svg_cached_PX/who". Runs in the sample device.
  *
- *
  * PICTURE_SIZES names the sizes, px, with blanks between.
  */
 #include "dvc_pnl_rmg_image_resource_manager.h"
@@ -12,6 +11,7 @@
 #include <QApplication>
 #include <QCache>
 #include <QIcon>
+#include <QPixmapCache>
 
 #include <cstdio>
 #include <memory>
@@ -24,9 +24,9 @@ using velarion::add_case;
 using velarion::dvc_pnl_rmg_image_resource_manager;
 using velarion::keep;
 
-constexpr char DRAWING_ID[] = "2"; // always drawn at a size asked for
+const QString DRAWING_ID = QString::fromLatin1("2"); // always drawn at a size asked for
 constexpr char DRAWING[] = "ico_globalnavi_quick.svg";
-constexpr char CACHED_ID[] = "87"; // kept in the cache at each size
+const QString CACHED_ID = QString::fromLatin1("87"); // kept in the cache at each size
 constexpr char CACHED[] = "gra_component_background_setting_i.svg";
 constexpr int MANY = 100;
 
@@ -39,10 +39,10 @@ QString path_of(const char* file_name) {
            QString::fromLatin1(file_name);
 }
 
-QPixmap request(const char* id, int edge) {
+QPixmap request(const QString& id, int edge) {
     QPixmap pixmap;
     auto& images = *dvc_pnl_rmg_image_resource_manager::dvc_pnl_rmg_get_instance();
-    if (images.dvc_pnl_rmg_get_image(QString::fromLatin1(id), &pixmap, edge, edge) != 0) {
+    if (images.dvc_pnl_rmg_get_image(id, &pixmap, edge, edge) != 0) {
         throw std::runtime_error("the sample pictures are missing; run it through scripts/device-shell");
     }
     return pixmap;
@@ -53,7 +53,7 @@ void add_drawings(int edge) {
     const QString path = path_of(DRAWING);
     add_case(work + "/ours", 1, [edge] { keep(request(DRAWING_ID, edge)); });
     add_case(work + "/floor", 1, [path, edge] { keep(velarion::draw(path, edge)); });
-    add_case(work + "/icon", 1, [path, edge] { keep(QIcon(path).pixmap(edge)); });
+    add_case(work + "/icon", 1, QPixmapCache::clear, [path, edge] { keep(QIcon(path).pixmap(edge)); });
     add_case(work + "/librsvg", 1, [path, edge] { keep(velarion::draw_with_librsvg(path, edge)); });
 }
 

@@ -33,6 +33,7 @@ constexpr int MANY = 1000;
 constexpr int PICTURES = 400; // about what the cache holds at 96 by 96
 constexpr int PICTURE_EDGE = 96;
 const QString DRAWING_ID = QString::fromLatin1("2");
+const QString SIZED_ID = QString::fromLatin1("87"); // kept in the cache at each size
 const QString BITMAP_ID = QString::fromLatin1("1375");
 constexpr char DRAWING[] = "ico_globalnavi_quick.svg";
 constexpr char BITMAP[] = "gra_help_1_1.png";
@@ -58,27 +59,37 @@ void add_drawings(dvc_pnl_rmg_image_resource_manager& images) {
     const QString path = path_of(DRAWING);
     add_case("svg_first/ours", 1, [&images] { request(images, DRAWING_ID, ICON_EDGE); });
     add_case("svg_first/floor", 1, [path] { keep(std::size_t(draw(path, ICON_EDGE).width())); });
-    add_case("svg_first/icon", 1, [path] { keep(std::size_t(QIcon(path).pixmap(ICON_EDGE).width())); });
+    add_case("svg_first/icon", 1, QPixmapCache::clear,
+             [path] { keep(std::size_t(QIcon(path).pixmap(ICON_EDGE).width())); });
     add_case("svg_first/librsvg", 1,
              [path] { keep(std::size_t(draw_with_librsvg(path, ICON_EDGE).width())); });
 }
 
-void add_cached(dvc_pnl_rmg_image_resource_manager& images) {
-    const QPixmap picture = draw(path_of(DRAWING), 0);
-    add_case("picture_cached/ours", MANY, [&images] {
+void add_hits(const std::string& work, dvc_pnl_rmg_image_resource_manager& images, const QString& id,
+              const QString& key, int edge) {
+    QPixmap picture;
+    images.dvc_pnl_rmg_get_image(id, &picture, edge, edge); // is in the cache from here on
+    add_case(work + "/ours", MANY, [&images, id, edge] {
         for (int i = 0; i < MANY; ++i) {
-            request(images, DRAWING_ID, 0);
+            request(images, id, edge);
         }
     });
-    const QString key = QString::fromLatin1(DRAWING);
     auto bare = std::make_shared<QCache<QString, QPixmap>>();
     bare->insert(key, new QPixmap(picture));
-    add_case("picture_cached/floor", MANY, [bare, key] {
+    add_case(work + "/floor", MANY, [bare, key] {
         for (int i = 0; i < MANY; ++i) {
             const QPixmap pixmap = *bare->object(key);
             keep(static_cast<std::size_t>(pixmap.width()));
         }
     });
+}
+
+void add_cached(dvc_pnl_rmg_image_resource_manager& images) {
+    const QPixmap picture = draw(path_of(DRAWING), 0);
+    const QString key = QString::fromLatin1(DRAWING);
+    add_hits("picture_cached", images, DRAWING_ID, key, 0);
+    add_hits("picture_cached_sized", images, SIZED_ID,
+             QString::fromLatin1("000048-000048-gra_component_background_setting_i.svg"), ICON_EDGE);
     QPixmapCache::insert(key, picture);
     add_case("picture_cached/pixmap_cache", MANY, [key, picture] {
         for (int i = 0; i < MANY; ++i) {
@@ -106,8 +117,6 @@ void add_bitmaps(dvc_pnl_rmg_image_resource_manager& images, const std::string& 
         picture.load(path);
         keep(static_cast<std::size_t>(scaled(picture, ICON_EDGE).width()));
     });
-    add_case(work + "/icon", 1, prepare,
-             [path] { keep(static_cast<std::size_t>(QIcon(path).pixmap(ICON_EDGE).width())); });
 }
 
 void add_preload(dvc_pnl_rmg_image_resource_manager& images) {

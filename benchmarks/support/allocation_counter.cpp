@@ -13,6 +13,8 @@ extern "C" {
 void* __libc_malloc(std::size_t size);                // NOLINT(bugprone-reserved-identifier,cert-dcl37-c)
 void* __libc_calloc(std::size_t n, std::size_t size); // NOLINT(bugprone-reserved-identifier,cert-dcl37-c)
 
+void* __libc_realloc(void* memory, std::size_t size); // NOLINT(bugprone-reserved-identifier,cert-dcl37-c)
+
 void* malloc(std::size_t size) {
     ++g_count;
     return __libc_malloc(size);
@@ -21,6 +23,11 @@ void* malloc(std::size_t size) {
 void* calloc(std::size_t n, std::size_t size) {
     ++g_count;
     return __libc_calloc(n, size);
+}
+
+void* realloc(void* memory, std::size_t size) {
+    ++g_count;
+    return __libc_realloc(memory, size);
 }
 }
 

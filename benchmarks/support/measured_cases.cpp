@@ -5,6 +5,9 @@
 #include <benchmark/benchmark.h>
 #include <valgrind/callgrind.h>
 
+#include <algorithm>
+#include <chrono>
+#include <cstddef>
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
@@ -44,6 +47,20 @@ void measure(benchmark::State& state, const measured_case& measured) {
     const std::size_t before = allocation_count();
     measured.run();
     state.counters["allocations"] = static_cast<double>(allocation_count() - before) / measured.items;
+}
+
+void measure_median(benchmark::State& state, const measured_case& measured) {
+    std::vector<double> nanoseconds;
+    for (auto iteration : state) {
+        static_cast<void>(iteration);
+        const auto start = std::chrono::steady_clock::now();
+        measured.run();
+        nanoseconds.push_back(
+            std::chrono::duration<double, std::nano>(std::chrono::steady_clock::now() - start).count());
+    }
+    const auto middle = nanoseconds.begin() + static_cast<std::ptrdiff_t>(nanoseconds.size() / 2);
+    std::nth_element(nanoseconds.begin(), middle, nanoseconds.end());
+    state.counters["items_per_second"] = 1e9 * measured.items / *middle;
 }
 
 int count(const char* name, int calls) {
@@ -93,9 +110,10 @@ int run_cases(int argc, char** argv, measured_time time) {
         return 1;
     }
     for (const measured_case& measured : all_cases()) {
+        const auto how = time == measured_time::OF_THREAD ? measure : measure_median;
         auto* const registered = benchmark::RegisterBenchmark(
-            measured.name.c_str(), [&measured](benchmark::State& state) { measure(state, measured); });
-        if (time == measured_time::PASSING) {
+            measured.name.c_str(), [&measured, how](benchmark::State& state) { how(state, measured); });
+        if (time == measured_time::PASSING_MEDIAN) {
             registered->UseRealTime();
         }
     }

@@ -22,8 +22,11 @@ void add_case(const std::string& name, int items, std::function<void()> run);
 /** The same, with what has to be so before each call and is not measured. */
 void add_case(const std::string& name, int items, std::function<void()> prepare, std::function<void()> run);
 
-/** What counts as the time of a case: that of this thread at work, or that which passes. */
-enum class measured_time { OF_THREAD, PASSING };
+/**
+ * What counts as the time of a case: that of this thread at work, or that which passes during a call, the
+ * median of the calls: another process that takes the processor away meets few of them.
+ */
+enum class measured_time { OF_THREAD, PASSING_MEDIAN };
 
 /**
  * Measures the cases as the options of Google Benchmark say, or with "--count NAME CALLS" does @p CALLS calls
