@@ -19,15 +19,16 @@ LINES = {
 }
 matplotlib.use("svg")
 pyplot.rcParams.update({
-    "xtick.minor.bottom": False, "svg.fonttype": "none", "svg.hashsalt": "panel", "font.family": "sans-serif", "font.sans-serif": ["DejaVu Sans", "Arial"],
-    "font.size": 10, "axes.edgecolor": QUIET, "axes.labelcolor": INK, "axes.titlesize": 11, "axes.titleweight": "bold",
-    "axes.titlecolor": INK, "axes.titlelocation": "left", "xtick.color": QUIET, "ytick.color": QUIET, "axes.spines.top": False,
-    "axes.spines.right": False, "axes.grid": True, "grid.color": GRID, "axes.axisbelow": True, "figure.facecolor": PAPER,
+    "xtick.minor.bottom": False, "svg.fonttype": "none", "svg.hashsalt": "panel", "font.family": "sans-serif",
+    "font.sans-serif": ["DejaVu Sans", "Arial"], "font.size": 10, "axes.edgecolor": QUIET, "axes.labelcolor": INK,
+    "axes.titlesize": 11, "axes.titleweight": "bold", "axes.titlecolor": INK, "axes.titlelocation": "left",
+    "xtick.color": QUIET, "ytick.color": QUIET, "axes.spines.top": False, "axes.spines.right": False, "axes.grid": True,
+    "grid.color": GRID, "axes.axisbelow": True, "figure.facecolor": PAPER,
 })
 
 
 def in_words(value, _=None):
-    return f"{value / 1e6:g} million" if value >= 1e6 else f"{value:,.0f}" if value >= 1e3 else f"{value:g}"
+    return f"{value:,.0f}" if value >= 1e3 else f"{value:g}"
 
 
 def spread(wanted, distance=13.0):
@@ -72,7 +73,7 @@ def panel(axes, title, size, unit, lines, ticks=None, is_log=True):
     if is_log:
         axes.set_yscale("log")
         axes.margins(y=0.12)
-        axes.yaxis.set_major_locator(LogLocator(subs=(1, 2, 5), numticks=12) if decades(lines) < 2 else LogLocator(numticks=12))
+        axes.yaxis.set_major_locator(LogLocator(subs=(1, 2, 5), numticks=12) if decades(lines) < 2.5 else LogLocator(numticks=12))
         axes.yaxis.set_minor_formatter(NullFormatter())
     else:
         axes.set_ylim(0, 1.1 * max(y for _, _, points in lines for _, y in points))
@@ -92,11 +93,11 @@ def panel(axes, title, size, unit, lines, ticks=None, is_log=True):
     return ends
 
 
-def figure_of(name, panels):
-    """Draws diagrams beside each other: of each the arguments of panel()."""
+def figure_of(name, panels, right=0.875, between=0.64):
+    """Draws diagrams beside each other: of each the arguments of panel(). The last one's names stand on the right."""
     figure, all_axes = pyplot.subplots(1, len(panels), figsize=(WIDTH, HEIGHT), squeeze=False)
     ends = [panel(axes, *arguments) for axes, arguments in zip(all_axes[0], panels)]
-    figure.subplots_adjust(left=0.1, right=0.875, top=0.87, bottom=0.16, wspace=0.62)
+    figure.subplots_adjust(left=0.1, right=right, top=0.87, bottom=0.16, wspace=between)
     figure.canvas.draw()
     for axes, ends_of_axes in zip(all_axes[0], ends):
         label_ends(axes, ends_of_axes)
@@ -139,29 +140,23 @@ def draw_pictures(figures):
 
 
 def draw_documents(figures):
-    def whole(who):
-        return scaled(figures, ("documents", "whole", who), 1e-6)
-
     def each(who):
-        return [(size, 1e3 * milliseconds / size) for size, milliseconds in whole(who)]
-    peers = (("ours", "ours", "ours"), ("bare SAX", "floor", "floor"), ("expat", "first peer", "expat"))
-    ticks = [10, 1000, 100000]
-    figure_of("documents", [("A document, read and collected", "entries in the document", "milliseconds",
-                             [(name, style, whole(who)) for name, style, who in peers], ticks),
-                            ("Each of its entries", "entries in the document", "microseconds",
-                             [(name, style, each(who)) for name, style, who in peers], ticks, False)])
+        return [(size, 1e-3 * nanoseconds / size) for size, nanoseconds in figures["documents", "whole", who]]
+    figure_of("documents", [("Each entry of a document, read and collected", "entries in the document", "microseconds",
+                             [("ours", "ours", each("ours")), ("bare SAX", "floor", each("floor")),
+                              ("expat", "first peer", each("expat"))], [10, 100, 1000, 10000, 100000, 1000000], False)])
 
 
 def draw_hosts(figures):
-    def of(what, who, factor=1.0):
+    def of(what, who, factor=1e-3):
         return scaled(figures, ("hosts", what, who), factor)
     ticks = [1, 2, 4, 8, 16, 32, 64]
     figure_of("hosts", [("Requests served", "hosts at once", "thousands a second",
-                         [("ours", "ours", of("rate", "ours", 1e-3)), ("bare socket", "floor", of("rate", "floor", 1e-3))],
-                         ticks, False),
+                         [("ours", "ours", of("rate", "ours")), ("bare socket", "floor", of("rate", "floor"))], ticks, False),
                         ("Time of a request", "hosts at once", "microseconds",
-                         [("ours", "ours", of("median", "ours", 1e-3)), ("bare socket", "floor", of("median", "floor", 1e-3)),
-                          ("slowest 1 %", "first peer", of("slowest", "ours", 1e-3))], ticks)])
+                         [("ours", "ours", of("median", "ours")), ("bare socket", "floor", of("median", "floor")),
+                          ("ours, 99 of 100", "first peer", of("slowest", "ours")),
+                          ("bare socket, 99 of 100", "second peer", of("slowest", "floor"))], ticks)], right=0.82, between=0.8)
 
 
 def draw(figures):

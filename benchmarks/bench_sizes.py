@@ -21,10 +21,6 @@ MOST_FOR_GENRB = 20000  # compares each key with all before it: a quarter of an 
 ROUNDS = 3
 
 
-def median(rounds):
-    return statistics.median(rounds.values())
-
-
 def write_catalogue(folder, source, messages):
     """A catalogue of so many messages with the sample's texts, which begin again where the rows of texts end."""
     (folder / "texts").mkdir(parents=True)
@@ -53,42 +49,54 @@ def make_peers(bench, folder, environment, messages):
         subprocess.run(command, check=True, stdout=subprocess.DEVNULL)
 
 
+def rounds_of(series):
+    for number in range(ROUNDS):
+        print(f"bench: {series}, round {number + 1} of {ROUNDS}", file=sys.stderr)
+        yield number
+
+
 def measure_catalogue(bench):
     making = TableMaking(bench.build)
-    for messages in MESSAGES:
-        with tempfile.TemporaryDirectory(dir=bench.build) as name:
-            folder = Path(name)
-            write_catalogue(folder / "catalogue", making.catalogue, messages)
-            costs = making.make_library(folder, folder / "catalogue")
-            environment = ["env", f"LD_LIBRARY_PATH={folder}"]
-            make_peers(bench, folder / "peers", environment, messages)
-            times, _ = bench.rates("bench_texts", "text_any", ROUNDS, environment, PEER_CATALOGUES=str(folder / "peers"))
-            loading = bench.loading(f"ours={folder}/{LIBRARY}.0", f"plain={folder}/{PLAIN_LIBRARY}")
-            yield from (("lookup", case.split("/")[1], messages, median(rounds)) for case, rounds in times.items())
-            yield from (("making", what, messages, seconds) for what, (seconds, _) in zip(("generated", "compiled"), costs))
-            yield from (("loading", who, messages, median(loading["loading/" + who])) for who in ("ours", "plain"))
+    with tempfile.TemporaryDirectory(dir=bench.build) as name:
+        for number in rounds_of("catalogue"):
+            for messages in MESSAGES:
+                folder = Path(name, str(messages))
+                environment = ["env", f"LD_LIBRARY_PATH={folder}"]
+                if number == 0:
+                    write_catalogue(folder / "catalogue", making.catalogue, messages)
+                costs = making.make_library(folder, folder / "catalogue")
+                if number == 0:
+                    make_peers(bench, folder / "peers", environment, messages)
+                measured = {**bench.round_of("bench_texts", "text_any", environment, PEER_CATALOGUES=str(folder / "peers")),
+                            **bench.loading(number, f"ours={folder}/{LIBRARY}.0", f"plain={folder}/{PLAIN_LIBRARY}")}
+                for case, figure in measured.items():
+                    work, who = case.split("/")
+                    if work in ("text_any", "loading"):
+                        yield "lookup" if work == "text_any" else work, who, messages, figure
+                yield from (("making", what, messages, seconds) for what, (seconds, _) in zip(("generated", "compiled"), costs))
 
 
 def measure_pictures(bench):
-    times, _ = bench.rates("bench_picture_sizes", ".", ROUNDS, PICTURE_SIZES=" ".join(map(str, EDGES)))
-    for case, rounds in times.items():
-        work, who = case.split("/")
-        what, edge = work.rsplit("_", 1)
-        yield what, who, int(edge), median(rounds)
+    for _ in rounds_of("pictures"):
+        for case, figure in bench.round_of("bench_picture_sizes", ".", PICTURE_SIZES=" ".join(map(str, EDGES))).items():
+            work, who = case.split("/")
+            if not work.endswith("_allocations"):
+                what, edge = work.rsplit("_", 1)
+                yield what, who, int(edge), figure
 
 
 def measure_documents(bench):
-    for entries in ENTRIES:
-        times, _ = bench.rates("bench_documents", "^xml/", ROUNDS, DOCUMENT_ENTRIES=str(entries))
-        yield from (("whole", case.split("/")[1], entries, median(rounds) * entries) for case, rounds in times.items())
+    for _ in rounds_of("documents"):
+        for entries in ENTRIES:
+            for case, figure in bench.round_of("bench_documents", "^xml/", DOCUMENT_ENTRIES=str(entries)).items():
+                if case.startswith("xml/"):
+                    yield "whole", case.split("/")[1], entries, figure * entries
 
 
 def measure_hosts(bench):
-    by_case = {}
+    print("bench: hosts", file=sys.stderr)
     for who, hosts, rate, middle, slow in bench.hosts(*HOSTS):
-        for what, figure in (("rate", rate), ("median", middle), ("slowest", slow)):
-            by_case.setdefault((what, who, int(hosts)), []).append(figure)
-    return ((*case, statistics.median(figures)) for case, figures in by_case.items())
+        yield from ((what, who, int(hosts), figure) for what, figure in (("rate", rate), ("median", middle), ("slowest", slow)))
 
 
 SERIES = {"catalogue": measure_catalogue, "pictures": measure_pictures, "documents": measure_documents, "hosts": measure_hosts}
@@ -119,10 +127,11 @@ def exponent(points, least):
 def run(bench, wanted):
     """Measures the series wanted, none for None, and draws all. Returns the exit code."""
     for series in wanted or ():
-        print(f"bench: {series}", file=sys.stderr)
-        measured = {}
+        rounds, measured = {}, {}
         for what, who, size, figure in SERIES[series](bench):
-            measured.setdefault((series, what, who), []).append((size, figure))
+            rounds.setdefault((what, who, size), []).append(figure)
+        for (what, who, size), figures in rounds.items():
+            measured.setdefault((series, what, who), []).append((size, statistics.median(figures)))
         write({**{key: points for key, points in read().items() if key[0] != series}, **measured})
     figures = read()
     for who in ("ours", "floor", "expat"):

@@ -2,20 +2,34 @@
 import json
 import os
 import re
+import statistics
 import subprocess
 import sys
 from pathlib import Path
 
 PROJECT = Path(__file__).resolve().parent.parent
-# What stands before a program's name.
+# What stands before a program's name. The bus and all that it starts share one processor.
 PROGRAMS = {
     "bench_texts": [],
     "bench_pictures": [],
     "bench_documents": [],
-    "bench_requests": ["dbus-run-session", "--"],
+    "bench_requests": ["taskset", "-c", str(min(os.sched_getaffinity(0))), "dbus-run-session", "--"],
     "bench_panel": [],
 }
+LOADS = 3  # of each library in a round
 MILLISECOND = 1e6  # ns
+REAL_TIME = "/real_time"  # Google Benchmark adds it to the names of cases that measure it
+
+
+def fail(message):
+    """Ends everything, for what is no regression and no wrong option."""
+    print(f"bench: {message}", file=sys.stderr)
+    sys.exit(3)
+
+
+def add_round(figures, number, measured):
+    for case, figure in measured.items():
+        figures.setdefault(case, {})[number] = figure
 
 
 class Bench:
@@ -39,45 +53,42 @@ class Bench:
         done = subprocess.run(command, env={**self.environment, **environment}, stdout=output, stderr=subprocess.PIPE,
                               text=True, check=False)
         if done.returncode != 0:
-            sys.exit(f"bench: {program} ended with {done.returncode}: {done.stderr.strip()}")
+            fail(f"{program} ended with {done.returncode}: {done.stderr.strip()}")
         return done.stdout
 
-    def rates(self, program, pattern, rounds=None, before=(), **environment):
-        """Nanoseconds of an operation, and how often it asks for memory, of a program's cases that match."""
-        print(f"bench: {program}", file=sys.stderr)
-        text = self.run(program, f"--benchmark_filter={pattern}", f"--benchmark_repetitions={rounds or self.rounds}",
-                        f"--benchmark_min_time={self.seconds}", "--benchmark_enable_random_interleaving=true",
-                        "--benchmark_format=json", before=[*PROGRAMS.get(program, []), *before], **environment)
-        return take(text)
+    def cases(self, program):
+        """The names of a program's cases."""
+        return self.run(program, "--benchmark_list_tests=true", before=PROGRAMS[program]).replace(REAL_TIME, "").split()
 
-    def loading(self, *libraries):
-        """Nanoseconds from dlopen() to the first text; libraries are "NAME=FILE"."""
-        return take(self.run("bench_loading", 3 * self.rounds, *libraries))[0]
+    def round_of(self, program, pattern, before=(), **environment):
+        """One figure of each case that matches, all in random order: ns, and for "WORK_allocations/who" how often an operation
+        asks for memory."""
+        return take(self.run(program, f"--benchmark_filter={pattern}", f"--benchmark_min_time={self.seconds}",
+                             "--benchmark_enable_random_interleaving=true", "--benchmark_format=json",
+                             before=[*PROGRAMS.get(program, []), *before], **environment))
+
+    def loading(self, number, *libraries):
+        """Nanoseconds from dlopen() to the first text; libraries are "NAME=FILE" and change their order with the round."""
+        return take(self.run("bench_loading", LOADS, *(reversed(libraries) if number % 2 else libraries)))
 
     def libraries(self):
         return (f"ours={self.library()}", f"plain={self.build}/lib/libpanel_view_support_plain.so")
 
     def sizes(self):
         """Bytes of both files."""
-        return {"file_size/" + word.split("=")[0]: {0: Path(word.split("=")[1]).stat().st_size} for word in self.libraries()}
+        return {"file_size/" + word.split("=")[0]: Path(word.split("=")[1]).stat().st_size for word in self.libraries()}
 
     def memory(self):
         """
         Kilobytes that all texts of a language take, by who gives them: for touching them alone, and with all that a
         process has for them that would not load the library.
         """
-        resident = {}
-        for _ in range(self.rounds):
-            for program in ("touch_texts", "touch_translator"):
-                for what in ("none", "all"):
-                    resident.setdefault((program, what), []).append(int(self.run(program, what).split()[0]))
-
-        def difference(more, less):
-            return {i: a - b for i, (a, b) in enumerate(zip(resident[more], resident[less]))}
-        translator = difference(("touch_translator", "all"), ("touch_translator", "none"))
-        return {"memory/ours": difference(("touch_texts", "all"), ("touch_texts", "none")), "memory/translator": translator,
-                "memory_whole/ours": difference(("touch_texts", "all"), ("touch_translator", "none")),
-                "memory_whole/translator": translator}
+        resident = {(program, what): int(self.run(program, what).split()[0])
+                    for program in ("touch_texts", "touch_translator") for what in ("none", "all")}
+        bare = resident["touch_translator", "none"]
+        translator = resident["touch_translator", "all"] - bare
+        return {"memory/ours": resident["touch_texts", "all"] - resident["touch_texts", "none"], "memory/translator": translator,
+                "memory_whole/ours": resident["touch_texts", "all"] - bare, "memory_whole/translator": translator}
 
     def starts(self):
         """
@@ -86,7 +97,7 @@ class Bench:
         """
         text = self.run(sys.executable, PROJECT / "benchmarks" / "start_times.py", self.rounds,
                         f"ours={self.build}/bin/panel_simulator --timing --service none",
-                        f"floor={self.build}/bin/bare_window", before=["env", "PYTHONDONTWRITEBYTECODE=1"])
+                        f"floor={self.build}/bin/bare_window")
         figures = {}
         for who, number, phase, milliseconds in (line.split("\t") for line in text.splitlines()):
             case = f"start {phase}/{who}" if phase else f"start/{who}"
@@ -109,13 +120,14 @@ class Bench:
 
 
 def take(text):
-    """Nanoseconds and allocations of a report of Google Benchmark, which a trace may stand before."""
-    times, allocations = {}, {}
+    """
+    The figures of a report of Google Benchmark, which a trace may stand before; of a case that ran several times, the median.
+    """
+    figures = {}
     start = text.find("{")
     for entry in json.loads(text[start:] if start >= 0 else '{"benchmarks": []}')["benchmarks"]:
-        if entry["run_type"] == "iteration":
-            name = entry["name"].replace("/real_time", "")
-            times.setdefault(name, {})[entry["repetition_index"]] = 1e9 / entry["items_per_second"]
-            if "allocations" in entry:
-                allocations[name] = entry["allocations"]
-    return times, allocations
+        name = entry["name"].replace(REAL_TIME, "")
+        figures.setdefault(name, []).append(1e9 / entry["items_per_second"])
+        if "allocations" in entry:
+            figures.setdefault(name.replace("/", "_allocations/"), []).append(entry["allocations"])
+    return {name: statistics.median(runs) for name, runs in figures.items()}

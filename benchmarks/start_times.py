@@ -17,16 +17,19 @@ PHASE = re.compile(r"(\S.*?)\s+([0-9.]+) ms$")
 def start(command):
     """Milliseconds until the first frame, and by phase."""
     begin = time.monotonic()
+    whole, phases = None, []
     with subprocess.Popen(command.split(), stdout=subprocess.PIPE, stderr=subprocess.DEVNULL, text=True) as process:
-        phases = []
-        for line in process.stdout:
-            name, milliseconds = PHASE.match(line).groups()
-            if name == "process to frame":
-                whole = (time.monotonic() - begin) * 1e3
-                process.terminate()
-                break
-            phases.append((name, float(milliseconds)))
-        process.stdout.read()
+        try:
+            for phase in filter(None, map(PHASE.match, process.stdout)):
+                name, milliseconds = phase.groups()
+                if name == "process to frame":
+                    whole = (time.monotonic() - begin) * 1e3
+                    break
+                phases.append((name, float(milliseconds)))
+        finally:
+            process.terminate()
+    if whole is None or not phases:
+        sys.exit(f"{command}: ended before its first frame")
     first = whole - sum(milliseconds for _, milliseconds in phases[1:])
     return whole, [(phases[0][0], first), *phases[1:]]
 

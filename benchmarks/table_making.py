@@ -2,9 +2,10 @@
 import os
 import re
 import subprocess
-import sys
 import tempfile
 from pathlib import Path
+
+from measurements import fail
 
 LIBRARY = "libpanel_view_support.so"
 PLAIN_LIBRARY = "libpanel_view_support_plain.so"
@@ -37,7 +38,7 @@ class TableMaking:
             _, status, usage = os.wait4(process.pid, 0)
             process.returncode = os.waitstatus_to_exitcode(status)
             if process.returncode != 0:
-                sys.exit(f"bench: {command}: ended with {process.returncode}")
+                fail(f"{command}: ended with {process.returncode}")
             seconds += usage.ru_utime + usage.ru_stime
             megabytes = max(megabytes, usage.ru_maxrss / MEGABYTE)
         return seconds, megabytes
