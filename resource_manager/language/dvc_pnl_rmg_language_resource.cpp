@@ -16,6 +16,7 @@
 
 #include <sys/stat.h>
 
+#include <algorithm>
 #include <cstdio>
 #include <cstdlib>
 #include <limits>
@@ -37,39 +38,40 @@ using FILE_POINTER = std::unique_ptr<FILE, int (*)(FILE*)>;
     return dvc_pnl_utl_from_8bit(!std::getenv(DVC_PNL_RMG_TEST_AID) ? "" : key);
 }
 
+// Neither directory nor rows are ever freed: a host may still ask while its own objects are destroyed.
 using MESSAGE_DIRECTORY = id_directory<DVC_PNL_RMG_IMPL_MESSAGE, &DVC_PNL_RMG_IMPL_MESSAGE::message_id>;
-[[gnu::cold]] MESSAGE_DIRECTORY make_message_directory() {
-    return MESSAGE_DIRECTORY(dvc_pnl_rmg_impl_message_table,
-                             static_cast<std::size_t>(dvc_pnl_rmg_imple_message_table_size));
+[[gnu::cold]] const MESSAGE_DIRECTORY& make_message_directory() {
+    return *new MESSAGE_DIRECTORY(dvc_pnl_rmg_impl_message_table,
+                                  static_cast<std::size_t>(dvc_pnl_rmg_imple_message_table_size));
 }
 
 /** The row of each message by its id; 0 for an id that none has. */
 using ROWS = std::vector<std::uint16_t>;
 static_assert(DVC_PNL_RMG_STANDARD_MESSAGE_ROWS - 1 <= std::numeric_limits<ROWS::value_type>::max(), "");
-[[gnu::cold]] ROWS make_rows() {
-    ROWS rows;
-    for (int i = 0; i < dvc_pnl_rmg_imple_message_table_size; ++i) {
+[[gnu::cold]] const ROWS& make_rows() {
+    auto rows = std::make_unique<ROWS>();
+    const int count = dvc_pnl_rmg_imple_message_table_size;
+    const std::int32_t last_id = count > 0 ? dvc_pnl_rmg_impl_message_table[count - 1].message_id : 0;
+    rows->reserve(static_cast<std::size_t>(std::clamp(last_id, 0, LAST_ID_WITH_ROW)) + 1);
+    for (int i = 0; i < count; ++i) {
         const DVC_PNL_RMG_IMPL_MESSAGE& message = dvc_pnl_rmg_impl_message_table[i];
         if (message.message_id >= 0 && message.message_id <= LAST_ID_WITH_ROW) {
-            rows.resize(static_cast<std::size_t>(message.message_id) + 1);
-            rows.back() = static_cast<ROWS::value_type>(message.message_table_index);
+            rows->resize(static_cast<std::size_t>(message.message_id) + 1);
+            rows->back() = static_cast<ROWS::value_type>(message.message_table_index);
         }
     }
-    return rows;
+    return *rows.release();
 }
-
-// Neither the directory nor the rows are ever freed: a host may still ask while its own objects are
-// destroyed.
 
 /** @return the record, or null */
 const DVC_PNL_RMG_IMPL_MESSAGE* find_message(std::int32_t id) {
-    static const MESSAGE_DIRECTORY& directory = *new MESSAGE_DIRECTORY(make_message_directory());
+    static const MESSAGE_DIRECTORY& directory = make_message_directory();
     return directory.find(id);
 }
 
 /** @return the row of a message, in one step for nearly every id; 0 when it takes find_message() to tell */
 int row_of_message(std::int32_t id) {
-    static const ROWS& rows = *new ROWS(make_rows());
+    static const ROWS& rows = make_rows();
     const std::size_t place = static_cast<std::uint32_t>(id);
     return place < rows.size() ? rows[place] : 0;
 }
@@ -152,30 +154,34 @@ void dvc_pnl_rmg_language_resource::initialize_language_information() {
 
 QString dvc_pnl_rmg_language_resource::dvc_pnl_rmg_get_message(const char* key, int language_id) {
     int id = 0;
+    const char* const rest = read_plain_digits(key, id);
+    if (rest && *rest == '\0') {
+        const int row = row_of_message(id);
+        const char* text =
+            row != 0 ? standard_language_manager_->get_standard_message(row, language_id) : nullptr;
+        if (text) {
+            return QString::fromUtf8(text);
+        }
+    }
+    return find_text(key, language_id);
+}
+
+QString dvc_pnl_rmg_language_resource::dvc_pnl_rmg_get_message(const char* key) {
+    return dvc_pnl_rmg_get_message(key, dvc_pnl_rmg_get_language_id());
+}
+
+/** The text of a message by every step: what most keys need not. */
+QString dvc_pnl_rmg_language_resource::find_text(const char* key, int language_id) {
+    int id = 0;
     if (!read_number(key, id)) {
         return text_of_file(key);
     }
-    const int row = row_of_message(id);
-    const char* text =
-        row != 0 ? standard_language_manager_->get_standard_message(row, language_id) : nullptr;
-    if (!text && row != 0) {
-        text = choose_text(row, language_id);
-    }
-    return text ? QString::fromUtf8(text) : text_of_message(id, language_id, key);
-}
-
-/** The text of a message, found by all the steps of the search. */
-QString dvc_pnl_rmg_language_resource::text_of_message(int id, int language_id, const char* key) {
     const DVC_PNL_RMG_IMPL_MESSAGE* message = find_message(id);
     if (!message) {
         return missing_message(key);
     }
     const char* text = choose_text(message->message_table_index, language_id);
     return text ? QString::fromUtf8(text) : dvc_pnl_utl_from_8bit(message->message_name);
-}
-
-QString dvc_pnl_rmg_language_resource::dvc_pnl_rmg_get_message(const char* key) {
-    return dvc_pnl_rmg_get_message(key, dvc_pnl_rmg_get_language_id());
 }
 
 /** The contents of the message data file that a key names. */

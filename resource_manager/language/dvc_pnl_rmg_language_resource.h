@@ -238,7 +238,7 @@ private:
 
     void initialize_language_information();
     [[gnu::cold]] QString text_of_file(const char* key);
-    QString text_of_message(int id, int language_id, const char* key);
+    QString find_text(const char* key, int language_id);
     const char* choose_text(int row, int language_id);
     bool get_text_in(int row, int language_id, const char*& text);
 
