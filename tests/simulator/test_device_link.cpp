@@ -1,10 +1,9 @@
 #include "device_link.h"
 #include "dvc_pnl_dec_communication.h"
 #include "service_process.h"
+#include "wait_until.h"
 
 #include <QCoreApplication>
-#include <QElapsedTimer>
-#include <QEventLoop>
 
 #include <csignal>
 #include <functional>
@@ -15,19 +14,6 @@
 namespace {
 
 using namespace velarion;
-
-constexpr int ENOUGH = 60000; // ms, on the slowest machine
-
-bool wait_until(const std::function<bool()>& is_so) {
-    QElapsedTimer time;
-    time.start();
-    bool is_done = is_so();
-    while (!is_done && time.elapsed() < ENOUGH) {
-        QCoreApplication::processEvents(QEventLoop::AllEvents | QEventLoop::WaitForMoreEvents, 2);
-        is_done = is_so();
-    }
-    return is_done;
-}
 
 /** @return what the service says of itself, which may be busy with other requests at first */
 int status_value(service_status_field field) {

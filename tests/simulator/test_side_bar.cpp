@@ -6,6 +6,7 @@
 #include "record_tab.h"
 #include "simulation.h"
 #include "units.h"
+#include "wait_until.h"
 
 #include <QApplication>
 #include <QClipboard>
@@ -26,17 +27,6 @@
 
 namespace velarion {
 namespace {
-
-constexpr int ENOUGH = 60000; // ms, on the slowest machine
-
-bool wait_until(const std::function<bool()>& is_so) {
-    QElapsedTimer time;
-    time.start();
-    while (!is_so() && time.elapsed() < ENOUGH) {
-        QCoreApplication::processEvents(QEventLoop::AllEvents | QEventLoop::WaitForMoreEvents, 20);
-    }
-    return is_so();
-}
 
 template <class WIDGET> WIDGET* labelled(const QWidget& area, const char* label) {
     for (WIDGET* widget : area.findChildren<WIDGET*>()) {

@@ -20,9 +20,10 @@ constexpr std::int64_t LONGEST_EXCHANGE = 3000; // milliseconds
 constexpr std::int64_t LONGEST_START = 2500;    // the first check waits for a service so long
 constexpr int START_PAUSE = 10;                 // between its attempts to connect
 constexpr std::int64_t PROBE_PAUSE = 100;
-constexpr std::int64_t LOOK_LASTS =
-    1;                          // what a check has seen of a connection serves the request that follows it
 constexpr int MOST_LATE = 1024; // messages taken at once from a connection that should be idle
+
+/** So long what a check has seen of a connection serves the request that follows it. */
+constexpr std::int64_t LOOK_LASTS = 1; // millisecond
 
 /** What an earlier request or a probe may still bring. */
 bool may_come_late(const ipc_header& header) {
